@@ -1,0 +1,37 @@
+# One place for what every target of the project is compiled with.
+add_library(zt_options INTERFACE)
+target_compile_options(zt_options INTERFACE -Wall -Wextra -Wshadow -Wnon-virtual-dtor
+                                            -Woverloaded-virtual -Wimplicit-fallthrough)
+target_compile_definitions(zt_options INTERFACE QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII)
+if(ZT_WERROR)
+  target_compile_options(zt_options INTERFACE -Werror)
+endif()
+if(ZT_SANITIZE)
+  set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=undefined
+                 -fno-omit-frame-pointer)
+  target_compile_options(zt_options INTERFACE ${sanitizers})
+  target_link_options(zt_options INTERFACE ${sanitizers})
+endif()
+if(ZT_FUZZ)
+  target_compile_options(zt_options INTERFACE -fsanitize=fuzzer-no-link,address)
+  target_link_options(zt_options INTERFACE -fsanitize=address)
+endif()
+
+# zt_library(NAME SOURCES ... LINK ...): a layer. Its folder is its public include path, so that a
+# unit can include only the layers that its target links.
+function(zt_library name)
+  cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+  target_link_libraries(${name} PUBLIC ${arg_LINK} PRIVATE zt_options)
+endfunction()
+
+# zt_test(NAME SOURCES ... LINK ...): a GoogleTest program, one ctest entry.
+function(zt_test name)
+  cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
+  add_executable(${name} ${arg_SOURCES})
+  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+  target_link_libraries(${name} PRIVATE ${arg_LINK} zt_options GTest::gtest)
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen" TIMEOUT 600)
+endfunction()

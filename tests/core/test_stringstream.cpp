@@ -1,0 +1,214 @@
+#include "uZtException.h"
+#include "uZtStringStream.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto Utf8 = TZtEncoding::teUtf8;
+constexpr auto Win = TZtEncoding::teWindows1252;
+constexpr auto Lf = TZtLineEnding::leLf;
+
+QByteArray Raw(const char *AHex) { return QByteArray::fromHex(AHex); }
+
+QByteArray AllBytes()
+{
+    QByteArray bytes;
+    for (int i = 0; i < 256; ++i)
+        bytes.append(char(i));
+    return bytes;
+}
+
+// What a text store makes of the text: a line for each ending, and one more for what is left.
+QStringList LinesOf(QString S)
+{
+    S.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
+    QStringList lines = S.split(u'\n');
+    if (lines.last().isEmpty())
+        lines.removeLast();
+    return lines;
+}
+
+QByteArray Encode(const QStringList &ALines, const TZtTextFormat &AFormat)
+{
+    TZtTextEncoder encoder(AFormat);
+    for (const QString &line : ALines)
+        encoder.AddLine(line);
+    return encoder.Finish();
+}
+
+struct TRow {
+    const char *Name;
+    QByteArray Bytes;
+    QString Text;
+    TZtTextFormat Format;
+};
+
+} // namespace
+
+TEST(StringStream, TellsTheFormatAndGivesTheSameBytesBack)
+{
+    using enum TZtEncoding;
+    using enum TZtLineEnding;
+    const QString smile = u"a\U0001F600\n"_s;
+    const QString lone = u"x\n"_s + QChar(0xD83D);
+    const QString nul = u"a\0b\n"_s;
+    // Format: encoding, mark, line ending, mixed, final line break, undecodable.
+    const TRow rows[] = {
+        {"empty", "", u""_s, {Utf8, false, Lf, false, false, false}},
+        {"no break", "ab", u"ab"_s, {Utf8, false, Lf, false, false, false}},
+        {"only breaks", "\n\n", u"\n\n"_s, {Utf8, false, Lf, false, true, false}},
+        {"crlf", "a\r\nb\r\n", u"a\r\nb\r\n"_s, {Utf8, false, leCrLf, false, true, false}},
+        {"cr", "a\rb", u"a\rb"_s, {Utf8, false, leCr, false, false, false}},
+        {"cr at the end", "a\r", u"a\r"_s, {Utf8, false, leCr, false, true, false}},
+        {"nul", QByteArray("a\0b\n", 4), nul, {Utf8, false, Lf, false, true, false}},
+        {"utf-8", "\xC3\xA9\n", u"é\n"_s, {Utf8, false, Lf, false, true, false}},
+        {"utf-8 mark", "\xEF\xBB\xBF\xC3\xA9", u"é"_s, {Utf8, true, Lf, false, false, false}},
+        {"mark twice",
+         "\xEF\xBB\xBF\xEF\xBB\xBF",
+         u"\uFEFF"_s,
+         {Utf8, true, Lf, false, false, false}},
+        {"utf-8 pair", "a\xF0\x9F\x98\x80\n", smile, {Utf8, false, Lf, false, true, false}},
+        {"latin", "\xE9\n", u"é\n"_s, {Win, false, Lf, false, true, false}},
+        {"euro", "\x80\x81", u"€\u0081"_s, {Win, false, Lf, false, false, false}},
+        {"utf-8 surrogate", "\xED\xA0\x80", u"í\u00A0€"_s, {Win, false, Lf, false, false, false}},
+        {"utf-8 mark, no utf-8",
+         "\xEF\xBB\xBF\xFF",
+         u"ï»¿ÿ"_s,
+         {Win, false, Lf, false, false, false}},
+        {"16le mark",
+         Raw("fffe61003dd800de0a00"),
+         smile,
+         {teUtf16LE, true, Lf, false, true, false}},
+        {"16be mark",
+         Raw("feff0061d83dde00000a"),
+         smile,
+         {teUtf16BE, true, Lf, false, true, false}},
+        {"16le mark, nul",
+         Raw("fffe00006100"),
+         u"\0a"_s,
+         {teUtf16LE, true, Lf, false, false, false}},
+        {"16le",
+         Raw("610062000d000a00"),
+         u"ab\r\n"_s,
+         {teUtf16LE, false, leCrLf, false, true, false}},
+        {"16be", Raw("0061006200e90063"), u"abéc"_s, {teUtf16BE, false, Lf, false, false, false}},
+        {"16le lone", Raw("fffe78000a003dd8"), lone, {teUtf16LE, true, Lf, false, false, false}},
+        {"16le odd", Raw("fffe610062"), u"a\uFFFD"_s, {teUtf16LE, true, Lf, false, false, true}},
+        {"32le mark",
+         Raw("fffe00006100000000f601000a000000"),
+         smile,
+         {teUtf32LE, true, Lf, false, true, false}},
+        {"32be",
+         Raw("000000610001f6000000000a"),
+         smile,
+         {teUtf32BE, false, Lf, false, true, false}},
+        {"32be mark", Raw("0000feff00000061"), u"a"_s, {teUtf32BE, true, Lf, false, false, false}},
+        {"32le beyond",
+         Raw("fffe00006100000000001100"),
+         u"a\uFFFD"_s,
+         {teUtf32LE, true, Lf, false, false, true}},
+        {"mixed", "a\nb\r\nc\r\n", u"a\nb\r\nc\r\n"_s, {Utf8, false, leCrLf, true, true, false}},
+        {"mixed, lf cr", "\n\r", u"\n\r"_s, {Utf8, false, Lf, true, true, false}},
+    };
+    for (const TRow &row : rows) {
+        SCOPED_TRACE(row.Name);
+        TZtStringStream stream;
+        stream.LoadFromBytes(row.Bytes);
+        EXPECT_TRUE(stream.GetFormat() == row.Format);
+        EXPECT_EQ(stream.GetWString(), row.Text);
+        EXPECT_EQ(stream.Bytes(), row.Bytes);
+        if (!row.Format.MixedLineEndings && !row.Format.Undecodable) {
+            EXPECT_EQ(Encode(LinesOf(row.Text), stream.GetFormat()), row.Bytes);
+        }
+    }
+}
+
+TEST(StringStream, EveryByteIsAWindows1252Character)
+{
+    TZtStringStream stream;
+    stream.LoadFromBytes(AllBytes());
+    ASSERT_EQ(stream.GetFormat().Encoding, Win);
+    TZtTextEncoder encoder({Win, false, Lf, false, false, false});
+    encoder.AddLine(stream.GetWString());
+    EXPECT_EQ(encoder.Finish(), AllBytes());
+    EXPECT_EQ(encoder.LostCount(), 0);
+}
+
+TEST(StringStream, LineEndingsAreCountedBeyondAChunk)
+{
+    QByteArray bytes;
+    for (int i = 0; i < 3000; ++i)
+        bytes.append(i % 3 == 2 ? "\n" : "\r\n");
+    TZtStringStream stream;
+    stream.LoadFromBytes(bytes);
+    EXPECT_TRUE(stream.GetFormat() ==
+                (TZtTextFormat{Utf8, false, TZtLineEnding::leCrLf, true, true, false}));
+    stream.LoadFromBytes(QByteArray("x\r\n").repeated(3000));
+    EXPECT_FALSE(stream.GetFormat().MixedLineEndings);
+}
+
+TEST(StringStream, AGivenCodePageIsNotGuessed)
+{
+    TZtStringStream stream;
+    stream.LoadFromBytes("\xC3\xA9", 1252);
+    EXPECT_EQ(stream.GetWString(), u"Ã©"_s);
+    stream.LoadFromBytes("a\xFF", 65001);
+    EXPECT_EQ(stream.GetWString(), u"a\uFFFD"_s);
+    EXPECT_TRUE(stream.GetFormat().Undecodable);
+    EXPECT_THROW(stream.LoadFromBytes("b", 7), EStreamError);
+    EXPECT_EQ(stream.Bytes(), "a\xFF");
+    EXPECT_THROW(TZtStringStream(1252), EStreamError);
+}
+
+TEST(StringStream, CharactersThatAnEncodingLacksAreListed)
+{
+    const struct {
+        TZtEncoding Encoding;
+        QString Line;
+        int Column;
+        char32_t Char;
+        QByteArray Bytes;
+    } rows[] = {
+        {Win, u"a\u0142b"_s, 1, U'\u0142', "x\na?b\n"},
+        {Win, u"€\U0001F600"_s, 1, U'\U0001F600', "x\n\x80?\n"},
+        {Win, u"\u0080"_s, 0, U'\u0080', "x\n?\n"},
+        {Utf8, u"\U0001F600"_s + QChar(0xDE00), 2, 0xDE00, "x\n\xF0\x9F\x98\x80\xEF\xBF\xBD\n"},
+    };
+    for (const auto &row : rows) {
+        TZtTextEncoder encoder({row.Encoding, false, Lf, false, true, false});
+        encoder.AddLine(u"x");
+        encoder.AddLine(row.Line);
+        EXPECT_EQ(encoder.Finish(), row.Bytes);
+        ASSERT_EQ(encoder.LostCount(), 1);
+        EXPECT_EQ(encoder.Lost()[0].Line, 1);
+        EXPECT_EQ(encoder.Lost()[0].Column, row.Column);
+        EXPECT_EQ(encoder.Lost()[0].Char, row.Char);
+    }
+}
+
+TEST(StringStream, AFileThatCannotBeReadIsNamedWithTheReason)
+{
+    const QTemporaryDir folder;
+    const struct {
+        QString Name;
+        QString Reason;
+    } rows[] = {{folder.filePath(u"none.pas"_s), u"No such file or directory"_s},
+                {folder.path(), u"it is a directory"_s},
+                {u"/dev/null"_s, u"it is not a regular file"_s}};
+    TZtStringStream stream;
+    stream.LoadFromBytes("kept");
+    for (const auto &row : rows) {
+        try {
+            stream.LoadFromFile(row.Name);
+            ADD_FAILURE() << row.Name.toStdString();
+        } catch (const EStreamError &error) {
+            EXPECT_EQ(error.Message(), u"Cannot read \"%1\": %2."_s.arg(row.Name, row.Reason));
+        }
+    }
+    EXPECT_EQ(stream.GetWString(), u"kept"_s);
+}

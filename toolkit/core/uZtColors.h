@@ -1,0 +1,9 @@
+#pragma once
+
+#include "uZtTypes.h"
+
+#include <QStringView>
+
+/// Finds the colour of an identifier such as `clYellow` or `clBtnFace`, in any letter case.
+/// Answers false, and leaves `AColor` as it is, for a text that is no known identifier.
+bool ZtIdentToColor(QStringView AIdent, TColor &AColor);

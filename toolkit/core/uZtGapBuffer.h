@@ -1,0 +1,79 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <cstdlib>
+#include <cstring>
+#include <new>
+#include <type_traits>
+#include <utility>
+
+/// A sequence whose free space lies where it was changed last: reading is constant-time, and so is
+/// inserting or removing next to the last change. Indexes are 0-based and not checked.
+template <typename T> class TZtGapBuffer {
+    static_assert(std::is_trivially_copyable_v<T>);
+
+public:
+    TZtGapBuffer() = default;
+    TZtGapBuffer(const TZtGapBuffer &) = delete;
+    TZtGapBuffer &operator=(const TZtGapBuffer &) = delete;
+    ~TZtGapBuffer() { std::free(FItems); }
+
+    qsizetype size() const { return FCapacity - (FGapEnd - FGapStart); }
+    T &operator[](qsizetype i) { return FItems[i < FGapStart ? i : i + FGapEnd - FGapStart]; }
+    const T &operator[](qsizetype i) const { return const_cast<TZtGapBuffer &>(*this)[i]; }
+
+    void insert(qsizetype i, const T &item)
+    {
+        if (FGapStart == FGapEnd)
+            Grow(FCapacity + FCapacity / 4 + 64);
+        MoveGap(i);
+        FItems[FGapStart++] = item;
+    }
+    void append(const T &item) { insert(size(), item); }
+    void remove(qsizetype i)
+    {
+        MoveGap(i);
+        ++FGapEnd;
+    }
+    void clear()
+    {
+        std::free(FItems);
+        FItems = nullptr;
+        FCapacity = FGapStart = FGapEnd = 0;
+    }
+    void swap(TZtGapBuffer &other)
+    {
+        std::swap(FItems, other.FItems);
+        std::swap(FCapacity, other.FCapacity);
+        std::swap(FGapStart, other.FGapStart);
+        std::swap(FGapEnd, other.FGapEnd);
+    }
+
+private:
+    void MoveGap(qsizetype i)
+    {
+        if (i < FGapStart)
+            std::memmove(FItems + FGapEnd - (FGapStart - i), FItems + i,
+                         size_t(FGapStart - i) * sizeof(T));
+        else if (i > FGapStart)
+            std::memmove(FItems + FGapStart, FItems + FGapEnd, size_t(i - FGapStart) * sizeof(T));
+        FGapEnd += i - FGapStart;
+        FGapStart = i;
+    }
+    void Grow(qsizetype capacity)
+    {
+        // The gap is empty here, so that it may be put at the end, where growing is cheapest.
+        auto *items = static_cast<T *>(std::realloc(FItems, size_t(capacity) * sizeof(T)));
+        if (!items)
+            throw std::bad_alloc();
+        FItems = items;
+        FGapStart = FCapacity;
+        FGapEnd = FCapacity = capacity;
+    }
+
+    T *FItems = nullptr;
+    qsizetype FCapacity = 0;
+    qsizetype FGapStart = 0;
+    qsizetype FGapEnd = 0;
+};

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <array>
+#include <initializer_list>
+
+/// A run of consecutive ordinals, both ends included; a single value is a run of one.
+template <typename T> struct TZtRange {
+    constexpr TZtRange(T value) : First(value), Last(value) {}
+    constexpr TZtRange(T first, T last) : First(first), Last(last) {}
+    T First;
+    T Last;
+};
+
+/// A constant-size set over the ordinals 0 to 255 of an enumeration or of 16-bit characters. A
+/// value above 255 is in no set.
+template <typename T> class TZtSet {
+public:
+    constexpr TZtSet() = default;
+    constexpr TZtSet(std::initializer_list<TZtRange<T>> ranges)
+    {
+        for (const TZtRange<T> &range : ranges)
+            for (quint32 i = quint32(range.First); i <= quint32(range.Last) && i < 256; ++i)
+                FBits[i / 64] |= quint64(1) << (i % 64);
+    }
+
+    constexpr bool contains(T value) const
+    {
+        const auto i = quint32(value);
+        return i < 256 && ((FBits[i / 64] >> (i % 64)) & 1) != 0;
+    }
+    constexpr bool operator==(const TZtSet &) const = default;
+
+private:
+    std::array<quint64, 4> FBits{};
+};
+
+using TZtCharSet = TZtSet<char16_t>;
