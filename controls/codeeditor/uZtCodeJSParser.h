@@ -1,0 +1,126 @@
+#pragma once
+
+#include "uZtScriptLexer.h"
+
+// In a namespace of its own for the sake of Qt's reflection, which gives the names of the kinds.
+namespace ZtJS {
+Q_NAMESPACE
+
+/// The token kinds of JavaScript. Braces are `vtBegin` and `vtEnd`. `vtExit`, `vtThen`, `vtUntil`,
+/// `vtUnitil`, `vtRem`, `vtColon` and `vtHexNumber` are never produced; `vtInvalid` is none that a
+/// caller gets to see.
+enum class TJSToken : quint8 {
+    vtLineBreak,
+    vtUnknown,
+    vtInvalid,
+    vtEndOfFile,
+    vtIdentifier,
+    vtFunction,
+    vtSub,
+    vtEnd,
+    vtBegin,
+    vtClass,
+    vtPublic,
+    vtPrivate,
+    vtConst,
+    vtDim,
+    vtDo,
+    vtWhile,
+    vtUnitil,
+    vtLoop,
+    vtExit,
+    vtErase,
+    vtExecute,
+    vtExecuteGlobal,
+    vtEach,
+    vtIn,
+    vtFor,
+    vtTo,
+    vtNext,
+    vtDefault,
+    vtByVal,
+    vtByRef,
+    vtIf,
+    vtThen,
+    vtElse,
+    vtElseIf,
+    vtOn,
+    vtError,
+    vtResume,
+    vtGoto,
+    vtOption,
+    vtExplicit,
+    vtProperty,
+    vtGet,
+    vtSet,
+    vtLet,
+    vtRandomize,
+    vtReDim,
+    vtPreserve,
+    vtRem,
+    vtSelect,
+    vtCase,
+    vtWend,
+    vtWith,
+    vtUntil,
+    vtConcat,
+    vtString,
+    vtHexNumber,
+    vtNumber,
+    vtFloat,
+    vtComment,
+    vtComma,
+    vtSemicolon,
+    vtColon,
+    vtPeriod,
+    vtRange,
+    vtEquals,
+    vtNotEquals,
+    vtLess,
+    vtLessEqual,
+    vtGreater,
+    vtGreaterEqual,
+    vtOpenParen,
+    vtCloseParen,
+    vtOpenBracket,
+    vtCloseBracket,
+    vtPlus,
+    vtMinus,
+    vtMultiply,
+    vtDivide,
+    vtDivideInt
+};
+Q_ENUM_NS(TJSToken)
+} // namespace ZtJS
+
+using ZtJS::TJSToken;
+using TJSTokens = TZtSet<TJSToken>;
+using TZtJSInfo = TZtScriptInfo<TJSToken>;
+
+/// Lexer for JavaScript. A "/*" comment that is open at a line end goes on in the next line through
+/// `RemarkEnd` and `LineKind`, when `EndLines` is on.
+class TZtCodeJSParser : public TZtScriptLexer<TJSToken> {
+    Q_OBJECT
+
+public:
+    explicit TZtCodeJSParser(QObject *AOwner = nullptr);
+
+    /// The attributes of all JavaScript lexers. Row 0 draws what no other row claims.
+    static TZtJSInfo DrawInfo[RowCount];
+
+    /// "JavaScript".
+    QString GetLanguage() const override;
+
+    /// The text up to and including `EndStr`. With `EndLines` on, the text before a line break,
+    /// which stays to be read; then `RemarkEnd` and `LineKind` (1 for a "/*" comment) say that the
+    /// remark is open, unless the line break itself is its end. `TokenKind` is left as it is.
+    QString ReadRemark(const QString &EndStr, TJSToken &TokenKind) override;
+
+protected:
+    bool ContinueRemark(QString &AToken, TJSToken &AKind) override;
+
+private:
+    static const TLanguage &Language();
+    TJSToken RemarkToken(QString &AToken);
+    TJSToken SlashToken(TZtTokenText &AText);
+};

@@ -1,0 +1,82 @@
+#include "uZtCodeVBParser.h"
+
+#include "uZtClassRegistry.h"
+
+using enum TVBToken;
+using TRange = TZtRange<TVBToken>;
+
+[[maybe_unused]] static const bool Registered = ZtRegisterClass<TZtCodeVBParser>();
+
+// Numbers and operators are both named "Symbol". The last row lists strings and comments too, which
+// the rows before it catch.
+TZtVBInfo TZtCodeVBParser::DrawInfo[RowCount] = {
+    {QStringLiteral("WhiteSpace"), clWindowText, clWindow, {}, {}},
+    {QStringLiteral("Reserved word"),
+     clBlue,
+     clWindow,
+     {TRange(vtFunction, vtUntil)},
+     TFontStyle::fsBold},
+    {QStringLiteral("string"), clWindowText, clYellow, {vtString}, {}},
+    {QStringLiteral("Comment"), clGreen, clWindow, {vtComment}, {}},
+    {QStringLiteral("Identifier"), clWindowText, clWindow, {vtIdentifier}, {}},
+    {QStringLiteral("Symbol"), clRed, clWindow, {vtHexNumber, vtNumber, vtFloat}, {}},
+    {QStringLiteral("Symbol"),
+     clBlue,
+     clWindow,
+     {vtConcat, vtString, TRange(vtComment, vtDivideInt)},
+     {}},
+};
+
+const TZtCodeVBParser::TLanguage &TZtCodeVBParser::Language()
+{
+    static constexpr TLanguage Result = [] {
+        TCharacters Characters = CommonCharacters();
+        Characters[u'\''].Reader = static_cast<TReader>(&TZtCodeVBParser::LineRemarkToken);
+        Characters[u'('].Reader = static_cast<TReader>(&TZtCodeVBParser::OpenParenToken);
+        return MakeLanguage(typeid(TZtCodeVBParser), Characters,
+                            {{u"EXIT", vtExit}, {u"THEN", vtThen}, {u"UNTIL", vtUntil}});
+    }();
+    return Result;
+}
+
+TZtCodeVBParser::TZtCodeVBParser(QObject *AOwner) : TZtScriptLexer(AOwner, Language(), DrawInfo) {}
+
+QString TZtCodeVBParser::GetLanguage() const { return QStringLiteral("Visual Basic"); }
+
+QString TZtCodeVBParser::ReadRemark(const QString &EndStr, TVBToken &)
+{
+    const char16_t First = EndChar(EndStr, 0);
+    const char16_t Second = EndChar(EndStr, 1);
+    TZtTokenText Result;
+    for (char16_t C = ReadChar(); C != u'\0'; C = ReadChar()) {
+        // A first end character without its second is text; the character that stands in the
+        // second one's place is not.
+        if (C == First && (Second == u'\0' || ReadChar() == Second))
+            break;
+        Result.append(C);
+    }
+    PushChar(First);
+    return ToText(Result);
+}
+
+TVBToken TZtCodeVBParser::LineRemarkToken(TZtTokenText &AText)
+{
+    TVBToken Kind = vtComment;
+    AppendText(AText, ReadRemark(QStringLiteral("\r"), Kind));
+    return Kind;
+}
+
+// A "(*" remark makes no token: the scanner reads on at the star that ReadRemark gives back, so the
+// remark shows as a vtMultiply.
+TVBToken TZtCodeVBParser::OpenParenToken(TZtTokenText &AText)
+{
+    const char16_t C = ReadChar();
+    if (C != u'*') {
+        PushChar(C);
+        return vtOpenParen;
+    }
+    TVBToken Kind = vtInvalid;
+    AText.clear();
+    AppendText(AText, ReadRemark(QStringLiteral("*)"), Kind));
+    return Kind;
+}
