@@ -1,0 +1,251 @@
+// The editor's speed as a user meets it: paints, keystrokes, loading and pasting, on texts from a
+// page to a hundred megabytes. Each benchmark gives the median of its rounds as `median_ms`, the
+// time from the event until the picture stands.
+
+#include "uZtCodeEdit.h"
+#include "uZtCodePascalParser.h"
+#include "uZtPlatform.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QKeyEvent>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <chrono>
+#include <fstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr qsizetype Megabyte = 1'000'000;
+
+// The Pascal examples, one after the other, until `ASize` bytes are reached.
+QByteArray PascalText(qsizetype ASize)
+{
+    QByteArray once;
+    const QDir folder(QStringLiteral(ZT_SOURCE_DIR "/examples/pascal"));
+    for (const QString &name : folder.entryList({QStringLiteral("*.pas")})) {
+        QFile file(folder.filePath(name));
+        if (file.open(QIODevice::ReadOnly))
+            once += file.readAll();
+    }
+    return once.repeated(ASize / once.size() + 1).first(ASize);
+}
+
+// Short lines of one hundred megabytes: 2.5 million of 40 bytes.
+QByteArray ShortLines(qsizetype ASize)
+{
+    const QByteArray line("  total := total + price[i] * count[i];\n");
+    return line.repeated(ASize / line.size());
+}
+
+void Settle()
+{
+    for (int i = 0; i < 3; ++i)
+        QApplication::processEvents();
+}
+
+struct TBench {
+    TZtCodeEdit Edit;
+    TZtCodePascalParser Parser;
+
+    TBench()
+    {
+        Edit.SetParser(&Parser);
+        Edit.resize(1280, 800);
+        Edit.show();
+        Edit.activateWindow();
+        Edit.setFocus();
+        Settle();
+    }
+    explicit TBench(const QByteArray &AText) : TBench()
+    {
+        Edit.GetLines()->SetUtf8Text(AText);
+        Settle();
+    }
+    ~TBench() { Edit.SetParser(nullptr); }
+
+    void Key(int AKey, const QString &AText = {})
+    {
+        QKeyEvent event(QEvent::KeyPress, AKey, Qt::NoModifier, AText);
+        QApplication::sendEvent(&Edit, &event);
+        Settle();
+    }
+};
+
+// Runs the rounds of a benchmark and reports their median.
+template <typename TRound, typename TPrepare>
+void Measure(benchmark::State &AState, TRound ARound, TPrepare APrepare)
+{
+    std::vector<double> times;
+    for (auto _ : AState) {
+        APrepare();
+        const auto start = std::chrono::steady_clock::now();
+        ARound();
+        const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
+        AState.SetIterationTime(took.count());
+        times.push_back(took.count());
+    }
+    std::nth_element(times.begin(), times.begin() + qsizetype(times.size() / 2), times.end());
+    AState.counters["median_ms"] = times[times.size() / 2] * 1000;
+}
+
+template <typename TRound> void Measure(benchmark::State &AState, TRound ARound)
+{
+    Measure(AState, ARound, [] {});
+}
+
+// The resident memory of this process in bytes, or the most that it ever was.
+double Resident(const char *AField)
+{
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);)
+        if (line.rfind(AField, 0) == 0)
+            return std::stod(line.substr(line.find(':') + 1)) * 1024;
+    return 0;
+}
+
+void BM_FullRepaint(benchmark::State &AState)
+{
+    TBench bench(PascalText(100'000));
+    int round = 0;
+    Measure(AState, [&] {
+        // Another margin colour draws everything anew.
+        bench.Edit.SetRightMarginColor(TColor(++round & 0xFF));
+        Settle();
+    });
+}
+
+void BM_UnchangedRepaint(benchmark::State &AState)
+{
+    TBench bench(PascalText(100'000));
+    Measure(AState, [&] {
+        bench.Edit.Invalidate();
+        Settle();
+    });
+}
+
+void BM_PageDown(benchmark::State &AState)
+{
+    TBench bench(PascalText(Megabyte));
+    Measure(
+        AState, [&] { bench.Key(Qt::Key_PageDown); },
+        [&] {
+            if (bench.Edit.GetLinePos() + 200 > bench.Edit.GetLines()->GetCount())
+                bench.Edit.SetLinePos(0);
+        });
+}
+
+void BM_Load100MB(benchmark::State &AState)
+{
+    const QTemporaryDir folder;
+    const QString name = folder.filePath(QStringLiteral("large.pas"));
+    {
+        QFile file(name);
+        if (!file.open(QIODevice::WriteOnly) || file.write(ShortLines(100 * Megabyte)) < 0) {
+            AState.SkipWithError("cannot write the file");
+            return;
+        }
+    }
+    double added = 0;
+    std::unique_ptr<TBench> bench;
+    double before = 0;
+    Measure(
+        AState,
+        [&] {
+            bench->Edit.LoadFromFile(name);
+            Settle();
+            added = Resident("VmRSS") - before;
+        },
+        [&] {
+            bench.reset();
+            bench = std::make_unique<TBench>();
+            before = Resident("VmRSS");
+        });
+    AState.counters["memory_per_byte"] = added / double(100 * Megabyte);
+    AState.counters["peak_per_byte"] = Resident("VmHWM") / double(100 * Megabyte);
+}
+
+// The line that a benchmark works on: 0 is the first, 1 the middle, 2 the last.
+int WorkLine(const TZtCodeEdit &AEdit, int64_t AWhere)
+{
+    return int(AWhere * (AEdit.GetLines()->GetCount() - 1) / 2);
+}
+
+// One key at column 10 of a text of a million lines. `APrepareKey` is pressed before each round,
+// not measured, so that the text stays what it is.
+void TypeAt(benchmark::State &AState, int AKey, const QString &AText, int APrepareKey = 0,
+            const QString &APrepareText = {})
+{
+    TBench bench(ShortLines(40 * Megabyte));
+    bench.Edit.SetLinePos(WorkLine(bench.Edit, AState.range(0)));
+    Settle();
+    Measure(
+        AState, [&] { bench.Key(AKey, AText); },
+        [&] {
+            bench.Edit.SetCharPos(10);
+            if (APrepareKey)
+                bench.Key(APrepareKey, APrepareText);
+        });
+}
+
+void BM_TypeCharacter(benchmark::State &AState) { TypeAt(AState, Qt::Key_X, QStringLiteral("x")); }
+
+void BM_Enter(benchmark::State &AState) { TypeAt(AState, Qt::Key_Return, QStringLiteral("\r")); }
+
+// Takes back the line break that was typed before.
+void BM_Backspace(benchmark::State &AState)
+{
+    TypeAt(AState, Qt::Key_Backspace, QStringLiteral("\b"), Qt::Key_Return, QStringLiteral("\r"));
+}
+
+void BM_Paste1MBInto10MB(benchmark::State &AState)
+{
+    const QString pasted = QString::fromLatin1(ShortLines(Megabyte));
+    const QByteArray text = ShortLines(10 * Megabyte);
+    TBench bench;
+    ZtPlatform().ClipboardText = [&] { return pasted; };
+    Measure(
+        AState,
+        [&] {
+            ZtSendMessage(&bench.Edit, TZtMsg::wmPaste);
+            Settle();
+        },
+        [&] {
+            bench.Edit.GetLines()->SetUtf8Text(text);
+            bench.Edit.SetLinePos(WorkLine(bench.Edit, 1));
+            bench.Edit.SetCharPos(10);
+            Settle();
+        });
+    ZtPlatform() = ZtDefaultPlatform();
+}
+
+BENCHMARK(BM_FullRepaint)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(300);
+BENCHMARK(BM_UnchangedRepaint)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(300);
+BENCHMARK(BM_PageDown)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(300);
+BENCHMARK(BM_Load100MB)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
+BENCHMARK(BM_TypeCharacter)
+    ->DenseRange(0, 2)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(300);
+BENCHMARK(BM_Enter)->Arg(0)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(300);
+BENCHMARK(BM_Backspace)->Arg(0)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(300);
+BENCHMARK(BM_Paste1MBInto10MB)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(7);
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

@@ -1,0 +1,381 @@
+#pragma once
+
+#include "uZtCaret.h"
+#include "uZtCodeParser.h"
+#include "uZtCustomControl.h"
+#include "uZtFrame.h"
+#include "uZtScrollBar.h"
+#include "uZtStringList.h"
+#include "uZtUndoList.h"
+
+#include <QMenu>
+#include <QPoint>
+#include <QPointer>
+
+#include <limits>
+#include <memory>
+
+enum class TBorderStyle : quint8 { bsNone, bsSingle };
+
+/// Kinds of lines for folding, which is declared and switched off (`IsLineCollapse`).
+enum class TZtLineKind : quint8 { lkNotSet, lkNormal, lkMainOpen, lkMainClose, lkHidden };
+
+enum class TZtCodeOption : quint8 { coCanCollapse = 1, coShowGuttor = 2, coShowRightMargin = 4 };
+Q_DECLARE_FLAGS(TZtCodeOptions, TZtCodeOption)
+Q_DECLARE_OPERATORS_FOR_FLAGS(TZtCodeOptions)
+
+/// Lets the host recolour a line: true makes the whole line take the two colours. `aLineNr` is
+/// 1-based.
+using TZtParserLineChangeEvent =
+    std::function<bool(int aLineNr, TColor &aBackGroundColor, TColor &aFontColor)>;
+
+/// An inert shell: it holds nothing and answers empty strings. The editor's text is a
+/// `TStringList`.
+class TZtCodeList : public QObject {
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+    QString GetStrings(int) const { return {}; }
+    void SetStrings(int, const QString &) {}
+};
+
+/// The X of a selection point that means "up to the end of the line".
+inline constexpr int ZtEndOfLine = std::numeric_limits<int>::max();
+
+/// The source-code editor control.
+///
+/// Positions are (X: character, Y: line), both 0-based, characters being UTF-16 units. The caret is
+/// (`CharPos`, `LinePos`) and may stand right of its line's end. `SelStart` is the selection's
+/// moving end, which follows the caret, and `SelEnd` its anchor, in either order; an X of -1 means
+/// that there is no selection.
+///
+/// Everything runs on the thread of the user interface. Setters store and ask for a paint; only
+/// `Paint` draws.
+class TZtCodeEdit : public TCustomControl {
+    Q_OBJECT
+    Q_PROPERTY(TBorderStyle BorderStyle READ GetBorderStyle WRITE SetBorderStyle)
+    Q_PROPERTY(TStringList *Lines READ GetLines WRITE SetLines)
+    Q_PROPERTY(TZtLangParser *Parser READ GetParser WRITE SetParser)
+    Q_PROPERTY(QMenu *PopupMenu READ GetPopupMenu WRITE SetPopupMenu)
+    Q_PROPERTY(int GuttorWidth READ GetGuttorWidth WRITE SetGuttorWidth)
+    Q_PROPERTY(int RightMargin READ GetRightMargin WRITE SetRightMargin)
+    Q_PROPERTY(TColor RightMarginColor READ GetRightMarginColor WRITE SetRightMarginColor)
+    Q_PROPERTY(TZtCodeOptions Options READ GetOptions WRITE SetOptions)
+    Q_PROPERTY(bool ReadOnly READ GetReadOnly WRITE SetReadOnly)
+    Q_PROPERTY(int TabIndentSize READ GetTabIndentSize WRITE SetTabIndentSize)
+    Q_PROPERTY(int LinePos READ GetLinePos WRITE SetLinePos STORED false)
+    Q_PROPERTY(int CharPos READ GetCharPos WRITE SetCharPos STORED false)
+    Q_PROPERTY(bool ShowGuttor READ GetShowGuttor WRITE SetShowGuttor STORED false)
+    Q_PROPERTY(bool ShowRightMargin READ GetShowRightMargin WRITE SetShowRightMargin STORED false)
+    Q_PROPERTY(QPoint SelStart READ GetSelStart WRITE SetSelStart STORED false)
+    Q_PROPERTY(QPoint SelEnd READ GetSelEnd WRITE SetSelEnd STORED false)
+    Q_PROPERTY(QString Text READ GetText WRITE SetText STORED false)
+    Q_PROPERTY(int ParserLineNr READ GetParserLineNr WRITE SetParserLineNr STORED false)
+    Q_PROPERTY(bool Modified READ GetModified WRITE SetModified STORED false)
+    Q_PROPERTY(bool CanPaste READ GetCanPaste)
+    Q_PROPERTY(bool CanUndo READ GetCanUndo)
+
+public:
+    explicit TZtCodeEdit(QWidget *AOwner = nullptr);
+    ~TZtCodeEdit() override;
+
+    // === uZtCodeEdit.cpp: object, properties, metrics
+    // =============================================
+
+    TBorderStyle GetBorderStyle() const { return FBorderStyle; }
+    /// Stored only; the next paint draws the border.
+    void SetBorderStyle(TBorderStyle Value) { FBorderStyle = Value; }
+    /// The live text. The host may edit it; nothing is recorded for undo then.
+    TStringList *GetLines() const { return FLines; }
+    /// Takes over the lines of `Value`, which stays the caller's, and clears `Modified`. Nothing is
+    /// recorded for undo and no event fires.
+    void SetLines(const TStringList *Value);
+    /// The lexer; never null: without one the editor makes a plain one of its own.
+    TZtLangParser *GetParser();
+    /// A parser that the editor made itself is freed; the host's stay the host's.
+    void SetParser(TZtLangParser *Value);
+    QMenu *GetPopupMenu() const { return FPopupMenu; }
+    /// The menu of a right click.
+    void SetPopupMenu(QMenu *Value);
+    int GetGuttorWidth() const { return FGuttorWidth; }
+    /// Pixels. Stored only: layout and picture follow with the next change of either.
+    void SetGuttorWidth(int Value) { FGuttorWidth = Value; }
+    int GetRightMargin() const { return FRightMargin; }
+    /// The column of the margin's line.
+    void SetRightMargin(int Value);
+    TColor GetRightMarginColor() const { return FRightMarginColor; }
+    void SetRightMarginColor(TColor Value);
+    TZtCodeOptions GetOptions() const { return FOptions; }
+    void SetOptions(TZtCodeOptions Value);
+    bool GetShowGuttor() const { return FOptions.testFlag(TZtCodeOption::coShowGuttor); }
+    /// Turns the gutter on, also with false: it is taken away through `Options` alone.
+    void SetShowGuttor(bool Value);
+    bool GetShowRightMargin() const { return FOptions.testFlag(TZtCodeOption::coShowRightMargin); }
+    /// Turns the margin on, also with false: it is taken away through `Options` alone.
+    void SetShowRightMargin(bool Value);
+    virtual bool GetReadOnly() const { return FReadOnly; }
+    virtual void SetReadOnly(bool Value);
+    int GetTabIndentSize() const { return FTabIndentSize; }
+    /// How many spaces the Tab key inserts; none when 0 or negative.
+    void SetTabIndentSize(int Value) { FTabIndentSize = Value; }
+    int GetParserLineNr() const { return FParserLineNr; }
+    /// The index of the line that the lexer is handed next.
+    void SetParserLineNr(int Value) { FParserLineNr = Value; }
+    bool GetModified() const { return FModified; }
+    void SetModified(bool Value) { FModified = Value; }
+
+    const TNotifyEvent &GetOnCursorChange() const { return FOnCursorChange; }
+    /// Fired by every caret move, also by one that leads to where the caret was.
+    void SetOnCursorChange(const TNotifyEvent &Value) { FOnCursorChange = Value; }
+    const TNotifyEvent &GetOnChange() const { return FOnChange; }
+    /// Fired by the editing operations, before they change the text.
+    void SetOnChange(const TNotifyEvent &Value) { FOnChange = Value; }
+    const TZtParserLineChangeEvent &GetOnParserLineChange() const { return FOnParserLineChange; }
+    /// Asked by every paint for every line that it draws.
+    void SetOnParserLineChange(const TZtParserLineChangeEvent &Value);
+
+    /// The gutter's width in pixels as the layout counts it: 0 while it is hidden.
+    int RealGuttorWidth() const { return GetShowGuttor() ? FGuttorWidth : 0; }
+    /// The size of a character cell in pixels.
+    int GetCharWidth();
+    void SetCharWidth(int Value);
+    /// The height of a line in pixels.
+    int GetLineWidth();
+    void SetLineWidth(int Value);
+    /// Lays out the two scroll bars and sets their ranges.
+    void PositionScollBars();
+    TScrollBar *GetHScrollBar() const { return FHScrollBar; }
+    TScrollBar *GetVScrollBar() const { return FVScrollBar; }
+    /// Lines that a notch of the wheel scrolls.
+    int GetScollLines() const { return FScollLines; }
+    /// Whether the line starts a block that can be folded. Always false, `Collapsed` untouched.
+    bool IsLineCollapse(int ALine, bool &Collapsed) const;
+
+    /// The text is about to change; ignored while painting.
+    virtual void LinesChanged(QObject *Sender);
+    void CodeChange(QObject *Sender);
+    /// Fires `OnChange`.
+    virtual void Changed();
+    void ScrollChange(QObject *Sender);
+
+    void Loaded() override;
+    void Notification(QObject *AComponent, TOperation Operation) override;
+    void SetParent(QWidget *AParent) override;
+    void SetBounds(int ALeft, int ATop, int AWidth, int AHeight) override;
+    QSize sizeHint() const override;
+    /// Asks for a paint of the text area; the scroll bars keep their picture.
+    void Invalidate() override;
+
+    // === uZtCodeEditPaint.cpp: rendering
+    // ==========================================================
+
+    /// Lexes the visible lines and draws them. Re-entrant calls do nothing.
+    void Paint() override;
+    /// The lexer's source: with `AReset` restarts at line 0, else hands over the next line and CR
+    /// LF in `S` and keeps the lexer's `LineKind` in that line's object slot; false after the last.
+    bool ParserGetNewBuffer(bool AReset, QString &S);
+    /// If `Apply`, makes `Color` a plain RGB value with each byte `Percent` per cent smaller.
+    void DarkenColor(TColor &Color, bool Apply, int Percent) const;
+    /// The screen lines as the last paint drew them, from the top of the control.
+    const std::vector<TZtPaintRow> &PaintedRows() const { return FFrame.Rows(); }
+
+    // === uZtCodeEditCaret.cpp: the caret's place
+    // ==================================================
+
+    int GetCharPos() const { return FCharPos; }
+    /// Moves the caret in its line; right of the line's end is allowed. A negative column gives
+    /// column 0 of the line above. Scrolls it into view and fires `OnCursorChange`; the selection
+    /// follows.
+    void SetCharPos(int Value);
+    int GetLinePos() const { return FLinePos; }
+    /// Moves the caret to a line, clamped to the text. The column stays.
+    void SetLinePos(int Value);
+    /// Puts the caret's mark where the caret is, or hides it outside the text area.
+    void ResetCaret();
+    TZtCaret *GetCaret() const { return FCaret; }
+    void CMEnter() override;
+    void CMExit() override;
+
+    // === uZtCodeEditKeys.cpp: keyboard
+    // ============================================================
+
+    /// The shortcuts: posts the command's message and sets `Key` to 0 where one matches.
+    virtual void KeyCommand(quint16 &Key, TShiftState Shift);
+    void KeyDown(quint16 &Key, TShiftState Shift) override;
+    /// Moves the caret by a word; see `ZtWordJump`.
+    void GotoNextChar(bool Forward);
+    /// Whether the editor claims a navigation key for itself.
+    bool CMWantSpecialKey(quint16 Key) const;
+    /// The kinds of keys that the editor wants: arrows, characters and Tab.
+    int WMGetDlgCode() const { return 0x83; }
+
+    // === uZtCodeEditMouse.cpp: mouse and scrolling
+    // ================================================
+
+    void MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) override;
+    void MouseMove(TShiftState Shift, int X, int Y) override;
+    void MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y) override;
+    /// One notch of the wheel, its direction being the sign of the high word of `WParam`.
+    void WMMouseWheel(TZtMessage &Message);
+    /// Turns a client pixel position into a text position. Counts `GuttorWidth` also while the
+    /// gutter is hidden; -1 stands for a cell size that is not known.
+    void CalcCursor(int &X, int &Y);
+    void DblClick() override;
+
+    // === uZtCodeEditEditing.cpp: editing
+    // ==========================================================
+
+    /// Inserts `S`, which may hold line breaks, at the caret. Any two break characters in a row are
+    /// one break. One undo item of `ChangeType`; nothing in a read-only editor.
+    virtual void InsertText(TZtChangeType ChangeType, const QString &S);
+    /// Inserts typed text at the caret; CR alone breaks the line and indents the new one like the
+    /// nearest line above that is not blank. The line's trailing blanks go. One undo item.
+    virtual void AddTxt(const QString &S);
+    /// Removes the selected text and returns it in `Deleted` (untouched in a read-only editor).
+    /// With `ctCut` it goes to the clipboard; with `ctNone` nothing is recorded for undo.
+    void DeleteSelected(TZtChangeType AChangeType, QString &Deleted);
+    /// The Backspace key's work at the caret, also in a read-only editor.
+    void BackSpaceSelected();
+    void WMChar(TZtMessage &Message) override;
+    /// Inserts `aTxt` at the start of the last line.
+    virtual void AddCode(const QString &aTxt);
+    void InsertCode(int ALinePos, int ACharPos, const QString &ATxt);
+    /// All lines, CR LF after each.
+    QString GetText() const { return FLines->GetText(); }
+    /// Replaces the text and puts the caret at its start. The undo list stays.
+    void SetText(const QString &S);
+    /// Replaces the text by a file's, whose encoding is found out. Raises `EStreamError` when it
+    /// cannot be read; the text is left then, the caret and the view are at the start already.
+    virtual void LoadFromFile(const QString &aFileName);
+    TZtUndoList *GetUndoList() const { return FUndoList.get(); }
+
+    // === uZtCodeEditSelection.cpp: selection and clipboard
+    // ========================================
+
+    QPoint GetSelStart() const { return FSelStart; }
+    void SetSelStart(const QPoint &P);
+    QPoint GetSelEnd() const { return FSelEnd; }
+    void SetSelEnd(const QPoint &P);
+    /// Moves the selection's end to the caret, and its anchor too unless Shift is down or a drag
+    /// goes on; with `ACollapse` Shift does not count.
+    void SetSelection(bool ACollapse);
+    virtual void ClearSelection();
+    void InitSelectionAndPosition();
+    /// The selected text; empty without a selection. A selection that ends below the text appends
+    /// an empty line.
+    void GetSelected(QString &Selected);
+    /// More than 0 when there is a selection. Line breaks are not counted, and in one line it
+    /// counts from the selection's start to the line's end.
+    int SelLength();
+    bool GetCanPaste() const;
+    bool GetCanUndo() const { return FUndoList->GetCount() > 0; }
+    /// Selects the word at the caret.
+    void WMSselectWord(TZtMessage &Message);
+    void WMCut(TZtMessage &Message);
+    void WMCopy(TZtMessage &Message);
+    void WMPaste(TZtMessage &Message);
+    void WMUndo(TZtMessage &Message);
+
+    bool Dispatch(TZtMessage &Message) override;
+
+Q_SIGNALS:
+    void textChanged();
+    void cursorPositionChanged();
+
+protected:
+    bool event(QEvent *AEvent) override;
+    bool focusNextPrevChild(bool ANext) override;
+    void paintEvent(QPaintEvent *AEvent) override;
+    void wheelEvent(QWheelEvent *AEvent) override;
+    void contextMenuEvent(QContextMenuEvent *AEvent) override;
+    void inputMethodEvent(QInputMethodEvent *AEvent) override;
+    QVariant inputMethodQuery(Qt::InputMethodQuery AQuery) const override;
+    void LayoutChanged() override;
+    void FocusPaused(bool AActive) override;
+
+private:
+    struct TPaintPass;
+    struct TKeyAction;
+
+    // painting
+    bool BeginFrame();
+    void ComposeLines();
+    void StartLine(TPaintPass &APass);
+    void AddToken(TPaintPass &APass);
+    void AddPiece(TPaintPass &APass, QStringView S, TColor AFore, TColor ABack);
+    void CopyFrame();
+    void PaintCorners();
+    void PaintFlatBorder();
+    void UpdatePageSizes();
+    void PaintComposition(QPainter &APainter) const;
+    void PrepareParser();
+    // caret
+    void CaretMoved();
+    // keys; a handler answers false where the key press ends
+    bool KeyLeft(TShiftState AShift);
+    bool KeyRight(TShiftState AShift);
+    bool KeyUp(TShiftState AShift);
+    bool KeyDownLine(TShiftState AShift);
+    bool KeyPageUp(TShiftState AShift);
+    bool KeyPageDown(TShiftState AShift);
+    bool KeyHome(TShiftState AShift);
+    bool KeyEnd(TShiftState AShift);
+    bool KeyDelete(TShiftState AShift);
+    void SelectAll();
+    int CharactersBefore(int AColumn) const;
+    int CharactersAfter(int AColumn) const;
+    // mouse
+    void MoveCaretTo(int X, int Y);
+    // editing
+    void EnsureLine(int ALine);
+    bool SelectionReversed() const;
+    bool SelectionGiven() const;
+    void ClampSelectionEnd();
+    QString SelectedText() const;
+    void BreakLine();
+    void BackSpaceInLine(QString ALine);
+    void JoinWithLineAbove(const QString &ALine);
+    bool FallBackToIndentation(const QString &ALine);
+    void InsertBreak(const QString &APiece);
+
+    TBorderStyle FBorderStyle = TBorderStyle::bsSingle;
+    bool FModified = false;
+    std::unique_ptr<TZtUndoList> FUndoList;
+    TStringList *FLines;
+    int FCharPos = 0;
+    int FLinePos = 0;
+    int FGuttorWidth = 20;
+    TZtLangParser *FParser = nullptr;
+    int FParserLineNr = 0;
+    TZtCaret *FCaret;
+    int FCharWidth = 0;
+    int FLineWidth = 0;
+    TScrollBar *FHScrollBar = nullptr;
+    TScrollBar *FVScrollBar = nullptr;
+    bool InPaint = false;
+    bool InMouseDown = false;
+    bool inMouseMove = false;
+    int FRightMargin = 80;
+    TColor FRightMarginColor = clBtnFace;
+    TZtCodeOptions FOptions;
+    QPoint FSelStart;
+    QPoint FSelEnd;
+    TNotifyEvent FOnCursorChange;
+    int FScollLines = 3;
+    std::vector<std::unique_ptr<QObject>> Collapse; // for folding; nothing adds to it
+    bool FInMouseSetSelection = false;
+    bool ParserLineCollapse = false;
+    bool ParserLineCollapsed = false;
+    TNotifyEvent FOnChange;
+    bool FReadOnly = false;
+    QMenu *FPopupMenu = nullptr;
+    TZtParserLineChangeEvent FOnParserLineChange;
+    int FTabIndentSize = 2;
+
+    TZtFrame FFrame;
+    TZtTextPainter FMetrics; // the font's measures between two paints
+    QString FComposition;    // an input method's text that is not committed yet
+    QChar FHighSurrogate;    // typed, waiting for its other half
+    int FWheelRest = 0;      // of a notch, in eighths of a degree
+};

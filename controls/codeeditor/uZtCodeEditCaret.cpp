@@ -1,0 +1,80 @@
+#include "uZtCodeEdit.h"
+
+void TZtCodeEdit::ResetCaret()
+{
+    const int x = (FCharPos - FHScrollBar->GetPosition()) * FCharWidth;
+    const int y = (FLinePos - FVScrollBar->GetPosition()) * FLineWidth;
+    const int g = RealGuttorWidth();
+    const bool inside = 0 <= x && x < GetClientWidth() - g - FVScrollBar->width() && 0 <= y &&
+                        y < GetClientHeight() - FHScrollBar->height();
+    if (!inside) {
+        FCaret->Hide();
+        return;
+    }
+    FCaret->SetParent(this);
+    FCaret->Show(g + x, y, 2, FLineWidth);
+}
+
+void TZtCodeEdit::SetCharPos(int Value)
+{
+    FCharPos = Value;
+    if (FCharPos < 0) {
+        // Lands on column 0 of the line above, not on its end; gutter clicks pass through here.
+        SetCharPos(0);
+        if (FLinePos > 0) {
+            SetLinePos(FLinePos - 1);
+            if (FLinePos > FLines->GetCount())
+                SetCharPos(FLines->GetLength(FLinePos));
+        }
+    }
+    const int position = FHScrollBar->GetPosition();
+    const int page = FHScrollBar->GetPageSize();
+    if (FCharPos < position)
+        FHScrollBar->SetPosition(FCharPos);
+    else if (FCharPos > position + page)
+        FHScrollBar->SetPosition(FCharPos - page);
+    CaretMoved();
+}
+
+void TZtCodeEdit::SetLinePos(int Value)
+{
+    FLinePos = qMax(0, qMin(Value, FLines->GetCount() - 1));
+    const int position = FVScrollBar->GetPosition();
+    const int page = FVScrollBar->GetPageSize();
+    if (FLinePos < position)
+        FVScrollBar->SetPosition(FLinePos);
+    else if (FLinePos > position + page - 1)
+        FVScrollBar->SetPosition(FLinePos - page);
+    CaretMoved();
+}
+
+void TZtCodeEdit::CaretMoved()
+{
+    ResetCaret();
+    if (FOnCursorChange)
+        FOnCursorChange(this);
+    Q_EMIT cursorPositionChanged();
+    SetSelection(false);
+}
+
+void TZtCodeEdit::CMEnter()
+{
+    TCustomControl::CMEnter();
+    SetCharPos(FCharPos);
+    FCaret->SetVisible(true);
+}
+
+void TZtCodeEdit::CMExit()
+{
+    FCaret->Leave();
+    TCustomControl::CMExit();
+    FCaret->DestroyCaret();
+}
+
+void TZtCodeEdit::FocusPaused(bool AActive)
+{
+    if (AActive)
+        FCaret->DestroyCaret();
+    else
+        ResetCaret();
+}

@@ -1,0 +1,302 @@
+#include "uZtCodeEdit.h"
+
+#include "uZtSystemColors.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+#include <QScopedValueRollback>
+
+namespace {
+
+constexpr int ReadOnlyDarker = 10; // per cent
+constexpr int TextLeft = 2;        // between the gutter and the first column, in pixels
+
+bool Before(const QPoint &A, const QPoint &B)
+{
+    return A.y() < B.y() || (A.y() == B.y() && A.x() < B.x());
+}
+
+} // namespace
+
+// The state of one walk over the visible tokens.
+struct TZtCodeEdit::TPaintPass {
+    QPoint Begin; // the selection, in order
+    QPoint End;
+    int Row = 0; // the screen line
+    int Left = 0;
+    int X = 0;
+    int Col = 0; // characters drawn on the line so far
+    int LastLine = -1;
+    bool LineColoured = false;
+    TColor LineBack = 0;
+    TColor LineFore = 0;
+    bool AfterBreak = false;
+
+    QString Token;
+    TColor Back = 0;
+    TColor Fore = 0;
+    TFontStyles Style;
+    bool LineBreak = false;
+};
+
+bool TZtCodeEdit::ParserGetNewBuffer(bool AReset, QString &S)
+{
+    if (AReset) {
+        FParserLineNr = 0;
+        return true;
+    }
+    if (FParserLineNr >= FLines->GetCount())
+        return false;
+    FLines->SetObjects(FParserLineNr, GetParser()->GetLineKind());
+    S.resize(0); // the memory serves the next line too
+    S.reserve(FLines->GetLength(FParserLineNr) + 2);
+    FLines->AppendTo(FParserLineNr, S);
+    S.append(QLatin1StringView("\r\n"));
+    ParserLineCollapse = IsLineCollapse(FParserLineNr, ParserLineCollapsed);
+    ++FParserLineNr;
+    return true;
+}
+
+void TZtCodeEdit::DarkenColor(TColor &Color, bool Apply, int Percent) const
+{
+    if (!Apply)
+        return;
+    const TColor rgb = ZtColorToRGB(Color, palette());
+    Color = 0;
+    for (int shift = 0; shift < 32; shift += 8)
+        Color |= (((rgb >> shift) & 0xFF) * quint32(100 - Percent) / 100) << shift;
+}
+
+void TZtCodeEdit::Paint()
+{
+    if (InPaint)
+        return;
+    const QScopedValueRollback inPaint(InPaint, true);
+    if (BeginFrame()) {
+        ComposeLines();
+        FFrame.Finish();
+    }
+    CopyFrame();
+    PaintCorners();
+    PaintFlatBorder();
+    UpdatePageSizes();
+}
+
+bool TZtCodeEdit::BeginFrame()
+{
+    FFrame.TextPainter().SetFont(font());
+    SetCharWidth(FFrame.TextPainter().CharWidth());
+    SetLineWidth(FFrame.TextPainter().LineHeight());
+
+    TColor back = clWindow;
+    DarkenColor(back, GetReadOnly(), ReadOnlyDarker);
+    const auto color = [this](TColor c) { return ZtToQColor(c, palette()).rgb(); };
+    const int g = RealGuttorWidth();
+    const int margin = (FRightMargin - FHScrollBar->GetPosition()) * FCharWidth + TextLeft;
+    const bool marginShown = GetShowRightMargin() && margin > 0 && margin < GetClientWidth() - g;
+    FFrame.Begin({ClientArea().size(), devicePixelRatioF(), font(), g,
+                  marginShown ? g + margin : -1, color(back), color(FRightMarginColor),
+                  color(clBtnFace), color(clBtnHighlight), color(clBtnShadow)});
+    return FCharWidth > 0 && FLineWidth > 0;
+}
+
+void TZtCodeEdit::PrepareParser()
+{
+    const int first = FVScrollBar->GetPosition();
+    TZtLangParser *parser = GetParser();
+    parser->ResetBuffer();
+    parser->SetRemarkEnd(QString());
+    parser->SetEndLines(true);
+    parser->SetLineKind(FLines->GetObjects(first));
+    FParserLineNr = first;
+    // A host's parser may outlive the editor; it reads the end of the input then.
+    parser->OnGetNewBuffer = [editor = QPointer(this)](bool reset, QString &s) {
+        return editor && editor->ParserGetNewBuffer(reset, s);
+    };
+}
+
+void TZtCodeEdit::ComposeLines()
+{
+    if (FVScrollBar->GetPosition() >= FLines->GetCount())
+        return;
+    PrepareParser();
+    TPaintPass pass;
+    const bool reversed = Before(FSelEnd, FSelStart);
+    pass.Begin = reversed ? FSelEnd : FSelStart;
+    pass.End = reversed ? FSelStart : FSelEnd;
+    pass.Left = RealGuttorWidth() - FHScrollBar->GetPosition() * FCharWidth + TextLeft;
+    pass.X = pass.Left;
+    while (pass.Row * FLineWidth < GetHeight()) {
+        if (!FParser->GetNextToken(pass.Token, pass.Back, pass.Fore, pass.Style, pass.LineBreak))
+            break;
+        if (pass.LastLine != FParserLineNr)
+            StartLine(pass);
+        DarkenColor(pass.Back, FReadOnly, ReadOnlyDarker);
+        if (ParserLineCollapse)
+            FFrame.AddButton(QRect(4, pass.Row * FLineWidth, 16, 15), !ParserLineCollapsed);
+        // A lexer may hand over the LF behind a CR. It belongs to no line and takes no column.
+        const bool lineFeed = pass.AfterBreak && pass.Token == QLatin1StringView("\n");
+        pass.AfterBreak = pass.LineBreak;
+        if (pass.LineBreak) {
+            ++pass.Row;
+            pass.X = pass.Left;
+            pass.Col = 0;
+        } else if (!lineFeed) {
+            AddToken(pass);
+        }
+    }
+}
+
+void TZtCodeEdit::StartLine(TPaintPass &APass)
+{
+    APass.LineColoured = false;
+    if (FOnParserLineChange) {
+        TColor back = APass.Back;
+        TColor fore = APass.Fore;
+        if (FOnParserLineChange(FParserLineNr, back, fore)) {
+            APass.LineColoured = true;
+            APass.LineBack = back;
+            APass.LineFore = fore;
+            FFrame.ColourRow(APass.Row, APass.X, ZtToQColor(back, palette()).rgb());
+        }
+    }
+    APass.LastLine = FParserLineNr;
+}
+
+void TZtCodeEdit::AddPiece(TPaintPass &APass, QStringView S, TColor AFore, TColor ABack)
+{
+    const TColor fore = APass.LineColoured ? APass.LineFore : AFore;
+    const TColor back = APass.LineColoured ? APass.LineBack : ABack;
+    APass.X += FFrame.AddText(APass.Row, APass.X, S, ZtToQColor(fore, palette()).rgb(),
+                              ZtToQColor(back, palette()).rgb(), APass.Style);
+}
+
+void TZtCodeEdit::AddToken(TPaintPass &APass)
+{
+    QStringView token = APass.Token;
+    int length = int(token.size());
+    const int n = FParserLineNr - 1;
+    const bool starts = n == APass.Begin.y();
+    const bool ends = n == APass.End.y();
+    const bool touches = APass.Begin.y() <= n && n <= APass.End.y() &&
+                         !(starts && APass.Begin.x() >= APass.Col + length) &&
+                         !(ends && APass.Col >= APass.End.x());
+    if (touches) {
+        if (starts && APass.Col < APass.Begin.x()) {
+            const int head = APass.Begin.x() - APass.Col;
+            AddPiece(APass, token.first(head), APass.Fore, APass.Back);
+            token = token.sliced(head);
+            APass.Col += head;
+            length -= head;
+        }
+        QStringView tail;
+        if (ends && APass.End.x() < APass.Col + length) {
+            const int kept = APass.End.x() - APass.Col;
+            tail = token.sliced(kept);
+            token = token.first(kept);
+            APass.Col += kept;
+            length = kept;
+        }
+        AddPiece(APass, token, clHighlightText, clHighlight);
+        if (tail.isEmpty()) {
+            APass.Col += length;
+            return;
+        }
+        token = tail;
+        length = int(tail.size());
+    }
+    AddPiece(APass, token, APass.Fore, APass.Back);
+    APass.Col += length;
+}
+
+void TZtCodeEdit::CopyFrame()
+{
+    const QRect shown(0, 0, GetClientWidth() - FVScrollBar->width() - 1,
+                      GetClientHeight() - FHScrollBar->height() - 1);
+    if (!Canvas() || shown.isEmpty())
+        return;
+    const qreal ratio = FFrame.Image().devicePixelRatio();
+    Canvas()->drawImage(QRectF(shown), FFrame.Image(),
+                        QRectF(0, 0, shown.width() * ratio, shown.height() * ratio));
+}
+
+void TZtCodeEdit::PaintCorners()
+{
+    if (!Canvas())
+        return;
+    const QColor face = ZtToQColor(clBtnFace, palette());
+    const int width = GetClientWidth();
+    const int height = GetClientHeight();
+    const int barWidth = FVScrollBar->width();
+    const int top = height - FHScrollBar->height() - 1;
+    // The boxes beside the bars, and in one go what the picture leaves open between them: the
+    // seams, and the bars' places, which are seen where a bar is hidden.
+    Canvas()->fillRect(QRect(0, top, width, height - top), face);
+    Canvas()->fillRect(QRect(width - barWidth - 1, 0, barWidth + 1, top), face);
+}
+
+void TZtCodeEdit::PaintFlatBorder()
+{
+    if (!Canvas() || FBorderStyle != TBorderStyle::bsSingle || GetCtl3D())
+        return;
+    QRect frame(0, 0, GetClientWidth(), GetClientHeight());
+    if (FVScrollBar->isVisibleTo(this))
+        frame.setWidth(frame.width() - FVScrollBar->width());
+    if (FHScrollBar->isVisibleTo(this))
+        frame.setHeight(frame.height() - FHScrollBar->height());
+    Canvas()->setPen(ZtToQColor(clBlack, palette()));
+    Canvas()->drawRect(frame.adjusted(0, 0, -1, -1));
+}
+
+void TZtCodeEdit::UpdatePageSizes()
+{
+    if (FCharWidth < 1 || FLineWidth < 1)
+        return;
+    const int lines = (GetClientHeight() - FHScrollBar->height() - FLineWidth) / FLineWidth;
+    if (FVScrollBar->GetPageSize() != lines)
+        FVScrollBar->SetPageSize(lines);
+    const int columns =
+        (GetClientWidth() - FVScrollBar->width() - RealGuttorWidth()) / FCharWidth - 1;
+    if (FHScrollBar->GetPageSize() != columns)
+        FHScrollBar->SetPageSize(columns);
+}
+
+void TZtCodeEdit::paintEvent(QPaintEvent *AEvent)
+{
+    // The caret's blinking asks for its own rectangle alone: the picture below it is there, unless
+    // the border or a seam crosses it.
+    const QPoint origin = ClientArea().topLeft();
+    const QRect asked = AEvent->region().boundingRect().translated(-origin);
+    const int border = FBorderStyle == TBorderStyle::bsSingle && !GetCtl3D() ? 1 : 0;
+    const QRect picture(QPoint(border, border),
+                        QPoint(GetClientWidth() - FVScrollBar->width() - 2,
+                               GetClientHeight() - FHScrollBar->height() - 2));
+    const bool caretOnly =
+        FCaret->Covers(asked) && !FFrame.Image().isNull() && picture.contains(asked);
+    if (!caretOnly)
+        TCustomControl::paintEvent(AEvent);
+    QPainter painter(this);
+    painter.translate(origin);
+    if (caretOnly) {
+        const qreal ratio = FFrame.Image().devicePixelRatio();
+        painter.drawImage(QRectF(asked), FFrame.Image(),
+                          QRectF(QPointF(asked.topLeft()) * ratio, QSizeF(asked.size()) * ratio));
+    }
+    PaintComposition(painter);
+    FCaret->Draw(painter);
+}
+
+void TZtCodeEdit::PaintComposition(QPainter &APainter) const
+{
+    if (FComposition.isEmpty() || FCaret->Rect().isEmpty())
+        return;
+    QFont underlined = font();
+    underlined.setUnderline(true);
+    const QFontMetrics metrics(underlined);
+    const QRect box(FCaret->Rect().topLeft(),
+                    QSize(metrics.horizontalAdvance(FComposition), FLineWidth));
+    APainter.fillRect(box, ZtToQColor(clWindow, palette()));
+    APainter.setPen(ZtToQColor(clWindowText, palette()));
+    APainter.setFont(underlined);
+    APainter.drawText(box, Qt::AlignLeft | Qt::AlignVCenter, FComposition);
+}

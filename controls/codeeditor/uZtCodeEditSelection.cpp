@@ -1,0 +1,159 @@
+#include "uZtCodeEdit.h"
+
+#include "uZtPlatform.h"
+#include "uZtStrings.h"
+
+#include <array>
+
+void TZtCodeEdit::SetSelStart(const QPoint &P)
+{
+    if (FSelStart != P)
+        Invalidate();
+    FSelStart = P;
+}
+
+void TZtCodeEdit::SetSelEnd(const QPoint &P)
+{
+    if (FSelEnd != P)
+        Invalidate();
+    FSelEnd = P;
+}
+
+void TZtCodeEdit::SetSelection(bool ACollapse)
+{
+    SetSelStart(QPoint(FCharPos, FLinePos));
+    bool anchorMoves;
+    if (FInMouseSetSelection)
+        anchorMoves = false; // a drag goes on
+    else if (inMouseMove)
+        anchorMoves = true; // a drag has just begun
+    else
+        anchorMoves = ACollapse || !ZtPlatform().KeyboardShift().testFlag(ssShift);
+    if (anchorMoves)
+        SetSelEnd(FSelStart);
+    FInMouseSetSelection = inMouseMove;
+}
+
+void TZtCodeEdit::ClearSelection()
+{
+    SetSelStart(QPoint(-1, -1));
+    SetSelEnd(QPoint(-1, -1));
+}
+
+void TZtCodeEdit::InitSelectionAndPosition()
+{
+    ClearSelection();
+    SetCharPos(0);
+    SetLinePos(0);
+}
+
+void TZtCodeEdit::GetSelected(QString &Selected)
+{
+    const bool swapped = SelectionReversed();
+    if (swapped)
+        std::swap(FSelStart, FSelEnd);
+    Selected.clear();
+    if (!SelectionGiven())
+        return; // the points stay in order then
+    ClampSelectionEnd();
+    if (FSelStart.y() < FLines->GetCount())
+        Selected = SelectedText();
+    if (swapped)
+        std::swap(FSelStart, FSelEnd);
+}
+
+int TZtCodeEdit::SelLength()
+{
+    const bool swapped = SelectionReversed();
+    if (swapped)
+        std::swap(FSelStart, FSelEnd);
+    qint64 length = 0; // the end of the last line may be the largest number there is
+    if (SelectionGiven()) {
+        ClampSelectionEnd();
+        for (int k = FSelStart.y(); k <= FSelEnd.y() && k < FLines->GetCount(); ++k) {
+            if (k == FSelStart.y())
+                length += FLines->GetLength(k) - FSelStart.x();
+            else
+                length += k == FSelEnd.y() ? FSelEnd.x() : FLines->GetLength(k);
+        }
+    }
+    if (swapped)
+        std::swap(FSelStart, FSelEnd);
+    return int(qMin<qint64>(length, std::numeric_limits<int>::max()));
+}
+
+bool TZtCodeEdit::GetCanPaste() const { return !ZtPlatform().ClipboardText().isEmpty(); }
+
+void TZtCodeEdit::WMSselectWord(TZtMessage &)
+{
+    static constexpr TZtCharSet word{{u'0', u'9'}, {u'A', u'Z'}, {u'a', u'z'}, u'_'};
+    if (FLinePos >= FLines->GetCount())
+        return;
+    const QString line = FLines->GetStrings(FLinePos);
+    const int length = int(line.size());
+    if (FCharPos >= length)
+        return;
+    const auto wordBefore = [&line](int column) {
+        return column > 0 && ZtCharInSet(line.at(column - 1).unicode(), word);
+    };
+    int end = FCharPos;
+    int start = FCharPos;
+    while (end < length && wordBefore(end))
+        ++end;
+    while (wordBefore(start))
+        --start;
+    if (end < length)
+        --end; // -1 in column 0, where nothing is selected
+    SetCharPos(end);
+    FSelEnd.setX(start);
+    FSelStart.setX(end);
+    Invalidate();
+}
+
+void TZtCodeEdit::WMCut(TZtMessage &)
+{
+    QString text;
+    DeleteSelected(TZtChangeType::ctCut, text);
+    ZtPlatform().SetClipboardText(text); // empties it when nothing was selected
+}
+
+void TZtCodeEdit::WMCopy(TZtMessage &)
+{
+    QString text;
+    GetSelected(text);
+    ZtPlatform().SetClipboardText(text);
+}
+
+void TZtCodeEdit::WMPaste(TZtMessage &)
+{
+    const QString text = ZtPlatform().ClipboardText();
+    QString deleted;
+    DeleteSelected(TZtChangeType::ctDelete, deleted);
+    InsertText(TZtChangeType::ctPaste, text);
+    SetSelection(true);
+}
+
+void TZtCodeEdit::WMUndo(TZtMessage &) { FUndoList->Undo(); }
+
+bool TZtCodeEdit::Dispatch(TZtMessage &Message)
+{
+    struct THandler {
+        quint32 Msg;
+        void (TZtCodeEdit::*Handle)(TZtMessage &Message);
+    };
+    static constexpr std::array handlers = {
+        THandler{quint32(TZtMsg::wmMouseWheel), &TZtCodeEdit::WMMouseWheel},
+        THandler{quint32(TZtMsg::wmCut), &TZtCodeEdit::WMCut},
+        THandler{quint32(TZtMsg::wmCopy), &TZtCodeEdit::WMCopy},
+        THandler{quint32(TZtMsg::wmPaste), &TZtCodeEdit::WMPaste},
+        THandler{quint32(TZtMsg::wmUndo), &TZtCodeEdit::WMUndo},
+        THandler{quint32(TZtMsg::wmUser) + 1, &TZtCodeEdit::WMSselectWord},
+    };
+    for (const THandler &handler : handlers) {
+        if (handler.Msg == Message.Msg) {
+            (this->*handler.Handle)(Message);
+            return true;
+        }
+    }
+    return TCustomControl::Dispatch(Message);
+}

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <QPoint>
+#include <QString>
+
+#include <deque>
+#include <memory>
+
+class TZtCodeEdit;
+
+enum class TZtChangeType : quint8 { ctNone, ctCut, ctPaste, ctDelete, ctInsert };
+
+/// One change of the text. Positions are (character, line), 0-based.
+class TZtUndoItem {
+public:
+    TZtUndoItem(TZtChangeType AChangeType, const QPoint &AStartPos, const QPoint &AEndPos,
+                const QPoint &ACaretPos, const QString &AValue)
+        : FChangeType(AChangeType), FStartPos(AStartPos), FEndPos(AEndPos), FCaretPos(ACaretPos),
+          FValue(AValue)
+    {
+    }
+
+    TZtChangeType GetChangeType() const { return FChangeType; }
+    QPoint GetStartPos() const { return FStartPos; }
+    QPoint GetEndPos() const { return FEndPos; }
+    /// Where the caret goes after the undo.
+    QPoint GetCaretPos() const { return FCaretPos; }
+    /// The removed text of a cut or delete; empty for insertions.
+    const QString &GetValue() const { return FValue; }
+    void SetValue(const QString &Value) { FValue = Value; }
+
+private:
+    TZtChangeType FChangeType;
+    QPoint FStartPos;
+    QPoint FEndPos;
+    QPoint FCaretPos;
+    QString FValue;
+};
+
+/// The last 100 changes of an editor, each undone by itself. There is no redo.
+class TZtUndoList {
+public:
+    explicit TZtUndoList(TZtCodeEdit *AOwner) : FOwner(AOwner) {}
+
+    /// Records a change; beyond 100 items the oldest is dropped. The list owns the item.
+    TZtUndoItem *AddUndo(TZtChangeType AChangeType, const QPoint &AStartPos, const QPoint &AEndPos,
+                         const QPoint &ACaretPos, const QString &AValue);
+    /// Takes the newest change back and removes it; nothing happens on an empty list.
+    ///
+    /// The recorded positions are used as they are. Where the line of a removed text does not
+    /// exist any more, `EStringListError` is raised and the item is gone; a `ctNone` item raises
+    /// and stays.
+    void Undo();
+
+    int GetCount() const { return int(FUndoList.size()); }
+    /// 0 is the oldest item. The index is not checked.
+    const TZtUndoItem &GetItems(int Index) const { return *FUndoList[size_t(Index)]; }
+    int GetMaxUndo() const { return FMaxUndo; }
+
+private:
+    void PutBack(const TZtUndoItem &AItem);
+    void TakeOut(const TZtUndoItem &AItem);
+
+    int FMaxUndo = 100;
+    TZtCodeEdit *FOwner;
+    std::deque<std::unique_ptr<TZtUndoItem>> FUndoList;
+};

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QPoint>
+
+class TStringList;
+
+/// Where a jump by one word from `AFrom` (character, line; 0-based) leads. The line must exist.
+///
+/// A word is a run of ASCII digits, ASCII letters and characters above 255. Forward, a jump within
+/// a line stops at the line's end before it goes on to the next one. Backward, the character
+/// immediately left of `AFrom` is never looked at, and lines are crossed only from column 0; a jump
+/// that finds no word there leads to the start of the text. The character may be -1 where the scan
+/// met the start of its line.
+QPoint ZtWordJump(const TStringList &ALines, const QPoint &AFrom, bool AForward);
+
+/// Whether the characters at `AColumn` and behind it (0-based) are the two halves of one code
+/// point, which the caret and the deleting keys take as one.
+bool ZtIsPair(const TStringList &ALines, int ALine, int AColumn);

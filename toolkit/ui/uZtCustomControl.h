@@ -1,0 +1,197 @@
+#pragma once
+
+#include "uZtKeys.h"
+#include "uZtMessages.h"
+#include "uZtStringList.h"
+#include "uZtTypes.h"
+
+#include <QWidget>
+
+#include <functional>
+
+class QPainter;
+
+enum class TMouseButton : quint8 { mbLeft, mbRight, mbMiddle };
+
+using TKeyEvent = std::function<void(QObject *Sender, quint16 &Key, TShiftState Shift)>;
+using TMouseEvent =
+    std::function<void(QObject *Sender, TMouseButton Button, TShiftState Shift, int X, int Y)>;
+using TMouseMoveEvent = std::function<void(QObject *Sender, TShiftState Shift, int X, int Y)>;
+
+/// Base of the controls that draw themselves: the published properties that every such control
+/// has, its messages, and the one place where Qt's events become named operations.
+///
+/// Positions are pixels in client coordinates: (0, 0) is the top left corner inside the bevels.
+/// What is raised while an event is handled is caught here and handed to `ZtHandleException`; an
+/// operation that a host calls itself raises to the host.
+class TCustomControl : public QWidget {
+    Q_OBJECT
+    Q_PROPERTY(TBevelEdges BevelEdges READ GetBevelEdges WRITE SetBevelEdges)
+    Q_PROPERTY(TBevelCut BevelInner READ GetBevelInner WRITE SetBevelInner)
+    Q_PROPERTY(TBevelCut BevelOuter READ GetBevelOuter WRITE SetBevelOuter)
+    Q_PROPERTY(TBevelKind BevelKind READ GetBevelKind WRITE SetBevelKind)
+    Q_PROPERTY(int BevelWidth READ GetBevelWidth WRITE SetBevelWidth)
+    Q_PROPERTY(bool Ctl3D READ GetCtl3D WRITE SetCtl3D)
+    Q_PROPERTY(TAlign Align READ GetAlign WRITE SetAlign)
+    Q_PROPERTY(TAnchors Anchors READ GetAnchors WRITE SetAnchors)
+    Q_PROPERTY(QFont Font READ GetFont WRITE SetFont)
+    Q_PROPERTY(int Left READ GetLeft WRITE SetLeft STORED false)
+    Q_PROPERTY(int Top READ GetTop WRITE SetTop STORED false)
+    Q_PROPERTY(int Width READ GetWidth WRITE SetWidth)
+    Q_PROPERTY(int Height READ GetHeight WRITE SetHeight)
+
+public:
+    enum class TBevelEdge : quint8 { beLeft = 1, beTop = 2, beRight = 4, beBottom = 8 };
+    Q_DECLARE_FLAGS(TBevelEdges, TBevelEdge)
+    Q_FLAG(TBevelEdges)
+    enum class TBevelCut : quint8 { bvNone, bvLowered, bvRaised, bvSpace };
+    Q_ENUM(TBevelCut)
+    enum class TBevelKind : quint8 { bkNone, bkTile, bkSoft, bkFlat };
+    Q_ENUM(TBevelKind)
+    enum class TAlign : quint8 { alNone, alTop, alBottom, alLeft, alRight, alClient };
+    Q_ENUM(TAlign)
+    enum class TAnchorKind : quint8 { akLeft = 1, akTop = 2, akRight = 4, akBottom = 8 };
+    Q_DECLARE_FLAGS(TAnchors, TAnchorKind)
+    Q_FLAG(TAnchors)
+
+    explicit TCustomControl(QWidget *AOwner = nullptr);
+    ~TCustomControl() override;
+
+    // --- published properties -------------------------------------------------------------------
+
+    /// The bevel is drawn around the client area when `BevelKind` is not `bkNone`: the outer cut,
+    /// then the inner one, each `BevelWidth` pixels wide, on the chosen edges.
+    TBevelEdges GetBevelEdges() const { return FBevelEdges; }
+    void SetBevelEdges(TBevelEdges Value);
+    TBevelCut GetBevelInner() const { return FBevelInner; }
+    void SetBevelInner(TBevelCut Value);
+    TBevelCut GetBevelOuter() const { return FBevelOuter; }
+    void SetBevelOuter(TBevelCut Value);
+    TBevelKind GetBevelKind() const { return FBevelKind; }
+    void SetBevelKind(TBevelKind Value);
+    int GetBevelWidth() const { return FBevelWidth; }
+    void SetBevelWidth(int Value);
+    bool GetCtl3D() const { return FCtl3D; }
+    void SetCtl3D(bool Value);
+    /// Docks the control to a side of its parent, unless a layout manages it.
+    TAlign GetAlign() const { return FAlign; }
+    void SetAlign(TAlign Value);
+    /// The sides of the parent to which the distance is kept when the parent is resized, unless the
+    /// control is aligned or a layout manages it.
+    TAnchors GetAnchors() const { return FAnchors; }
+    void SetAnchors(TAnchors Value) { FAnchors = Value; }
+    QFont GetFont() const { return font(); }
+    /// Takes effect at the next paint.
+    void SetFont(const QFont &Value) { setFont(Value); }
+    int GetLeft() const { return x(); }
+    void SetLeft(int Value) { SetBounds(Value, y(), width(), height()); }
+    int GetTop() const { return y(); }
+    void SetTop(int Value) { SetBounds(x(), Value, width(), height()); }
+    /// The control's size in pixels, bevels included.
+    int GetWidth() const { return width(); }
+    void SetWidth(int Value) { SetBounds(x(), y(), Value, height()); }
+    int GetHeight() const { return height(); }
+    void SetHeight(int Value) { SetBounds(x(), y(), width(), Value); }
+
+    TKeyEvent OnKeyDown;
+    TMouseEvent OnMouseDown;
+    TMouseEvent OnMouseUp;
+    TMouseMoveEvent OnMouseMove;
+    TNotifyEvent OnDblClick;
+
+    // --- component ------------------------------------------------------------------------------
+
+    /// True between `BeginLoading` and `Loaded`, while a stored form is being read.
+    bool IsLoading() const { return FLoading; }
+    void BeginLoading() { FLoading = true; }
+    virtual void Loaded() { FLoading = false; }
+    /// True when the control is edited in a form designer.
+    bool IsDesigning() const { return FDesigning; }
+    void SetDesigning(bool Value) { FDesigning = Value; }
+    /// Told when an object that was given to `FreeNotification` is destroyed.
+    virtual void Notification(QObject *AComponent, TOperation Operation);
+    void FreeNotification(QObject *AComponent);
+
+    // --- geometry -------------------------------------------------------------------------------
+
+    virtual void SetParent(QWidget *AParent);
+    virtual void SetBounds(int ALeft, int ATop, int AWidth, int AHeight);
+    /// Whether the control has its place in a window.
+    bool WindowAvailable() const { return testAttribute(Qt::WA_WState_Created); }
+    /// The control without its bevels, in the control's own coordinates.
+    QRect ClientArea() const;
+    int GetClientWidth() const { return ClientArea().width(); }
+    int GetClientHeight() const { return ClientArea().height(); }
+
+    /// Asks for a paint.
+    virtual void Invalidate() { update(); }
+    /// Draws the client area. Called for every paint of the control.
+    virtual void Paint() {}
+
+    // --- input; the base fires the host's event --------------------------------------------------
+
+    virtual void KeyDown(quint16 &Key, TShiftState Shift);
+    /// One UTF-16 unit of typed text, in `WParam`.
+    virtual void WMChar(TZtMessage &Message) { Q_UNUSED(Message); }
+    virtual void MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y);
+    virtual void MouseMove(TShiftState Shift, int X, int Y);
+    virtual void MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y);
+    virtual void DblClick();
+    virtual void CMEnter() {}
+    virtual void CMExit() {}
+    /// Handles a message; true when it was one of the control's.
+    virtual bool Dispatch(TZtMessage &Message);
+
+protected:
+    bool event(QEvent *AEvent) override;
+    bool eventFilter(QObject *AWatched, QEvent *AEvent) override;
+    void paintEvent(QPaintEvent *AEvent) override;
+    void keyPressEvent(QKeyEvent *AEvent) override;
+    void inputMethodEvent(QInputMethodEvent *AEvent) override;
+    void mousePressEvent(QMouseEvent *AEvent) override;
+    void mouseMoveEvent(QMouseEvent *AEvent) override;
+    void mouseReleaseEvent(QMouseEvent *AEvent) override;
+    void mouseDoubleClickEvent(QMouseEvent *AEvent) override;
+    void focusInEvent(QFocusEvent *AEvent) override;
+    void focusOutEvent(QFocusEvent *AEvent) override;
+
+    /// The window appeared or changed, or the client area moved.
+    virtual void LayoutChanged() {}
+    /// The focus left for a popup or another window, from where it comes back (`AActive` true).
+    virtual void FocusPaused(bool AActive) { Q_UNUSED(AActive); }
+    /// Hands typed text to `WMChar`, one UTF-16 unit at a time.
+    void TypeCharacters(const QString &S);
+    /// The device of the paint in progress, with the origin at the client area; null outside.
+    QPainter *Canvas() const { return FCanvas; }
+    const QRegion &PaintRegion() const { return FPaintRegion; }
+
+private:
+    struct TMousePosition;
+
+    void BevelChanged();
+    void PaintBevels(QPainter &APainter) const;
+    int EdgeWidth(TBevelEdge AEdge) const;
+    void WatchParent();
+    void ParentResized(const QSize &AOldSize, const QSize &ANewSize);
+    static void AlignControls(QWidget *AParent);
+    bool IsManagedByLayout() const;
+
+    TBevelEdges FBevelEdges = TBevelEdges(0x0F);
+    TBevelCut FBevelInner = TBevelCut::bvRaised;
+    TBevelCut FBevelOuter = TBevelCut::bvLowered;
+    TBevelKind FBevelKind = TBevelKind::bkNone;
+    int FBevelWidth = 1;
+    bool FCtl3D = true;
+    bool FLoading = false;
+    bool FDesigning = false;
+    bool FEntered = false;
+    TAlign FAlign = TAlign::alNone;
+    TAnchors FAnchors = TAnchors(0x03);
+    QWidget *FWatchedParent = nullptr;
+    QPainter *FCanvas = nullptr;
+    QRegion FPaintRegion;
+    QObject FNotices; // receives removal notices; gone before the children are destroyed
+};
+
+Q_DECLARE_OPERATORS_FOR_FLAGS(TCustomControl::TBevelEdges)
+Q_DECLARE_OPERATORS_FOR_FLAGS(TCustomControl::TAnchors)

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QEvent>
+#include <QtGlobal>
+
+class QWidget;
+
+/// The messages that can be posted to a control from outside.
+enum class TZtMsg : quint32 {
+    wmChar = 258,
+    wmMouseWheel = 522,
+    wmCut = 768,
+    wmCopy = 769,
+    wmPaste = 770,
+    wmUndo = 772,
+    wmUser = 1024,
+};
+
+/// A message on its way to a control.
+class TZtMessage : public QEvent {
+public:
+    TZtMessage(quint32 AMsg, quint64 AWParam, qint64 ALParam)
+        : QEvent(EventType()), Msg(AMsg), WParam(AWParam), LParam(ALParam)
+    {
+    }
+    static QEvent::Type EventType();
+
+    quint32 Msg;
+    quint64 WParam;
+    qint64 LParam;
+    qint64 Result = 0;
+};
+
+/// Puts a message into the event queue of `AControl`; it is handled after the current event.
+void ZtPostMessage(QWidget *AControl, quint32 AMsg, quint64 AWParam = 0, qint64 ALParam = 0);
+/// Delivers a message at once and returns its result.
+qint64 ZtSendMessage(QWidget *AControl, quint32 AMsg, quint64 AWParam = 0, qint64 ALParam = 0);
+
+inline void ZtPostMessage(QWidget *AControl, TZtMsg AMsg, quint64 AWParam = 0, qint64 ALParam = 0)
+{
+    ZtPostMessage(AControl, quint32(AMsg), AWParam, ALParam);
+}
+inline qint64 ZtSendMessage(QWidget *AControl, TZtMsg AMsg, quint64 AWParam = 0, qint64 ALParam = 0)
+{
+    return ZtSendMessage(AControl, quint32(AMsg), AWParam, ALParam);
+}

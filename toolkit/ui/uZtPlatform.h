@@ -1,0 +1,65 @@
+#pragma once
+
+#include "uZtKeys.h"
+
+#include <QString>
+
+#include <exception>
+#include <functional>
+
+/// What a message box answers.
+enum TZtMsgBoxResult : int { mrOk = 1, mrCancel = 2, mrYes = 6, mrNo = 7 };
+
+/// The services of the desktop that a test or an unusual host may stand in for. Each member is one
+/// replaceable function; assigning an empty one is a fault.
+struct TZtPlatform {
+    /// The modifier keys that are down now.
+    std::function<TShiftState()> KeyboardShift;
+    /// The clipboard as plain text.
+    std::function<QString()> ClipboardText;
+    std::function<void(const QString &)> SetClipboardText;
+    /// Lines that one notch of the wheel scrolls; may be less than 1.
+    std::function<int()> WheelLines;
+    std::function<void(const QString &AText, const QString &ACaption)> MsgBoxInfo;
+    std::function<int(const QString &AText, const QString &ACaption)> MsgBoxYesNo;
+    std::function<int(const QString &AText, const QString &ACaption)> MsgBoxYesNoCancel;
+    /// Reports what was raised inside an event; the silent abort does not get here.
+    std::function<void(const QString &AMessage)> ShowException;
+};
+
+/// The services in use.
+TZtPlatform &ZtPlatform();
+/// The services as they are without a replacement.
+TZtPlatform ZtDefaultPlatform();
+
+/// A modal notice with OK. An empty caption means the application's name.
+inline void ZtMsgBoxInfo(const QString &AText, const QString &ACaption)
+{
+    ZtPlatform().MsgBoxInfo(AText, ACaption);
+}
+/// A modal question; 6 is Yes, any other value counts as No.
+inline int ZtMsgBoxYesNo(const QString &AText, const QString &ACaption)
+{
+    return ZtPlatform().MsgBoxYesNo(AText, ACaption);
+}
+/// A modal question; 6 is Yes, 2 is Cancel, any other value counts as No.
+inline int ZtMsgBoxYesNoCancel(const QString &AText, const QString &ACaption)
+{
+    return ZtPlatform().MsgBoxYesNoCancel(AText, ACaption);
+}
+
+/// Reports an exception that reached a control's event boundary. The silent abort says nothing.
+void ZtHandleException(std::exception_ptr AException);
+
+/// While it lives, `KeyboardShift` answers with the state that came with the event being handled.
+class TZtEventShift {
+public:
+    explicit TZtEventShift(Qt::KeyboardModifiers AModifiers);
+    ~TZtEventShift();
+    TZtEventShift(const TZtEventShift &) = delete;
+    TZtEventShift &operator=(const TZtEventShift &) = delete;
+
+private:
+    const Qt::KeyboardModifiers *FOuter;
+    Qt::KeyboardModifiers FModifiers;
+};

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "uZtStringList.h"
+
+#include <QScrollBar>
+
+enum class TScrollBarKind : quint8 { sbHorizontal, sbVertical };
+
+/// A scroll bar whose position runs from 0 to `Max`. The page size sets the thumb's length and is
+/// kept as it was given, also when it is negative or larger than the range.
+class TScrollBar : public QScrollBar {
+    Q_OBJECT
+
+public:
+    explicit TScrollBar(QWidget *AOwner);
+
+    /// Fired after the position changed, by whatever means.
+    TNotifyEvent OnChange;
+
+    void SetKind(TScrollBarKind Value);
+    int GetPosition() const { return value(); }
+    /// A value outside 0 to `Max` is clipped.
+    void SetPosition(int Value) { setValue(Value); }
+    int GetMax() const { return maximum(); }
+    void SetMax(int Value) { setMaximum(Value); }
+    int GetPageSize() const { return FPageSize; }
+    void SetPageSize(int Value);
+    int GetLargeChange() const { return FLargeChange; }
+    /// What a click beside the thumb moves by.
+    void SetLargeChange(int Value) { FLargeChange = Value; }
+
+private:
+    int FPageSize = 0;
+    int FLargeChange = 1;
+};
