@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QSize>
+#include <QStringList>
+
+#include <optional>
+
+/// What the program is asked to do.
+struct TCommandLine {
+    QStringList Files;
+    /// The picture to draw instead of showing a window.
+    QString RenderTo;
+    /// The window's size in pixels; invalid for the usual one.
+    QSize Size;
+    /// The caret's line, counted from 1; 0 for none given.
+    int Line = 0;
+};
+
+/// What to print and the exit code to leave with, when there is nothing else to do.
+struct TCommandAnswer {
+    QString Text;
+    int ExitCode;
+};
+
+inline constexpr int ZtFileTrouble = 1;
+inline constexpr int ZtUsageTrouble = 2;
+
+/// Reads the arguments, of which the first is the program's name.
+std::optional<TCommandAnswer> ZtReadCommandLine(const QStringList &AArguments, TCommandLine &ALine);

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "FileStore.h"
+#include "Languages.h"
+#include "uZtStringStream.h"
+
+#include <QWidget>
+
+class TZtCodeEdit;
+
+/// One tab: an editor with its lexer, the file that its text came from and how that is stored.
+class TDocument : public QWidget {
+    Q_OBJECT
+
+public:
+    /// An empty text that has the name `ATitle` until it is saved.
+    explicit TDocument(const QString &ATitle, QWidget *AParent = nullptr);
+
+    /// Reads a file, again or for the first time, into a new editor: what could be undone before
+    /// has no meaning for the text that comes now. Raises `EStreamError` and leaves all as it was
+    /// when the file cannot be read.
+    void Load(const QString &APath);
+    /// Writes `ABytes`, which are the text in `AFormat`, to a file, which becomes the document's.
+    /// Raises `EStreamError` and leaves all as it was when it cannot be written.
+    void Write(const QString &APath, const QByteArray &ABytes, const TZtTextFormat &AFormat);
+
+    /// The absolute path of the file; empty before the first save.
+    const QString &Path() const { return FPath; }
+    /// The name of the file, without its folder.
+    QString Title() const;
+    /// How the file is stored, and the next save will store it.
+    const TZtTextFormat &Format() const { return FFormat; }
+
+    TZtCodeEdit *Editor() const { return FEditor; }
+    /// Whether the text was edited since it was loaded or saved.
+    bool IsModified() const;
+    /// Whether nothing was ever typed into a document without a file.
+    bool IsUnused() const;
+    /// Whether the file is there with other contents than those that were last loaded or saved.
+    bool IsChangedOnDisk() const;
+    /// Whether the file is there just as it was last loaded or saved.
+    bool IsSameOnDisk() const;
+
+    /// The text as bytes. A text that was not edited gives the very bytes that it was loaded from.
+    QByteArray Encode(const TZtTextFormat &AFormat, std::vector<TZtLostChar> &ALost) const;
+
+    const TLanguage &Language() const { return *FLanguage; }
+    void SetLanguage(const TLanguage &ALanguage);
+    /// Puts the caret at the start of a line, counted from 1; beyond the last, of the last.
+    void GoToLine(int ALine);
+
+Q_SIGNALS:
+    /// The text, the caret or anything that this class tells may be another now.
+    void Changed();
+
+private:
+    void NewEditor();
+    void SetText(const TZtStringStream &AStream);
+
+    QString FTitle;
+    QString FPath;
+    TZtTextFormat FFormat;
+    TZtFileFingerprint FFingerprint;
+    // What was loaded, kept only when the lines do not give it back.
+    QByteArray FLoadedBytes;
+    const TLanguage *FLanguage;
+    TZtCodeEdit *FEditor = nullptr;
+};

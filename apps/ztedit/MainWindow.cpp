@@ -1,0 +1,415 @@
+#include "MainWindow.h"
+
+#include "Document.h"
+#include "SaveFlow.h"
+
+#include "uZtCodeEdit.h"
+#include "uZtException.h"
+#include "uZtMessages.h"
+#include "uZtPlatform.h"
+
+#include <QActionGroup>
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QDragEnterEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QStatusBar>
+#include <QTabWidget>
+
+namespace {
+
+constexpr int MessageTime = 5000;
+
+bool HasSelection(const TZtCodeEdit &AEditor)
+{
+    const QPoint start = AEditor.GetSelStart();
+    const QPoint end = AEditor.GetSelEnd();
+    return start.x() != -1 && end.x() != -1 && start != end;
+}
+
+} // namespace
+
+// A text with a tab shows the part after it as the key. The editor handles the keys of the
+// commands that have one there by itself; a shortcut would take them away from it.
+struct TMainWindow::TCommand {
+    const char *Text;
+    const char *Shortcut;
+    void (TMainWindow::*Run)();
+    QAction *TMainWindow::*Action = nullptr;
+};
+
+TMainWindow::TMainWindow(QWidget *AParent) : QMainWindow(AParent), FTabs(new QTabWidget(this))
+{
+    FTabs->setDocumentMode(true);
+    FTabs->setTabsClosable(true);
+    FTabs->setMovable(true);
+    setCentralWidget(FTabs);
+    setAcceptDrops(true);
+    CreateMenus();
+    CreateStatusBar();
+    connect(FTabs, &QTabWidget::currentChanged, this, [this] {
+        if (TDocument *document = CurrentDocument())
+            document->setFocus();
+        Refresh();
+    });
+    connect(FTabs, &QTabWidget::tabCloseRequested, this,
+            [this](int index) { CloseDocument(Document(index)); });
+    resize(900, 640);
+    Refresh();
+}
+
+void TMainWindow::CreateMenus()
+{
+    using TWin = TMainWindow;
+    static constexpr TCommand file[] = {
+        {QT_TR_NOOP("&New"), "Ctrl+N", &TWin::New},
+        {QT_TR_NOOP("&Open…"), "Ctrl+O", &TWin::Open},
+        {},
+        {QT_TR_NOOP("&Save"), "Ctrl+S", &TWin::SaveCurrent},
+        {QT_TR_NOOP("Save &as…"), "Ctrl+Shift+S", &TWin::SaveAs},
+        {QT_TR_NOOP("Save a&ll"), nullptr, &TWin::SaveAll},
+        {QT_TR_NOOP("&Reload"), nullptr, &TWin::Reload, &TWin::FReload},
+        {},
+        {QT_TR_NOOP("&Close"), "Ctrl+W", &TWin::CloseCurrent},
+        {QT_TR_NOOP("&Quit"), "Ctrl+Q", nullptr},
+    };
+    static constexpr TCommand edit[] = {
+        {QT_TR_NOOP("&Undo\tCtrl+Z"), nullptr, &TWin::Undo, &TWin::FUndo},
+        {},
+        {QT_TR_NOOP("Cu&t\tCtrl+X"), nullptr, &TWin::Cut, &TWin::FCut},
+        {QT_TR_NOOP("&Copy\tCtrl+C"), nullptr, &TWin::Copy, &TWin::FCopy},
+        {QT_TR_NOOP("&Paste\tCtrl+V"), nullptr, &TWin::Paste, &TWin::FPaste},
+        {},
+        {QT_TR_NOOP("Select &all\tCtrl+A"), nullptr, &TWin::SelectAll},
+    };
+    static constexpr TCommand search[] = {
+        {QT_TR_NOOP("&Find…\tCtrl+F"), nullptr, &TWin::Find},
+        {QT_TR_NOOP("&Replace…\tCtrl+R"), nullptr, &TWin::Replace},
+        {QT_TR_NOOP("Find &again\tF3"), nullptr, &TWin::FindAgain},
+    };
+    CreateMenu(tr("&File"), std::begin(file), std::end(file));
+    connect(CreateMenu(tr("&Edit"), std::begin(edit), std::end(edit)), &QMenu::aboutToShow, this,
+            &TMainWindow::RefreshEditMenu);
+    CreateMenu(tr("&Search"), std::begin(search), std::end(search));
+    CreateLanguageMenu();
+}
+
+QMenu *TMainWindow::CreateMenu(const QString &ATitle, const TCommand *AFirst, const TCommand *ALast)
+{
+    QMenu *menu = menuBar()->addMenu(ATitle);
+    for (const TCommand *command = AFirst; command != ALast; ++command) {
+        if (!command->Text) {
+            menu->addSeparator();
+            continue;
+        }
+        QAction *action = menu->addAction(tr(command->Text));
+        if (command->Shortcut)
+            action->setShortcut(QKeySequence(QLatin1StringView(command->Shortcut)));
+        if (command->Run)
+            connect(action, &QAction::triggered, this,
+                    [this, run = command->Run] { (this->*run)(); });
+        else
+            connect(action, &QAction::triggered, this, &QWidget::close);
+        if (command->Action)
+            this->*command->Action = action;
+    }
+    return menu;
+}
+
+void TMainWindow::CreateLanguageMenu()
+{
+    QMenu *menu = menuBar()->addMenu(tr("&Language"));
+    FLanguages = new QActionGroup(this);
+    for (const TLanguage &language : ZtLanguages()) {
+        QAction *action = menu->addAction(ZtLanguageName(language));
+        action->setCheckable(true);
+        FLanguages->addAction(action);
+        connect(action, &QAction::triggered, this, [this, &language] {
+            if (TDocument *document = CurrentDocument())
+                document->SetLanguage(language);
+        });
+    }
+}
+
+void TMainWindow::CreateStatusBar()
+{
+    for (QLabel **label : {&FPosition, &FLanguage, &FEncoding, &FLineEnding}) {
+        *label = new QLabel(this);
+        (*label)->setContentsMargins(8, 0, 8, 0);
+        statusBar()->addPermanentWidget(*label);
+    }
+}
+
+int TMainWindow::DocumentCount() const { return FTabs->count(); }
+
+TDocument *TMainWindow::Document(int AIndex) const
+{
+    return qobject_cast<TDocument *>(FTabs->widget(AIndex));
+}
+
+TDocument *TMainWindow::CurrentDocument() const { return Document(FTabs->currentIndex()); }
+
+void TMainWindow::ShowDocument(int AIndex) { FTabs->setCurrentIndex(AIndex); }
+
+TDocument *TMainWindow::NewDocument()
+{
+    auto *document = new TDocument(tr("Untitled %1").arg(++FNewCount));
+    AddDocument(document);
+    return document;
+}
+
+void TMainWindow::AddDocument(TDocument *ADocument)
+{
+    connect(ADocument, &TDocument::Changed, this, &TMainWindow::RefreshLater);
+    FTabs->setCurrentIndex(FTabs->addTab(ADocument, ADocument->Title()));
+    Refresh();
+}
+
+TDocument *TMainWindow::DocumentOf(const QString &APath) const
+{
+    const QString target = ZtFollowLinks(APath);
+    for (int i = 0; i < DocumentCount(); ++i)
+        if (!Document(i)->Path().isEmpty() && ZtFollowLinks(Document(i)->Path()) == target)
+            return Document(i);
+    return nullptr;
+}
+
+TDocument *TMainWindow::OpenFile(const QString &APath)
+{
+    if (TDocument *open = DocumentOf(APath)) {
+        FTabs->setCurrentWidget(open);
+        return open;
+    }
+    auto document = std::make_unique<TDocument>(QString());
+    document->Load(APath);
+    TDocument *unused = CurrentDocument();
+    AddDocument(document.get());
+    if (unused && unused->IsUnused())
+        delete unused;
+    return document.release();
+}
+
+void TMainWindow::OpenFiles(const QStringList &APaths)
+{
+    QStringList messages;
+    for (const QString &path : APaths) {
+        try {
+            OpenFile(path);
+        } catch (const EStreamError &error) {
+            messages.append(error.Message());
+        }
+    }
+    if (!messages.isEmpty())
+        ZtMsgBoxInfo(messages.join(QLatin1Char('\n')), QCoreApplication::applicationName());
+}
+
+void TMainWindow::New() { NewDocument(); }
+
+void TMainWindow::Open()
+{
+    const TDocument *current = CurrentDocument();
+    const QString folder = current ? QFileInfo(current->Path()).path() : QString();
+    OpenFiles(QFileDialog::getOpenFileNames(this, tr("Open files"), folder));
+}
+
+void TMainWindow::SaveCurrent()
+{
+    if (TDocument *document = CurrentDocument())
+        Save(document);
+}
+
+void TMainWindow::SaveAs()
+{
+    if (TDocument *document = CurrentDocument())
+        AskForNameAndSave(document);
+}
+
+void TMainWindow::SaveAll()
+{
+    for (int i = 0; i < DocumentCount(); ++i)
+        if (Document(i)->IsModified() && !Save(Document(i)))
+            return;
+}
+
+bool TMainWindow::Save(TDocument *ADocument)
+{
+    if (ADocument->Path().isEmpty())
+        return AskForNameAndSave(ADocument);
+    const bool saved = ZtSaveDocument(*ADocument);
+    if (saved)
+        statusBar()->showMessage(tr("%1 is saved").arg(ADocument->Title()), MessageTime);
+    return saved;
+}
+
+bool TMainWindow::AskForNameAndSave(TDocument *ADocument)
+{
+    FTabs->setCurrentWidget(ADocument);
+    const QString start = ADocument->Path().isEmpty() ? ADocument->Title() : ADocument->Path();
+    const QString path = QFileDialog::getSaveFileName(this, tr("Save as"), start);
+    if (path.isEmpty())
+        return false;
+    const TDocument *open = DocumentOf(path);
+    if (open && open != ADocument) {
+        ZtMsgBoxInfo(tr("\"%1\" is open in another tab.").arg(path),
+                     QCoreApplication::applicationName());
+        return false;
+    }
+    return ZtSaveDocumentAs(*ADocument, path);
+}
+
+void TMainWindow::Reload()
+{
+    TDocument *document = CurrentDocument();
+    if (!document || document->Path().isEmpty())
+        return;
+    if (document->IsModified() &&
+        ZtMsgBoxYesNo(tr("Give up the changes to \"%1\" and read it again?").arg(document->Title()),
+                      QCoreApplication::applicationName()) != mrYes)
+        return;
+    try {
+        const int line = document->Editor()->GetLinePos() + 1;
+        document->Load(document->Path());
+        document->GoToLine(line);
+    } catch (const EStreamError &error) {
+        ZtMsgBoxInfo(error.Message(), QCoreApplication::applicationName());
+    }
+}
+
+bool TMainWindow::ConfirmDiscard(TDocument *ADocument)
+{
+    if (!ADocument->IsModified())
+        return true;
+    FTabs->setCurrentWidget(ADocument);
+    const int answer =
+        ZtMsgBoxYesNoCancel(tr("Save the changes to \"%1\"?").arg(ADocument->Title()),
+                            QCoreApplication::applicationName());
+    if (answer == mrYes)
+        return Save(ADocument);
+    return answer == mrNo;
+}
+
+bool TMainWindow::CloseDocument(TDocument *ADocument)
+{
+    if (!ADocument || !ConfirmDiscard(ADocument))
+        return false;
+    delete ADocument;
+    Refresh();
+    return true;
+}
+
+void TMainWindow::CloseCurrent() { CloseDocument(CurrentDocument()); }
+
+void TMainWindow::closeEvent(QCloseEvent *AEvent)
+{
+    for (int i = 0; i < DocumentCount(); ++i)
+        if (!ConfirmDiscard(Document(i))) {
+            AEvent->ignore();
+            return;
+        }
+    AEvent->accept();
+}
+
+void TMainWindow::dragEnterEvent(QDragEnterEvent *AEvent)
+{
+    if (AEvent->mimeData()->hasUrls())
+        AEvent->acceptProposedAction();
+}
+
+void TMainWindow::dropEvent(QDropEvent *AEvent)
+{
+    QStringList paths;
+    for (const QUrl &url : AEvent->mimeData()->urls())
+        if (url.isLocalFile())
+            paths.append(url.toLocalFile());
+    AEvent->acceptProposedAction();
+    OpenFiles(paths);
+}
+
+void TMainWindow::Post(quint32 AMsg, quint64 AWParam)
+{
+    if (TDocument *document = CurrentDocument())
+        ZtPostMessage(document->Editor(), AMsg, AWParam);
+}
+
+void TMainWindow::Undo() { Post(quint32(TZtMsg::wmUndo)); }
+void TMainWindow::Cut() { Post(quint32(TZtMsg::wmCut)); }
+void TMainWindow::Copy() { Post(quint32(TZtMsg::wmCopy)); }
+void TMainWindow::Paste() { Post(quint32(TZtMsg::wmPaste)); }
+void TMainWindow::Find() { Post(quint32(TZtMsg::wmUser) + 2, 0); }
+void TMainWindow::Replace() { Post(quint32(TZtMsg::wmUser) + 2, 1); }
+void TMainWindow::FindAgain() { Post(quint32(TZtMsg::wmUser) + 3); }
+
+void TMainWindow::SelectAll()
+{
+    quint16 key = TZtKey::Letter('A');
+    if (TDocument *document = CurrentDocument())
+        document->Editor()->KeyDown(key, ssCtrl);
+}
+
+// The editor announces a change before it makes it, so it is looked at after the event.
+void TMainWindow::RefreshLater()
+{
+    if (FRefreshing)
+        return;
+    FRefreshing = true;
+    QMetaObject::invokeMethod(this, &TMainWindow::Refresh, Qt::QueuedConnection);
+}
+
+void TMainWindow::Refresh()
+{
+    FRefreshing = false;
+    for (int i = 0; i < DocumentCount(); ++i)
+        RefreshTab(i);
+    RefreshStatus();
+    const TDocument *document = CurrentDocument();
+    FReload->setEnabled(document && !document->Path().isEmpty());
+    setWindowTitle(document ? document->Title() + QStringLiteral("[*]") : QString());
+    setWindowModified(document && document->IsModified());
+    setWindowFilePath(document ? document->Path() : QString());
+}
+
+void TMainWindow::RefreshTab(int AIndex)
+{
+    const TDocument *document = Document(AIndex);
+    QString text = document->Title() + (document->IsModified() ? QStringLiteral("*") : QString());
+    text.replace(QLatin1Char('&'), QLatin1StringView("&&"));
+    if (FTabs->tabText(AIndex) != text)
+        FTabs->setTabText(AIndex, text);
+    FTabs->setTabToolTip(AIndex, document->Path());
+}
+
+void TMainWindow::RefreshStatus()
+{
+    const TDocument *document = CurrentDocument();
+    FLanguages->setEnabled(document);
+    for (QLabel *label : {FPosition, FLanguage, FEncoding, FLineEnding})
+        label->setVisible(document);
+    if (!document)
+        return;
+    const TZtTextFormat &format = document->Format();
+    FPosition->setText(tr("Line %1, column %2")
+                           .arg(document->Editor()->GetLinePos() + 1)
+                           .arg(document->Editor()->GetCharPos() + 1));
+    FLanguage->setText(ZtLanguageName(document->Language()));
+    const QString encoding = ZtEncodingName(format.Encoding);
+    FEncoding->setText(format.Mark ? tr("%1 with byte-order mark").arg(encoding) : encoding);
+    const QString ending = ZtLineEndingName(format.LineEnding);
+    FLineEnding->setText(format.MixedLineEndings ? tr("%1, mixed").arg(ending) : ending);
+    const auto index = &document->Language() - ZtLanguages().data();
+    FLanguages->actions().at(index)->setChecked(true);
+}
+
+void TMainWindow::RefreshEditMenu()
+{
+    const TDocument *document = CurrentDocument();
+    const TZtCodeEdit *editor = document ? document->Editor() : nullptr;
+    const bool selected = editor && HasSelection(*editor);
+    FUndo->setEnabled(editor && editor->GetCanUndo());
+    FCut->setEnabled(selected && !editor->GetReadOnly());
+    FCopy->setEnabled(selected);
+    FPaste->setEnabled(editor && !editor->GetReadOnly() && editor->GetCanPaste());
+}

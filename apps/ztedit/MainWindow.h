@@ -1,0 +1,88 @@
+#pragma once
+
+#include <QMainWindow>
+
+class QActionGroup;
+class QLabel;
+class QMenu;
+class QTabWidget;
+class TDocument;
+
+/// The window: a tab for each document, the menus and the status bar.
+class TMainWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    explicit TMainWindow(QWidget *AParent = nullptr);
+
+    /// Opens a file in a tab of its own, or shows the tab that it is open in. Raises `EStreamError`
+    /// when it cannot be read.
+    TDocument *OpenFile(const QString &APath);
+    /// `OpenFile` for each; tells the user about those that cannot be read.
+    void OpenFiles(const QStringList &APaths);
+    TDocument *NewDocument();
+
+    int DocumentCount() const;
+    TDocument *Document(int AIndex) const;
+    /// The document in front; null when there is none.
+    TDocument *CurrentDocument() const;
+    void ShowDocument(int AIndex);
+
+    /// Saves under its own name, or asks for one. Answers whether it went through.
+    bool Save(TDocument *ADocument);
+    /// Closes a tab, after a question when its text is not saved. Answers whether it was closed.
+    bool CloseDocument(TDocument *ADocument);
+
+protected:
+    void closeEvent(QCloseEvent *AEvent) override;
+    void dragEnterEvent(QDragEnterEvent *AEvent) override;
+    void dropEvent(QDropEvent *AEvent) override;
+
+private:
+    struct TCommand;
+    void CreateMenus();
+    QMenu *CreateMenu(const QString &ATitle, const TCommand *AFirst, const TCommand *ALast);
+    void CreateLanguageMenu();
+    void CreateStatusBar();
+
+    void New();
+    void Open();
+    void SaveCurrent();
+    void SaveAs();
+    void SaveAll();
+    void Reload();
+    void CloseCurrent();
+    void Undo();
+    void Cut();
+    void Copy();
+    void Paste();
+    void SelectAll();
+    void Find();
+    void Replace();
+    void FindAgain();
+
+    bool AskForNameAndSave(TDocument *ADocument);
+    bool ConfirmDiscard(TDocument *ADocument);
+    TDocument *DocumentOf(const QString &APath) const;
+    void AddDocument(TDocument *ADocument);
+    void Post(quint32 AMsg, quint64 AWParam = 0);
+    void RefreshLater();
+    void Refresh();
+    void RefreshTab(int AIndex);
+    void RefreshStatus();
+    void RefreshEditMenu();
+
+    QTabWidget *FTabs;
+    QLabel *FPosition = nullptr;
+    QLabel *FLanguage = nullptr;
+    QLabel *FEncoding = nullptr;
+    QLabel *FLineEnding = nullptr;
+    QActionGroup *FLanguages = nullptr;
+    QAction *FUndo = nullptr;
+    QAction *FCut = nullptr;
+    QAction *FCopy = nullptr;
+    QAction *FPaste = nullptr;
+    QAction *FReload = nullptr;
+    int FNewCount = 0;
+    bool FRefreshing = false;
+};

@@ -1,0 +1,133 @@
+#include "CommandLine.h"
+#include "Document.h"
+#include "MainWindow.h"
+
+#include "uZtException.h"
+
+#include <QApplication>
+#include <QBuffer>
+#include <QDir>
+#include <QFileInfo>
+#include <QLayout>
+#include <QTemporaryFile>
+
+#include <cstdio>
+
+namespace {
+
+void PrintLine(FILE *ATo, const QString &AText)
+{
+    std::fprintf(ATo, "%s\n", AText.trimmed().toLocal8Bit().constData());
+}
+
+int Fail(const QString &AText, int AExitCode)
+{
+    PrintLine(stderr, QStringLiteral("ztedit: ") + AText);
+    return AExitCode;
+}
+
+bool HasDisplay()
+{
+    return !qEnvironmentVariableIsEmpty("DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+}
+
+// On a machine without a login session Qt remarks on a folder that nothing here uses. All else that
+// it has to say goes on to where it went.
+QtMessageHandler OuterHandler = nullptr;
+
+void HandleMessage(QtMsgType AType, const QMessageLogContext &AContext, const QString &AText)
+{
+    if (!AText.startsWith(QLatin1StringView("QStandardPaths: XDG_RUNTIME_DIR not set")))
+        OuterHandler(AType, AContext, AText);
+}
+
+// A new file for the picture of a machine without a display.
+QString NewPictureName()
+{
+    QTemporaryFile file(QDir::tempPath() + QStringLiteral("/ztedit-XXXXXX.png"));
+    file.setAutoRemove(false);
+    if (!file.open())
+        throw EStreamError(QCoreApplication::translate("main", "Cannot make a file in \"%1\": %2.")
+                               .arg(QDir::tempPath(), file.errorString()));
+    return file.fileName();
+}
+
+// Shows the window as the command line wants it. The caret comes last: what is in view around it
+// depends on the size.
+void Show(TMainWindow &AWindow, const TCommandLine &ALine)
+{
+    if (ALine.Size.isValid())
+        AWindow.resize(ALine.Size);
+    AWindow.show();
+    QCoreApplication::processEvents();
+    if (ALine.Line > 0)
+        AWindow.CurrentDocument()->GoToLine(ALine.Line);
+}
+
+void Render(TMainWindow &AWindow, const TCommandLine &ALine)
+{
+    // The picture has the size that was asked for, also when the menus do not fit.
+    AWindow.layout()->setSizeConstraint(QLayout::SetNoConstraint);
+    Show(AWindow, ALine);
+    QCoreApplication::processEvents();
+    QByteArray picture;
+    QBuffer buffer(&picture);
+    AWindow.grab().save(&buffer, "PNG");
+    const QString path = ALine.RenderTo.isEmpty() ? NewPictureName() : ALine.RenderTo;
+    ZtSaveFile(path, picture);
+    PrintLine(stdout, QCoreApplication::translate("main", "The window is drawn in %1")
+                          .arg(QFileInfo(path).absoluteFilePath()));
+}
+
+void OpenAll(TMainWindow &AWindow, const TCommandLine &ALine)
+{
+    for (const QString &file : ALine.Files)
+        AWindow.OpenFile(file);
+    if (ALine.Files.isEmpty())
+        AWindow.NewDocument();
+    AWindow.ShowDocument(0);
+}
+
+int Run(const TCommandLine &ALine, bool AOffScreen)
+{
+    TMainWindow window;
+    OpenAll(window, ALine);
+    if (AOffScreen) {
+        Render(window, ALine);
+        return 0;
+    }
+    Show(window, ALine);
+    return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication::setApplicationName(QStringLiteral("ztedit"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(ZT_VERSION));
+    TCommandLine line;
+    {
+        // The arguments are read without a display, which --help must not need.
+        const QCoreApplication application(argc, argv);
+        if (const auto answer = ZtReadCommandLine(QCoreApplication::arguments(), line)) {
+            if (answer->ExitCode != 0)
+                return Fail(answer->Text, answer->ExitCode);
+            PrintLine(stdout, answer->Text);
+            return 0;
+        }
+    }
+    const bool offScreen = !line.RenderTo.isEmpty() || !HasDisplay();
+    if (offScreen)
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    OuterHandler = qInstallMessageHandler(HandleMessage);
+    const QApplication application(argc, argv);
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Zt Code Editor"));
+    try {
+        return Run(line, offScreen);
+    } catch (const EZtException &error) {
+        return Fail(error.Message(), ZtFileTrouble);
+    }
+}

@@ -1,0 +1,248 @@
+#include "Document.h"
+#include "MainWindow.h"
+#include "SaveFlow.h"
+
+#include "uZtCodeEdit.h"
+#include "uZtException.h"
+#include "uZtPlatform.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QMenuBar>
+#include <QTabBar>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Answers the message boxes and keeps what they said.
+class Host : public testing::Test {
+protected:
+    Host()
+    {
+        const auto box = [this](const QString &text, const QString &) {
+            Asked.append(text);
+            return Answer;
+        };
+        ZtPlatform().MsgBoxInfo = box;
+        ZtPlatform().MsgBoxYesNo = box;
+        ZtPlatform().MsgBoxYesNoCancel = box;
+    }
+    ~Host() override { ZtPlatform() = ZtDefaultPlatform(); }
+
+    QString Make(const char *AName, const QByteArray &ABytes) const
+    {
+        QFile file(Folder.filePath(QString::fromLatin1(AName)));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(ABytes);
+        return file.fileName();
+    }
+    // The file after `AText` was put in front of its first line and saved.
+    QByteArray SavedAfterEdit(const QString &APath, const QString &AText)
+    {
+        TDocument document(u"new"_s);
+        document.Load(APath);
+        document.Editor()->InsertText(TZtChangeType::ctPaste, AText);
+        EXPECT_TRUE(document.IsModified());
+        Saved = ZtSaveDocument(document);
+        EXPECT_EQ(document.IsModified(), !Saved);
+        return ZtReadFile(APath);
+    }
+
+    QTemporaryDir Folder;
+    QStringList Asked;
+    int Answer = mrYes;
+    bool Saved = false;
+};
+
+QByteArray Raw(const char *AHex) { return QByteArray::fromHex(AHex); }
+
+// As it is loaded, and after an "x" was put in front.
+const struct {
+    const char *Name;
+    QByteArray Loaded;
+    QByteArray Edited;
+    int Questions;
+} Files[] = {
+    {"empty", "", "x", 0},
+    {"crlf.pas", "a\r\nb\r\n", "xa\r\nb\r\n", 0},
+    {"no final break", "a\nb", "xa\nb", 0},
+    {"blank lines", "a  \n\n\n", "xa  \n\n\n", 0},
+    {"cr", "a\rb\r", "xa\rb\r", 0},
+    {"nul", QByteArray("a\0b\n", 4), QByteArray("xa\0b\n", 5), 0},
+    {"utf-8 mark", "\xEF\xBB\xBF\xE2\x82\xAC\n", "\xEF\xBB\xBFx\xE2\x82\xAC\n", 0},
+    {"windows", "\xE4\x80\x81\r\n", "x\xE4\x80\x81\r\n", 0},
+    {"utf-16", Raw("feff00610000000a"), Raw("feff007800610000000a"), 0},
+    {"mixed", "a\nb\r\nc\r\nd", "xa\r\nb\r\nc\r\nd", 1},
+    {"odd byte", Raw("fffe610062"), Raw("fffe78006100fdff"), 1},
+};
+
+} // namespace
+
+TEST_F(Host, AnUneditedFileKeepsItsBytes)
+{
+    for (const auto &row : Files) {
+        SCOPED_TRACE(row.Name);
+        const QString path = Make(row.Name, row.Loaded);
+        TDocument document(u"new"_s);
+        document.Load(path);
+        EXPECT_FALSE(document.IsModified());
+        EXPECT_TRUE(ZtSaveDocumentAs(document, Folder.filePath(u"copy"_s)));
+        EXPECT_EQ(ZtReadFile(Folder.filePath(u"copy"_s)), row.Loaded);
+        QFile::remove(document.Path());
+        EXPECT_TRUE(ZtSaveDocument(document));
+        EXPECT_EQ(ZtReadFile(document.Path()), row.Loaded);
+    }
+    EXPECT_TRUE(Asked.isEmpty());
+}
+
+TEST_F(Host, AnEditedFileKeepsItsFormat)
+{
+    for (const auto &row : Files) {
+        SCOPED_TRACE(row.Name);
+        Asked.clear();
+        const QString path = Make(row.Name, row.Loaded);
+        EXPECT_EQ(SavedAfterEdit(path, u"x"_s), row.Edited);
+        EXPECT_EQ(Asked.size(), row.Questions);
+    }
+}
+
+TEST_F(Host, ARefusedQuestionLeavesTheFile)
+{
+    Answer = mrNo;
+    const struct {
+        QByteArray Loaded;
+        QString Typed;
+        const char *Question;
+    } rows[] = {
+        {"a\n\r\n", u"x"_s, "mixed. All of them will be written as LF."},
+        {Raw("fffe610062"), u"x"_s, "holds bytes that are no UTF-16 LE text"},
+        {"\xE4\n", u"\n\u0142"_s,
+         "the first is \u0142 (U+0142) in line 2, column 1. Save it as UTF-8"},
+        {"a\n", QString(QChar(0xD83D)),
+         "the first is U+D83D in line 1, column 1. Save it as UTF-16"},
+    };
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.Question);
+        EXPECT_EQ(SavedAfterEdit(Make("a", row.Loaded), row.Typed), row.Loaded);
+        EXPECT_FALSE(Saved);
+        EXPECT_TRUE(Asked.last().contains(QString::fromUtf8(row.Question)))
+            << Asked.last().toStdString();
+    }
+}
+
+TEST_F(Host, AnAgreedEncodingHoldsEveryCharacter)
+{
+    EXPECT_EQ(SavedAfterEdit(Make("a", "\xE4\r\n"), u"\u0142"_s), "\u0142\u00E4\r\n");
+    EXPECT_EQ(SavedAfterEdit(Make("b", "a"), QString(QChar(0xD83D))), Raw("fffe3dd86100"));
+}
+
+TEST_F(Host, AForeignChangeIsNotOverwrittenUnasked)
+{
+    const QString path = Make("a.pas", "one\n");
+    TDocument document(u"new"_s);
+    document.Load(path);
+    document.Editor()->InsertText(TZtChangeType::ctPaste, u"x"_s);
+    Make("a.pas", "two\n");
+    Answer = mrNo;
+    EXPECT_FALSE(ZtSaveDocument(document));
+    EXPECT_EQ(ZtReadFile(path), "two\n");
+    Answer = mrYes;
+    EXPECT_TRUE(ZtSaveDocument(document));
+    EXPECT_EQ(ZtReadFile(path), "xone\n");
+    EXPECT_EQ(Asked.size(), 2);
+}
+
+TEST_F(Host, LoadingAgainForgetsTheUndoListAndKeepsTheLanguage)
+{
+    const QString path = Make("a.pas", "one\n");
+    TDocument document(u"new"_s);
+    document.Load(path);
+    EXPECT_STREQ(document.Language().Name, "Pascal");
+    document.SetLanguage(ZtLanguages()[0]);
+    EXPECT_FALSE(document.IsModified());
+    document.Editor()->InsertText(TZtChangeType::ctPaste, u"x"_s);
+    Make("a.pas", "two\n");
+    document.Load(path);
+    EXPECT_FALSE(document.IsModified());
+    EXPECT_FALSE(document.Editor()->GetCanUndo());
+    EXPECT_EQ(document.Editor()->GetText(), u"two\r\n"_s);
+    EXPECT_STREQ(document.Language().Name, "Plain text");
+    EXPECT_THROW(document.Load(path + u"none"_s), EStreamError);
+    EXPECT_EQ(document.Path(), path);
+}
+
+TEST_F(Host, AFileIsOpenInOneTabAndAnUnusedTabGoes)
+{
+    TMainWindow window;
+    window.NewDocument();
+    TDocument *first = window.OpenFile(Make("a.pas", "one"));
+    EXPECT_EQ(window.DocumentCount(), 1);
+    window.OpenFile(Make("b.sql", "two"));
+    QFile::link(first->Path(), Folder.filePath(u"link"_s));
+    EXPECT_EQ(window.OpenFile(Folder.filePath(u"link"_s)), first);
+    EXPECT_EQ(window.DocumentCount(), 2);
+    EXPECT_EQ(window.CurrentDocument(), first);
+    window.OpenFiles({Folder.filePath(u"none"_s), Folder.path()});
+    EXPECT_EQ(window.DocumentCount(), 2);
+    EXPECT_EQ(Asked.size(), 1);
+}
+
+TEST_F(Host, ClosingAsksAboutAnEditedText)
+{
+    const QString path = Make("a.pas", "one");
+    TMainWindow window;
+    TDocument *document = window.OpenFile(path);
+    document->Editor()->InsertText(TZtChangeType::ctPaste, u"x"_s);
+    QApplication::processEvents();
+    EXPECT_TRUE(window.isWindowModified());
+    EXPECT_EQ(window.findChild<QTabBar *>()->tabText(0), u"a.pas*"_s);
+    Answer = mrCancel;
+    EXPECT_FALSE(window.close());
+    EXPECT_FALSE(window.CloseDocument(document));
+    Answer = mrYes;
+    EXPECT_TRUE(window.CloseDocument(document));
+    EXPECT_EQ(ZtReadFile(path), "xone");
+    document = window.OpenFile(path);
+    document->Editor()->InsertText(TZtChangeType::ctPaste, u"y"_s);
+    Answer = mrNo;
+    EXPECT_TRUE(window.close());
+    EXPECT_EQ(ZtReadFile(path), "xone");
+}
+
+TEST_F(Host, TheEditMenuActsOnTheEditor)
+{
+    QString clipboard;
+    ZtPlatform().ClipboardText = [&] { return clipboard; };
+    ZtPlatform().SetClipboardText = [&](const QString &text) { clipboard = text; };
+    ZtPlatform().KeyboardShift = [] { return TShiftState(); };
+    TMainWindow window;
+    TZtCodeEdit *editor = window.OpenFile(Make("a.pas", "one"))->Editor();
+    QMenu *menu = window.menuBar()->actions().at(1)->menu();
+    const auto act = [&](const char *name) {
+        Q_EMIT menu->aboutToShow();
+        for (QAction *action : menu->actions())
+            if (action->text().remove(u'&').section(u'\t', 0, 0) == QLatin1StringView(name)) {
+                const bool enabled = action->isEnabled();
+                action->trigger();
+                QApplication::processEvents();
+                return enabled;
+            }
+        return false;
+    };
+    for (const char *name : {"Undo", "Cut", "Copy", "Paste"})
+        EXPECT_FALSE(act(name)) << name;
+    EXPECT_TRUE(act("Select all"));
+    EXPECT_TRUE(act("Copy"));
+    EXPECT_TRUE(act("Paste"));
+    EXPECT_TRUE(act("Paste"));
+    EXPECT_EQ(editor->GetText(), u"oneone\r\n"_s);
+    EXPECT_TRUE(act("Undo"));
+    EXPECT_EQ(editor->GetText(), u"one\r\n"_s);
+    act("Select all");
+    EXPECT_TRUE(act("Cut"));
+    EXPECT_EQ(clipboard, u"one"_s);
+}

@@ -1,0 +1,151 @@
+#include "CommandLine.h"
+#include "FileStore.h"
+
+#include "uZtException.h"
+#include "uZtStringStream.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class FileStore : public testing::Test {
+protected:
+    QString Path(const char *AName) const { return Folder.filePath(QString::fromLatin1(AName)); }
+    QString Make(const char *AName, const QByteArray &ABytes) const
+    {
+        QFile file(Path(AName));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(ABytes);
+        return file.fileName();
+    }
+    QStringList Names() const
+    {
+        return QDir(Folder.path())
+            .entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot);
+    }
+
+    QTemporaryDir Folder;
+};
+
+mode_t ModeOf(const QString &APath)
+{
+    struct stat status = {};
+    stat(QFile::encodeName(APath).constData(), &status);
+    return status.st_mode & 07777;
+}
+
+std::string MessageOfSave(const QString &APath)
+{
+    try {
+        ZtSaveFile(APath, QByteArray(5000, 'n'));
+    } catch (const EStreamError &error) {
+        return error.what();
+    }
+    return {};
+}
+
+} // namespace
+
+TEST_F(FileStore, SavingKeepsTheModeAndLeavesNothingElse)
+{
+    const QString path = Make("a.pas", "old");
+    for (const mode_t mode : {0640u, 0755u, 0604u}) {
+        chmod(QFile::encodeName(path).constData(), mode);
+        ZtSaveFile(path, "new");
+        EXPECT_EQ(ModeOf(path), mode);
+        EXPECT_EQ(ZtReadFile(path), "new");
+    }
+    EXPECT_EQ(Names(), QStringList{u"a.pas"_s});
+}
+
+TEST_F(FileStore, SavingThroughLinksWritesTheirTarget)
+{
+    QDir(Folder.path()).mkdir(u"sub"_s);
+    const QString target = Make("sub/target", "old");
+    QFile::link(u"sub/target"_s, Path("near"));
+    QFile::link(u"near"_s, Path("far"));
+    QFile::link(u"sub/fresh"_s, Path("dangling"));
+    ZtSaveFile(Path("far"), "new");
+    ZtSaveFile(Path("dangling"), "fresh");
+    EXPECT_EQ(ZtReadFile(target), "new");
+    EXPECT_EQ(ZtReadFile(Path("sub/fresh")), "fresh");
+    for (const char *link : {"near", "far", "dangling"})
+        EXPECT_TRUE(QFileInfo(Path(link)).isSymLink()) << link;
+}
+
+TEST_F(FileStore, AWriteThatFailsLeavesTheOldFileWhole)
+{
+    const QString path = Make("a.pas", "old");
+    rlimit before = {};
+    getrlimit(RLIMIT_FSIZE, &before);
+    rlimit small = before;
+    small.rlim_cur = 1000;
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &small);
+    const std::string message = MessageOfSave(path);
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(message, "Cannot write \"" + path.toStdString() + "\": File too large.");
+    EXPECT_EQ(ZtReadFile(path), "old");
+    EXPECT_EQ(Names(), QStringList{u"a.pas"_s});
+}
+
+TEST_F(FileStore, WhatCannotBeWrittenIsNamedWithTheReason)
+{
+    EXPECT_EQ(MessageOfSave(Folder.path()),
+              "Cannot write \"" + Folder.path().toStdString() + "\": it is a directory.");
+    EXPECT_EQ(MessageOfSave(u"/dev/null"_s),
+              "Cannot write \"/dev/null\": it is not a regular file.");
+    EXPECT_EQ(MessageOfSave(Path("none/a")),
+              "Cannot write \"" + Path("none/a").toStdString() + "\": No such file or directory.");
+}
+
+TEST_F(FileStore, AFingerprintTellsContentsNotTimes)
+{
+    const QString path = Make("a.pas", "one");
+    const TZtFileFingerprint one = ZtFingerprintOfFile(path);
+    EXPECT_TRUE(one == ZtFingerprintOf("one"));
+    Make("a.pas", "two");
+    EXPECT_FALSE(ZtFingerprintOfFile(path) == one);
+    Make("a.pas", "one");
+    EXPECT_TRUE(ZtFingerprintOfFile(path) == one);
+    EXPECT_FALSE(ZtFingerprintOfFile(Path("none")).Exists);
+}
+
+TEST(CommandLine, WrongArgumentsAreUsageErrors)
+{
+    const QStringList rows[] = {
+        {u"--nonsense"_s},           {u"--size"_s, u"12"_s}, {u"--size"_s, u"0x5"_s},
+        {u"--size"_s, u"5x99999"_s}, {u"--size=axb"_s},      {u"--line"_s, u"0"_s},
+        {u"--line"_s, u"x"_s},       {u"--render"_s},        {u"--render"_s, u""_s}};
+    for (const QStringList &row : rows) {
+        TCommandLine line;
+        const auto answer = ZtReadCommandLine(QStringList{u"ztedit"_s} + row, line);
+        ASSERT_TRUE(answer) << row.join(u' ').toStdString();
+        EXPECT_EQ(answer->ExitCode, ZtUsageTrouble);
+        EXPECT_FALSE(answer->Text.contains(u'\n'));
+    }
+}
+
+TEST(CommandLine, OptionsAndFilesComeInAnyOrder)
+{
+    TCommandLine line;
+    const QStringList arguments{u"ztedit"_s,   u"a.pas"_s,    u"--size"_s, u"30x20"_s, u"b"_s,
+                                u"--line=7"_s, u"--render"_s, u"o.png"_s,  u"--"_s,    u"-x"_s};
+    ASSERT_FALSE(ZtReadCommandLine(arguments, line));
+    EXPECT_EQ(line.Files, (QStringList{u"a.pas"_s, u"b"_s, u"-x"_s}));
+    EXPECT_EQ(line.Size, QSize(30, 20));
+    EXPECT_EQ(line.Line, 7);
+    EXPECT_EQ(line.RenderTo, u"o.png"_s);
+}
