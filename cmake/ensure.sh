@@ -1,9 +1,10 @@
 # shellcheck shell=sh disable=SC2034,SC2154
 # What ./run and ./test share. The sourcing script has set `root` to the checkout.
 
-# Debian package names: what building needs, and what the tests need beyond it. Liberation Mono
-# stands in for Courier New, with the same widths.
-build_packages='g++ cmake ninja-build qt6-base-dev libqt6sql6-sqlite fontconfig fonts-liberation'
+# Debian package names: what building and running need, and what the tests need beyond it.
+# Liberation Mono stands in for Courier New, with the same widths; DejaVu draws the menus.
+build_packages='g++ cmake ninja-build qt6-base-dev libqt6sql6-sqlite fontconfig fonts-liberation
+    fonts-dejavu-core'
 test_packages='libgtest-dev'
 
 elsewhere='a C++20 compiler, CMake 3.25, Ninja, Qt 6.4 (Widgets, and Sql with SQLite), GoogleTest and the Liberation fonts'
@@ -40,9 +41,9 @@ ensure_packages() {
     fi
     missing=$(missing_packages "$@")
     [ -n "$missing" ] || return 0
-    say "Installing: $missing"
     [ "$(id -u)" -eq 0 ] || command -v sudo >/dev/null ||
-        fail "neither root nor sudo; please have installed: $missing"
+        fail "neither root nor sudo; please have these installed: $missing"
+    say "Installing: $missing"
     as_root apt-get update || say 'The package lists could not be updated; trying with the old ones'
     # shellcheck disable=SC2086 # one word a package
     as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends $missing ||

@@ -110,13 +110,13 @@ Function ParseLine(ByVal line)
 End Function
 
 Sub ReadArticles(ByVal fileName)
-    Dim fso, stream, line, item
-    Set fso = CreateObject("Scripting.FileSystemObject")
-    If Not fso.FileExists(fileName) Then
+    Dim files, stream, line, item
+    Set files = CreateObject("Store.TextFiles")
+    If Not files.Exists(fileName) Then
         AddNote "There is no file """ & fileName & """."
         Exit Sub
     End If
-    Set stream = fso.OpenTextFile(fileName, ForReading)
+    Set stream = files.Open(fileName, ForReading)
     Do While Not stream.AtEndOfStream And articleCount < MaxArticles
         line = stream.ReadLine
         If Left(line, 1) = "#" Then
@@ -193,9 +193,9 @@ Function WeekOfYear(ByVal day)
 End Function
 
 Sub WriteReport(ByVal fileName)
-    Dim fso, stream, i, entry
-    Set fso = CreateObject("Scripting.FileSystemObject")
-    Set stream = fso.OpenTextFile(fileName, ForWriting, True)
+    Dim files, stream, i, entry
+    Set files = CreateObject("Store.TextFiles")
+    Set stream = files.Open(fileName, ForWriting, True)
     With stream
         .WriteLine "Order list, week " & WeekOfYear(Date)
         .WriteLine String(58, "-")
