@@ -141,6 +141,17 @@ void BM_PageDown(benchmark::State &AState)
         });
 }
 
+// One notch of the wheel.
+void BM_Scroll(benchmark::State &AState)
+{
+    TBench bench(PascalText(Megabyte));
+    TScrollBar *bar = bench.Edit.GetVScrollBar();
+    Measure(AState, [&] {
+        bar->SetPosition(bar->GetPosition() + 3);
+        Settle();
+    });
+}
+
 void BM_Load100MB(benchmark::State &AState)
 {
     const QTemporaryDir folder;
@@ -228,6 +239,7 @@ void BM_Paste1MBInto10MB(benchmark::State &AState)
 BENCHMARK(BM_FullRepaint)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(300);
 BENCHMARK(BM_UnchangedRepaint)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(300);
 BENCHMARK(BM_PageDown)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(300);
+BENCHMARK(BM_Scroll)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(300);
 BENCHMARK(BM_Load100MB)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
 BENCHMARK(BM_TypeCharacter)
     ->DenseRange(0, 2)

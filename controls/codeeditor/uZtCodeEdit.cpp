@@ -9,8 +9,9 @@ namespace {
 
 const bool Registered = ZtRegisterClass<TZtCodeEdit>();
 
-constexpr int Columns = 500;      // the horizontal range, whatever the lines' lengths
-constexpr int LinesPastEnd = 100; // how far the text can be scrolled past its end
+constexpr int Columns = 500;            // the horizontal range, whatever the lines' lengths
+constexpr int ReplacingPaintPause = 30; // milliseconds between two pictures of a replace-all
+constexpr int LinesPastEnd = 100;       // how far the text can be scrolled past its end
 
 QFont DefaultFont()
 {
@@ -268,6 +269,8 @@ void TZtCodeEdit::Invalidate()
 {
     if (!FHScrollBar || !FVScrollBar)
         return; // under construction
+    if (FReplacingAll && FLastPaint.isValid() && FLastPaint.elapsed() < ReplacingPaintPause)
+        return;
     update(ClientArea().adjusted(0, 0, -FVScrollBar->width(), -FHScrollBar->height()));
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "uZtBufferSearch.h"
 #include "uZtCaret.h"
 #include "uZtCodeParser.h"
 #include "uZtCustomControl.h"
@@ -8,6 +9,7 @@
 #include "uZtStringList.h"
 #include "uZtUndoList.h"
 
+#include <QElapsedTimer>
 #include <QMenu>
 #include <QPoint>
 #include <QPointer>
@@ -39,6 +41,31 @@ public:
     QString GetStrings(int) const { return {}; }
     void SetStrings(int, const QString &) {}
 };
+
+enum class TZtSearchOrigin : quint8 { SearchFromCursor, SearchEntireScope };
+
+/// What is looked for, where, and what is done with it. Lines and positions are 0-based.
+struct TZtSearchReplaceOptions {
+    QString SearchString;
+    bool CaseSensitive = false;
+    bool WholeWordsOnly = false;
+    bool SearchForward = false; ///< towards the end of the text
+    TZtSearchOrigin Origin = TZtSearchOrigin::SearchFromCursor;
+    int StartLine = 0; ///< the scope, from here
+    int StartPos = 0;
+    int EndLine = 0; ///< to here
+    int EndPos = 0;
+    TZtSearchFlags Options; ///< what the search is run with; follows from the three flags above
+    bool Replace = false;
+    QString ReplaceWith;
+    bool PromptOnReplace = false;
+    bool ReplaceAll = false; ///< goes on after each replacement
+
+    /// Makes the scope the whole text.
+    void WidenTo(const TStringList &ALines);
+};
+
+class TFrmCodeEditSearchReplaceDlg;
 
 /// The X of a selection point that means "up to the end of the line".
 inline constexpr int ZtEndOfLine = std::numeric_limits<int>::max();
@@ -164,6 +191,8 @@ public:
     void SetParent(QWidget *AParent) override;
     void SetBounds(int ALeft, int ATop, int AWidth, int AHeight) override;
     QSize sizeHint() const override;
+    /// Answers that the background is taken care of: `Paint` covers the whole client area.
+    int WMEraseBkgnd() const { return 1; }
     /// Asks for a paint of the text area; the scroll bars keep their picture.
     void Invalidate() override;
 
@@ -279,6 +308,21 @@ public:
 
     bool Dispatch(TZtMessage &Message) override;
 
+    // === uZtCodeEditSearch.cpp: search and replace
+    // ================================================
+
+    /// Shows the dialog for replacing (`WParam` 1) or finding, takes its answers over and posts the
+    /// search step. Only the results 1 (OK) and 14 (all occurrences) start a search.
+    void WMSearchReplaceDlg(TZtMessage &Message);
+    /// One step: finds the next match, selects it and replaces it when that is asked for. Nothing
+    /// happens before the first search has been set up.
+    void WMSearchReplace(TZtMessage &Message);
+    const TZtSearchReplaceOptions &GetSearchOptions() const { return FSearchOptions; }
+    /// For a host with a dialog of its own, which posts message 1027 afterwards.
+    void SetSearchOptions(const TZtSearchReplaceOptions &Value);
+    /// The dialog, null before it was shown first. It keeps its entries.
+    TFrmCodeEditSearchReplaceDlg *GetSearchDlg() const { return FSearchDlg; }
+
 Q_SIGNALS:
     void textChanged();
     void cursorPositionChanged();
@@ -338,6 +382,15 @@ private:
     void JoinWithLineAbove(const QString &ALine);
     bool FallBackToIndentation(const QString &ALine);
     void InsertBreak(const QString &APiece);
+    // searching
+    void OfferSelection();
+    void TakeSearchOptions();
+    bool FindMatch(QPoint &AMatch) const;
+    int FindForward(const TZtBufferSearch &ASearch, int ALine) const;
+    int FindBackward(const TZtBufferSearch &ASearch, int ALine) const;
+    void SelectMatch(const QPoint &AMatch);
+    bool ReplaceMatch(const QPoint &AMatch);
+    void EndReplaceAll();
 
     TBorderStyle FBorderStyle = TBorderStyle::bsSingle;
     bool FModified = false;
@@ -372,7 +425,12 @@ private:
     QMenu *FPopupMenu = nullptr;
     TZtParserLineChangeEvent FOnParserLineChange;
     int FTabIndentSize = 2;
+    TFrmCodeEditSearchReplaceDlg *FSearchDlg = nullptr;
+    TZtSearchReplaceOptions FSearchOptions;
 
+    bool FSearchGiven = false;  // by the host, without the dialog
+    bool FReplacingAll = false; // a chain of posted steps runs: not every step is painted
+    QElapsedTimer FLastPaint;
     TZtFrame FFrame;
     TZtTextPainter FMetrics; // the font's measures between two paints
     QString FComposition;    // an input method's text that is not committed yet

@@ -2,8 +2,8 @@
 
 void TZtCodeEdit::ResetCaret()
 {
-    const int x = (FCharPos - FHScrollBar->GetPosition()) * FCharWidth;
-    const int y = (FLinePos - FVScrollBar->GetPosition()) * FLineWidth;
+    const qint64 x = qint64(FCharPos - FHScrollBar->GetPosition()) * FCharWidth;
+    const qint64 y = qint64(FLinePos - FVScrollBar->GetPosition()) * FLineWidth;
     const int g = RealGuttorWidth();
     const bool inside = 0 <= x && x < GetClientWidth() - g - FVScrollBar->width() && 0 <= y &&
                         y < GetClientHeight() - FHScrollBar->height();
@@ -12,7 +12,7 @@ void TZtCodeEdit::ResetCaret()
         return;
     }
     FCaret->SetParent(this);
-    FCaret->Show(g + x, y, 2, FLineWidth);
+    FCaret->Show(g + int(x), int(y), 2, FLineWidth);
 }
 
 void TZtCodeEdit::SetCharPos(int Value)

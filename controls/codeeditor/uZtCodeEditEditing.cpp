@@ -39,8 +39,9 @@ bool TZtCodeEdit::SelectionReversed() const
 
 bool TZtCodeEdit::SelectionGiven() const
 {
+    // A line of -1 is left over where only the columns of "no selection" were set.
     return FSelStart.x() != -1 && FSelEnd.x() != -1 && FSelEnd.x() != ZtEndOfLine &&
-           FSelStart != FSelEnd;
+           FSelStart != FSelEnd && FSelStart.y() >= 0 && FSelEnd.y() >= 0;
 }
 
 void TZtCodeEdit::ClampSelectionEnd()
@@ -172,6 +173,9 @@ void TZtCodeEdit::DeleteSelected(TZtChangeType AChangeType, QString &Deleted)
     ClampSelectionEnd();
     if (FSelStart.y() >= FLines->GetCount())
         return; // the selection lies below the text
+    // Where "to the end of the line" starts a selection, the caret goes to where the text ends.
+    if (FSelStart.x() == ZtEndOfLine)
+        FSelStart.setX(FLines->GetLength(FSelStart.y()));
     TZtUndoItem *item = nullptr;
     if (AChangeType != TZtChangeType::ctNone)
         item = FUndoList->AddUndo(AChangeType, FSelStart, FSelEnd, before, QString());
@@ -325,7 +329,7 @@ void TZtCodeEdit::LoadFromFile(const QString &aFileName)
     TZtStringStream stream(CodePageUtf16, 16);
     stream.LoadFromFile(aFileName, -1);
     if (stream.GetFormat().Encoding == TZtEncoding::teUtf8)
-        FLines->SetUtf8Text(stream.Content().toByteArray());
+        FLines->SetUtf8Text(stream.Bytes(), stream.Bytes().size() - stream.Content().size());
     else
         FLines->SetText(stream.GetWString());
     Invalidate();

@@ -70,7 +70,7 @@ void TZtCodeEdit::wheelEvent(QWheelEvent *AEvent)
         const int notch = FWheelRest > 0 ? WheelNotch : -WheelNotch;
         FWheelRest -= notch;
         TZtMessage message(quint32(TZtMsg::wmMouseWheel), quint64(quint16(qint16(notch))) << 16, 0);
-        WMMouseWheel(message);
+        Guarded([&] { WMMouseWheel(message); });
     }
     AEvent->accept();
 }

@@ -72,6 +72,7 @@ void TZtCodeEdit::Paint()
     if (InPaint)
         return;
     const QScopedValueRollback inPaint(InPaint, true);
+    FLastPaint.start();
     if (BeginFrame()) {
         ComposeLines();
         FFrame.Finish();
@@ -96,7 +97,8 @@ bool TZtCodeEdit::BeginFrame()
     const bool marginShown = GetShowRightMargin() && margin > 0 && margin < GetClientWidth() - g;
     FFrame.Begin({ClientArea().size(), devicePixelRatioF(), font(), g,
                   marginShown ? g + margin : -1, color(back), color(FRightMarginColor),
-                  color(clBtnFace), color(clBtnHighlight), color(clBtnShadow)});
+                  color(clBtnFace), color(clBtnHighlight), color(clBtnShadow)},
+                 FVScrollBar->GetPosition());
     return FCharWidth > 0 && FLineWidth > 0;
 }
 

@@ -68,7 +68,8 @@ int TZtCodeEdit::SelLength()
     if (swapped)
         std::swap(FSelStart, FSelEnd);
     qint64 length = 0; // the end of the last line may be the largest number there is
-    if (SelectionGiven()) {
+    const bool given = SelectionGiven();
+    if (given) {
         ClampSelectionEnd();
         for (int k = FSelStart.y(); k <= FSelEnd.y() && k < FLines->GetCount(); ++k) {
             if (k == FSelStart.y())
@@ -79,6 +80,11 @@ int TZtCodeEdit::SelLength()
     }
     if (swapped)
         std::swap(FSelStart, FSelEnd);
+    if (swapped && given) {
+        // The caret comes along, also where it stood apart, as before a match found upwards.
+        FLinePos = FSelStart.y();
+        FCharPos = FSelStart.x() == ZtEndOfLine ? FLines->GetLength(FLinePos) : FSelStart.x();
+    }
     return int(qMin<qint64>(length, std::numeric_limits<int>::max()));
 }
 
@@ -148,6 +154,8 @@ bool TZtCodeEdit::Dispatch(TZtMessage &Message)
         THandler{quint32(TZtMsg::wmPaste), &TZtCodeEdit::WMPaste},
         THandler{quint32(TZtMsg::wmUndo), &TZtCodeEdit::WMUndo},
         THandler{quint32(TZtMsg::wmUser) + 1, &TZtCodeEdit::WMSselectWord},
+        THandler{quint32(TZtMsg::wmUser) + 2, &TZtCodeEdit::WMSearchReplaceDlg},
+        THandler{quint32(TZtMsg::wmUser) + 3, &TZtCodeEdit::WMSearchReplace},
     };
     for (const THandler &handler : handlers) {
         if (handler.Msg == Message.Msg) {

@@ -5,10 +5,14 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
 
-void TZtFrame::Begin(const TZtFrameLook &ALook)
+void TZtFrame::Begin(const TZtFrameLook &ALook, int AFirstLine)
 {
     FLook = ALook;
+    FFirstLine = AFirstLine;
     FRowCount = 0;
     FButtons.clear();
 }
@@ -66,33 +70,71 @@ void TZtFrame::AddButton(const QRect &ARect, bool AExpanded)
 
 void TZtFrame::Finish()
 {
-    const int height = FLook.Size.height();
     const int pitch = std::max(FText.LineHeight(), 1);
-    const int screenRows = (height + pitch - 1) / pitch;
-    bool all = !(FLook == FDrawnLook) || FImage.isNull();
-    if (all) {
-        const QSize pixels = (QSizeF(FLook.Size) * FLook.PixelRatio).toSize();
-        if (FImage.size() != pixels)
-            FImage = QImage(pixels, QImage::Format_RGB32);
-        FImage.setDevicePixelRatio(FLook.PixelRatio);
-        FDrawnLook = FLook;
-    }
-    if (FImage.isNull())
+    const int screenRows = (FLook.Size.height() + pitch - 1) / pitch;
+    if (!PrepareImage())
         return;
     Row(screenRows - 1); // rows after the text are empty ones
     FDrawn.resize(size_t(screenRows));
+    FKnown.resize(size_t(screenRows));
+    MoveRows();
     QPainter painter(&FImage);
     for (int i = 0; i < screenRows; ++i) {
         TZtPaintRow &drawn = FDrawn[size_t(i)];
-        if (!all && drawn == FRows[size_t(i)])
+        if (FKnown[size_t(i)] && drawn == FRows[size_t(i)])
             continue;
         std::swap(drawn, FRows[size_t(i)]);
+        FKnown[size_t(i)] = true;
         DrawRow(painter, i);
     }
-    if (all || FButtons != FDrawnButtons) {
+    if (!FGuttorKnown || FButtons != FDrawnButtons) {
         DrawGuttor(painter);
         FDrawnButtons = FButtons;
+        FGuttorKnown = true;
     }
+}
+
+// A picture of the right size, in which nothing is known when the look has changed.
+bool TZtFrame::PrepareImage()
+{
+    if (FLook == FDrawnLook && !FImage.isNull())
+        return true;
+    const QSize pixels = (QSizeF(FLook.Size) * FLook.PixelRatio).toSize();
+    if (FImage.size() != pixels)
+        FImage = QImage(pixels, QImage::Format_RGB32);
+    FImage.setDevicePixelRatio(FLook.PixelRatio);
+    FDrawnLook = FLook;
+    FKnown.clear();
+    FGuttorKnown = false;
+    return !FImage.isNull();
+}
+
+// Moves what is drawn along with the text, where whole rows are whole device pixels.
+void TZtFrame::MoveRows()
+{
+    const int count = int(FDrawn.size());
+    const int shift = FFirstLine - FDrawnFirstLine;
+    FDrawnFirstLine = FFirstLine;
+    const qreal rowPixels = FText.LineHeight() * FLook.PixelRatio;
+    if (shift == 0 || std::abs(shift) >= count || rowPixels != std::floor(rowPixels))
+        return;
+    FKnown[size_t(count - 1)] = false; // it may be cut off at the bottom
+    const qsizetype stride = FImage.bytesPerLine();
+    const qsizetype moved = std::abs(shift) * qsizetype(rowPixels) * stride;
+    const qsizetype kept = FImage.sizeInBytes() - moved;
+    uchar *bits = FImage.bits();
+    if (shift > 0) {
+        std::memmove(bits, bits + moved, size_t(kept));
+        std::rotate(FDrawn.begin(), FDrawn.begin() + shift, FDrawn.end());
+        std::rotate(FKnown.begin(), FKnown.begin() + shift, FKnown.end());
+        std::fill(FKnown.end() - shift, FKnown.end(), false);
+    } else {
+        std::memmove(bits + moved, bits, size_t(kept));
+        std::rotate(FDrawn.begin(), FDrawn.end() + shift, FDrawn.end());
+        std::rotate(FKnown.begin(), FKnown.end() + shift, FKnown.end());
+        std::fill(FKnown.begin(), FKnown.begin() - shift, false);
+    }
+    FGuttorKnown = FGuttorKnown && FDrawnButtons.empty();
 }
 
 void TZtFrame::DrawRow(QPainter &APainter, int ARow)
@@ -115,7 +157,9 @@ void TZtFrame::DrawRowText(QPainter &APainter, const TZtPaintRow &ARow, int ATop
 {
     // All backgrounds first: a slanted letter may lean over the next piece.
     for (const TZtPaintPiece &piece : ARow.Pieces)
-        APainter.fillRect(piece.Left, ATop, piece.Width, FText.LineHeight(), QColor(piece.Back));
+        if (ARow.Coloured || piece.Back != FLook.Back)
+            APainter.fillRect(piece.Left, ATop, piece.Width, FText.LineHeight(),
+                              QColor(piece.Back));
     for (const TZtPaintPiece &piece : ARow.Pieces)
         FText.Draw(APainter, piece.Left, ATop, ARow.TextOf(piece), QColor(piece.Fore), piece.Style);
 }

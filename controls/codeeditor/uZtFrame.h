@@ -51,8 +51,9 @@ struct TZtFrameLook {
 /// as they are described are not drawn again.
 class TZtFrame {
 public:
-    /// Starts a picture, without rows.
-    void Begin(const TZtFrameLook &ALook);
+    /// Starts a picture, without rows. `AFirstLine` is the text line at its top: rows that only
+    /// moved up or down with it are moved in the picture.
+    void Begin(const TZtFrameLook &ALook, int AFirstLine);
     TZtTextPainter &TextPainter() { return FText; }
     /// Gives the row at the screen line `ARow` (0-based) the host's background, from `ALeft` on.
     void ColourRow(int ARow, int ALeft, QRgb ABack);
@@ -77,6 +78,8 @@ private:
     };
 
     TZtPaintRow &Row(int ARow);
+    bool PrepareImage();
+    void MoveRows();
     void DrawRow(QPainter &APainter, int ARow);
     void DrawRowText(QPainter &APainter, const TZtPaintRow &ARow, int ATop);
     void DrawMargin(QPainter &APainter, int ATop, int ABottom);
@@ -88,6 +91,10 @@ private:
     std::vector<TZtPaintRow> FRows; // the first FRowCount are in use; the rest keep their memory
     int FRowCount = 0;
     std::vector<TZtPaintRow> FDrawn;
+    std::vector<bool> FKnown; // whether the picture shows the row in FDrawn
+    int FFirstLine = 0;
+    int FDrawnFirstLine = 0;
+    bool FGuttorKnown = false;
     std::vector<TButton> FButtons;
     std::vector<TButton> FDrawnButtons;
     QImage FImage;

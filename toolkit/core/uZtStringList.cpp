@@ -240,12 +240,12 @@ void TStringList::SetText(const QString &S)
     EndUpdate();
 }
 
-void TStringList::SetUtf8Text(const QByteArray &ABytes)
+void TStringList::SetUtf8Text(const QByteArray &ABytes, qsizetype AFrom)
 {
     BeginUpdate();
     Clear();
     FBlocks.push_back(ABytes);
-    ZtForEachLine(ABytes.constData(), ABytes.size(),
+    ZtForEachLine(ABytes.constData() + AFrom, ABytes.size() - AFrom,
                   [this](const char *start, qsizetype length, bool ascii) {
                       if (!ascii) {
                           QStringDecoder decode(QStringDecoder::Utf8,

@@ -68,7 +68,8 @@ public:
     void SetText(const QString &S);
     /// `SetText` of UTF-8 (without a byte-order mark), which stays in its own memory: nothing is
     /// widened but the lines that hold characters above 127. Undecodable bytes become U+FFFD.
-    void SetUtf8Text(const QByteArray &ABytes);
+    /// The text begins at the byte `AFrom`, behind a mark for instance.
+    void SetUtf8Text(const QByteArray &ABytes, qsizetype AFrom = 0);
 
     void BeginUpdate();
     void EndUpdate();

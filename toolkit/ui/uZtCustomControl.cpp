@@ -3,6 +3,7 @@
 #include "uZtPlatform.h"
 #include "uZtSystemColors.h"
 
+#include <QCoreApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLayout>
@@ -223,38 +224,50 @@ bool TCustomControl::eventFilter(QObject *AWatched, QEvent *AEvent)
 
 // --- events --------------------------------------------------------------------------------------
 
+void TCustomControl::Report(std::exception_ptr AException)
+{
+    if (!FPainting) {
+        ZtHandleException(std::move(AException));
+        return;
+    }
+    // Not from inside a paint, and once for a fault that every paint would raise again.
+    if (!std::exchange(FPaintFault, true))
+        QMetaObject::invokeMethod(
+            this, [AException] { ZtHandleException(AException); }, Qt::QueuedConnection);
+}
+
 bool TCustomControl::event(QEvent *AEvent)
 {
-    try {
-        if (AEvent->type() == TZtMessage::EventType())
-            return Dispatch(static_cast<TZtMessage &>(*AEvent));
-        std::optional<TZtEventShift> shift;
-        if (AEvent->isInputEvent())
-            shift.emplace(static_cast<QInputEvent *>(AEvent)->modifiers());
-        const bool handled = QWidget::event(AEvent);
-        switch (AEvent->type()) {
-        case QEvent::ParentChange:
-            WatchParent();
-            [[fallthrough]];
-        case QEvent::Show:
-        case QEvent::WinIdChange:
-        case QEvent::Resize:
-        case QEvent::StyleChange:
-            LayoutChanged();
-            break;
-        case QEvent::FontChange:
-        case QEvent::PaletteChange:
-            update();
-            break;
-        default:
-            break;
-        }
+    if (AEvent->type() == TZtMessage::EventType()) {
+        bool handled = true;
+        Guarded([&] { handled = Dispatch(static_cast<TZtMessage &>(*AEvent)); });
         return handled;
-    } catch (...) {
-        // Qt's own frames must not be unwound.
-        ZtHandleException(std::current_exception());
-        return true;
     }
+    // A command that was posted runs before any later input, also when several keys come at once.
+    if (AEvent->isInputEvent())
+        QCoreApplication::sendPostedEvents(this, TZtMessage::EventType());
+    std::optional<TZtEventShift> shift;
+    if (AEvent->isInputEvent())
+        shift.emplace(static_cast<QInputEvent *>(AEvent)->modifiers());
+    const bool handled = QWidget::event(AEvent);
+    switch (AEvent->type()) {
+    case QEvent::ParentChange:
+        WatchParent();
+        [[fallthrough]];
+    case QEvent::Show:
+    case QEvent::WinIdChange:
+    case QEvent::Resize:
+    case QEvent::StyleChange:
+        Guarded([this] { LayoutChanged(); });
+        break;
+    case QEvent::FontChange:
+    case QEvent::PaletteChange:
+        update();
+        break;
+    default:
+        break;
+    }
+    return handled;
 }
 
 bool TCustomControl::Dispatch(TZtMessage &Message)
@@ -273,16 +286,21 @@ void TCustomControl::paintEvent(QPaintEvent *AEvent)
     painter.setClipRect(client);
     painter.translate(client.topLeft());
     FPaintRegion = AEvent->region().translated(-client.topLeft());
-    QScopedValueRollback<QPainter *> canvas(FCanvas, &painter);
-    Paint();
+    const QScopedValueRollback<QPainter *> canvas(FCanvas, &painter);
+    const QScopedValueRollback painting(FPainting, true);
+    Guarded([this] {
+        Paint();
+        FPaintFault = false;
+    });
 }
 
 void TCustomControl::keyPressEvent(QKeyEvent *AEvent)
 {
     quint16 key = ZtVirtualKey(*AEvent);
     const quint16 pressed = key;
-    KeyDown(key, ZtShiftStateOf(*AEvent));
     const QString characters = ZtCharactersOf(*AEvent);
+    // The characters are typed also when the key press was consumed, or raised.
+    Guarded([&] { KeyDown(key, ZtShiftStateOf(*AEvent)); });
     TypeCharacters(characters);
     AEvent->setAccepted(key != pressed || !characters.isEmpty());
 }
@@ -291,7 +309,7 @@ void TCustomControl::TypeCharacters(const QString &S)
 {
     for (const QChar C : S) {
         TZtMessage message(quint32(TZtMsg::wmChar), C.unicode(), 0);
-        WMChar(message);
+        Guarded([&] { WMChar(message); });
     }
 }
 
@@ -322,27 +340,27 @@ void TCustomControl::mousePressEvent(QMouseEvent *AEvent)
 {
     const TMousePosition mouse(*this, *AEvent);
     if (mouse.Known)
-        MouseDown(mouse.Button, mouse.Shift, mouse.At.x(), mouse.At.y());
+        Guarded([&] { MouseDown(mouse.Button, mouse.Shift, mouse.At.x(), mouse.At.y()); });
 }
 
 void TCustomControl::mouseMoveEvent(QMouseEvent *AEvent)
 {
     const TMousePosition mouse(*this, *AEvent);
-    MouseMove(mouse.Shift, mouse.At.x(), mouse.At.y());
+    Guarded([&] { MouseMove(mouse.Shift, mouse.At.x(), mouse.At.y()); });
 }
 
 void TCustomControl::mouseReleaseEvent(QMouseEvent *AEvent)
 {
     const TMousePosition mouse(*this, *AEvent);
     if (mouse.Known)
-        MouseUp(mouse.Button, mouse.Shift, mouse.At.x(), mouse.At.y());
+        Guarded([&] { MouseUp(mouse.Button, mouse.Shift, mouse.At.x(), mouse.At.y()); });
 }
 
 // A desktop reports a double click before the second press's own mouse-down.
 void TCustomControl::mouseDoubleClickEvent(QMouseEvent *AEvent)
 {
     if (AEvent->button() == Qt::LeftButton)
-        DblClick();
+        Guarded([this] { DblClick(); });
     mousePressEvent(AEvent);
 }
 
@@ -354,7 +372,7 @@ void TCustomControl::focusInEvent(QFocusEvent *AEvent)
         return;
     }
     FEntered = true;
-    CMEnter();
+    Guarded([this] { CMEnter(); });
 }
 
 void TCustomControl::focusOutEvent(QFocusEvent *AEvent)
@@ -367,7 +385,7 @@ void TCustomControl::focusOutEvent(QFocusEvent *AEvent)
         return;
     }
     FEntered = false;
-    CMExit();
+    Guarded([this] { CMExit(); });
 }
 
 void TCustomControl::KeyDown(quint16 &Key, TShiftState Shift)

@@ -7,6 +7,7 @@
 
 #include <QWidget>
 
+#include <exception>
 #include <functional>
 
 class QPainter;
@@ -137,6 +138,13 @@ public:
     virtual void MouseMove(TShiftState Shift, int X, int Y);
     virtual void MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y);
     virtual void DblClick();
+    /// Something is dropped at a position; `Source` is null when it comes from another program.
+    virtual void DragDrop(QObject *Source, int X, int Y)
+    {
+        Q_UNUSED(Source);
+        Q_UNUSED(X);
+        Q_UNUSED(Y);
+    }
     virtual void CMEnter() {}
     virtual void CMExit() {}
     /// Handles a message; true when it was one of the control's.
@@ -155,6 +163,16 @@ protected:
     void focusInEvent(QFocusEvent *AEvent) override;
     void focusOutEvent(QFocusEvent *AEvent) override;
 
+    /// Runs a handler of an event. What it raises is reported here: Qt's own frames must not be
+    /// unwound.
+    template <typename THandler> void Guarded(THandler AHandler)
+    {
+        try {
+            AHandler();
+        } catch (...) {
+            Report(std::current_exception());
+        }
+    }
     /// The window appeared or changed, or the client area moved.
     virtual void LayoutChanged() {}
     /// The focus left for a popup or another window, from where it comes back (`AActive` true).
@@ -168,6 +186,7 @@ protected:
 private:
     struct TMousePosition;
 
+    void Report(std::exception_ptr AException);
     void BevelChanged();
     void PaintBevels(QPainter &APainter) const;
     int EdgeWidth(TBevelEdge AEdge) const;
@@ -185,6 +204,8 @@ private:
     bool FLoading = false;
     bool FDesigning = false;
     bool FEntered = false;
+    bool FPainting = false;
+    bool FPaintFault = false; // the last paint raised, which was reported
     TAlign FAlign = TAlign::alNone;
     TAnchors FAnchors = TAnchors(0x03);
     QWidget *FWatchedParent = nullptr;

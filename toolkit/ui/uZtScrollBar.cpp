@@ -25,6 +25,6 @@ void TScrollBar::SetKind(TScrollBarKind Value)
 void TScrollBar::SetPageSize(int Value)
 {
     FPageSize = Value;
-    if (Value > 0 && pageStep() != Value)
+    if (Value >= 0 && pageStep() != Value)
         setPageStep(Value);
 }

@@ -1,0 +1,308 @@
+#include "fZtCodeEditSearchReplaceDlg.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabBar>
+#include <QTabWidget>
+
+namespace {
+
+constexpr int ReferencePoints = 8;
+constexpr int FormWidth = 405;
+constexpr int FindHeight = 276;
+constexpr int ReplaceHeight = 319;
+constexpr int ButtonWidth = 75;
+constexpr int ButtonHeight = 25;
+constexpr int ButtonBottom = 31; // from the form's bottom to the buttons' top
+constexpr int CancelLeft = 318;
+constexpr int ResultOK = 1;
+constexpr int ResultCancel = 2;
+constexpr int ResultReplaceAll = 10;
+
+// A control's place on its page.
+struct TPlace {
+    QWidget *Control;
+    int Left, Top, Width, Height;
+};
+
+} // namespace
+
+// --- radio group ---------------------------------------------------------------------------------
+
+TRadioGroup::TRadioGroup(const QString &ACaption, const QStringList &AItems, QWidget *AParent)
+    : QGroupBox(ACaption, AParent)
+{
+    for (const QString &item : AItems)
+        FButtons.push_back(new QRadioButton(item, this));
+}
+
+int TRadioGroup::GetItemIndex() const
+{
+    for (size_t i = 0; i < FButtons.size(); ++i)
+        if (FButtons[i]->isChecked())
+            return int(i);
+    return -1;
+}
+
+void TRadioGroup::SetItemIndex(int Value) { FButtons.at(size_t(Value))->setChecked(true); }
+
+// --- form ----------------------------------------------------------------------------------------
+
+TFrmCodeEditSearchReplaceDlg::TFrmCodeEditSearchReplaceDlg(QWidget *AOwner) : QDialog(AOwner)
+{
+    QFont small(QStringLiteral("MS Sans Serif"));
+    small.setStyleHint(QFont::SansSerif);
+    // A user who has chosen large letters gets them here too.
+    small.setPointSizeF(qMax<qreal>(ReferencePoints, QApplication::font().pointSizeF() - 1));
+    setFont(small);
+    QPalette colours = palette();
+    colours.setColor(QPalette::Window, colours.color(QPalette::Base));
+    setPalette(colours);
+    setSizeGripEnabled(true);
+
+    pcMain = new QTabWidget(this);
+    CreateFindPage();
+    CreateReplacePage();
+    pcMain->addTab(tsFind, tr("Find"));
+    pcMain->addTab(tsReplace, tr("Replace"));
+    pcMain->tabBar()->hide();
+    CreateButtons();
+    SetTabOrders();
+    NameControls();
+
+    FDlgType = TFrmCodeEditSearchReplaceDlgType::replace;
+    SetDlgType(TFrmCodeEditSearchReplaceDlgType::search);
+}
+
+QGroupBox *TFrmCodeEditSearchReplaceDlg::CreateOptions(QWidget *APage,
+                                                       const std::vector<QCheckBox **> &ABoxes,
+                                                       const QStringList &ACaptions)
+{
+    auto *group = new QGroupBox(tr("Options"), APage);
+    for (size_t i = 0; i < ABoxes.size(); ++i)
+        *ABoxes[i] = new QCheckBox(ACaptions[qsizetype(i)], group);
+    return group;
+}
+
+TRadioGroup *TFrmCodeEditSearchReplaceDlg::CreateChoice(QWidget *APage, const QString &ACaption,
+                                                        const QStringList &AItems, int AIndex)
+{
+    auto *group = new TRadioGroup(ACaption, AItems, APage);
+    group->SetItemIndex(AIndex);
+    return group;
+}
+
+void TFrmCodeEditSearchReplaceDlg::CreateFindPage()
+{
+    tsFind = new QWidget(pcMain);
+    lblTextToFind = new QLabel(tr("Text to find:"), tsFind);
+    edtSearchTextToFind = new QLineEdit(tsFind);
+    gbSearchOptions = CreateOptions(tsFind, {&chkBxSearchCaseSensitive, &chkBxSearchWholeWordsOnly},
+                                    {tr("Case sensitive"), tr("Whole words only")});
+    rgSearchScope = CreateChoice(tsFind, tr("Scope"), {tr("Global"), tr("Selected text")}, 0);
+    rgSearchDirection = CreateChoice(tsFind, tr("Direction"), {tr("Forward"), tr("Backward")}, 0);
+    rgSearchOrigin = CreateChoice(tsFind, tr("Origin"), {tr("From cursor"), tr("Entire scope")}, 1);
+}
+
+void TFrmCodeEditSearchReplaceDlg::CreateReplacePage()
+{
+    tsReplace = new QWidget(pcMain);
+    Label1 = new QLabel(tr("Text to find:"), tsReplace);
+    lblReplaceWith = new QLabel(tr("Replace with:"), tsReplace);
+    edtReplaceTextToFind = new QLineEdit(tsReplace);
+    edtReplaceWith = new QLineEdit(tsReplace);
+    gbReplaceOptions = CreateOptions(
+        tsReplace, {&chkBxReplaceCaseSensitive, &chkBxReplaceWholeWordsOnly, &chkBxPromptOnReplace},
+        {tr("Case sensitive"), tr("Whole words only"), tr("Prompt on replace")});
+    rgReplaceDirection =
+        CreateChoice(tsReplace, tr("Direction"), {tr("Forward"), tr("Backward")}, 0);
+    rgReplaceScope = CreateChoice(tsReplace, tr("Scope"), {tr("Global"), tr("Selected text")}, 0);
+    rgReplaceOrigin =
+        CreateChoice(tsReplace, tr("Origin"), {tr("From cursor"), tr("Entire scope")}, 1);
+}
+
+void TFrmCodeEditSearchReplaceDlg::CreateButtons()
+{
+    const auto button = [this](const QString &caption, int result) {
+        auto *created = new QPushButton(caption, this);
+        created->setAutoDefault(false);
+        connect(created, &QPushButton::clicked, this, [this, result] { done(result); });
+        return created;
+    };
+    btnOK = button(tr("OK"), ResultOK);
+    btnOK->setDefault(true);
+    btnCancel = button(tr("Cancel"), ResultCancel);
+    btnReplaceAll = button(tr("Replace &All"), ResultReplaceAll);
+}
+
+void TFrmCodeEditSearchReplaceDlg::SetTabOrders()
+{
+    std::vector<QWidget *> order = {edtSearchTextToFind, chkBxSearchCaseSensitive,
+                                    chkBxSearchWholeWordsOnly};
+    const auto add = [&order](const TRadioGroup *group) {
+        order.insert(order.end(), group->GetButtons().begin(), group->GetButtons().end());
+    };
+    add(rgSearchScope);
+    add(rgSearchDirection);
+    add(rgSearchOrigin);
+    order.insert(order.end(), {edtReplaceTextToFind, edtReplaceWith, chkBxReplaceCaseSensitive,
+                               chkBxReplaceWholeWordsOnly, chkBxPromptOnReplace});
+    add(rgReplaceDirection);
+    add(rgReplaceScope);
+    add(rgReplaceOrigin);
+    order.insert(order.end(), {btnOK, btnCancel, btnReplaceAll});
+    for (size_t i = 1; i < order.size(); ++i)
+        setTabOrder(order[i - 1], order[i]);
+}
+
+void TFrmCodeEditSearchReplaceDlg::NameControls()
+{
+    const std::vector<std::pair<QWidget *, const char *>> names = {
+        {this, "FrmCodeEditSearchReplaceDlg"},
+        {pcMain, "pcMain"},
+        {tsFind, "tsFind"},
+        {lblTextToFind, "lblTextToFind"},
+        {edtSearchTextToFind, "edtSearchTextToFind"},
+        {gbSearchOptions, "gbSearchOptions"},
+        {chkBxSearchCaseSensitive, "chkBxSearchCaseSensitive"},
+        {chkBxSearchWholeWordsOnly, "chkBxSearchWholeWordsOnly"},
+        {rgSearchScope, "rgSearchScope"},
+        {rgSearchDirection, "rgSearchDirection"},
+        {rgSearchOrigin, "rgSearchOrigin"},
+        {tsReplace, "tsReplace"},
+        {Label1, "Label1"},
+        {lblReplaceWith, "lblReplaceWith"},
+        {edtReplaceTextToFind, "edtReplaceTextToFind"},
+        {edtReplaceWith, "edtReplaceWith"},
+        {gbReplaceOptions, "gbReplaceOptions"},
+        {chkBxReplaceCaseSensitive, "chkBxReplaceCaseSensitive"},
+        {chkBxReplaceWholeWordsOnly, "chkBxReplaceWholeWordsOnly"},
+        {chkBxPromptOnReplace, "chkBxPromptOnReplace"},
+        {rgReplaceDirection, "rgReplaceDirection"},
+        {rgReplaceScope, "rgReplaceScope"},
+        {rgReplaceOrigin, "rgReplaceOrigin"},
+        {btnOK, "btnOK"},
+        {btnCancel, "btnCancel"},
+        {btnReplaceAll, "btnReplaceAll"},
+    };
+    for (const auto &[control, name] : names)
+        control->setObjectName(QLatin1StringView(name));
+}
+
+void TFrmCodeEditSearchReplaceDlg::SetDlgType(TFrmCodeEditSearchReplaceDlgType Value)
+{
+    if (Value == FDlgType)
+        return;
+    FDlgType = Value;
+    setWindowTitle(IsReplace() ? tr("Replace Text") : tr("Find Text"));
+    pcMain->setCurrentWidget(IsReplace() ? tsReplace : tsFind);
+    btnReplaceAll->setVisible(IsReplace());
+    std::swap(FOKLeft, FReplaceAllLeft);
+    setMinimumSize(0, 0);
+    resize(Scaled(FormWidth), Scaled(IsReplace() ? ReplaceHeight : FindHeight));
+    setMinimumSize(size());
+    Arrange();
+}
+
+int TFrmCodeEditSearchReplaceDlg::Scaled(int APixels) const
+{
+    return qRound(APixels * qMax<qreal>(1, font().pointSizeF() / ReferencePoints));
+}
+
+// Places all controls; what is anchored to the right and the bottom follows the form's size.
+void TFrmCodeEditSearchReplaceDlg::Arrange()
+{
+    constexpr int editWidth = 285, editHeight = 21, groupWidth = 177, right = 196, row = 20;
+    const int dx = width() - Scaled(FormWidth);
+    pcMain->setGeometry(Scaled(8), Scaled(8), width() - Scaled(18), height() - Scaled(45));
+    const std::vector<TPlace> places = {
+        {lblTextToFind, 8, 11, 78, 13},
+        {edtSearchTextToFind, 88, 8, editWidth, editHeight},
+        {gbSearchOptions, 8, 36, groupWidth, 65},
+        {rgSearchDirection, right, 36, groupWidth, 65},
+        {rgSearchScope, 8, 108, groupWidth, 65},
+        {rgSearchOrigin, right, 108, groupWidth, 65},
+        {Label1, 8, 11, 78, 13},
+        {lblReplaceWith, 8, 35, 78, 13},
+        {edtReplaceTextToFind, 88, 8, editWidth, editHeight},
+        {edtReplaceWith, 88, 32, editWidth, editHeight},
+        {gbReplaceOptions, 8, 60, groupWidth, 89},
+        {rgReplaceDirection, right, 60, groupWidth, 89},
+        {rgReplaceScope, 8, 156, groupWidth, 65},
+        {rgReplaceOrigin, right, 156, groupWidth, 65},
+    };
+    for (const TPlace &place : places) {
+        place.Control->setGeometry(Scaled(place.Left), Scaled(place.Top), Scaled(place.Width),
+                                   Scaled(place.Height));
+        int top = 18;
+        for (auto *button : place.Control->findChildren<QAbstractButton *>()) {
+            button->setGeometry(Scaled(8), Scaled(top), Scaled(groupWidth - 16), Scaled(row - 2));
+            top += row + 2;
+        }
+    }
+    const int top = height() - Scaled(ButtonBottom);
+    const std::vector<TPlace> buttons = {{btnOK, FOKLeft, 0, 0, 0},
+                                         {btnReplaceAll, FReplaceAllLeft, 0, 0, 0},
+                                         {btnCancel, CancelLeft, 0, 0, 0}};
+    for (const TPlace &place : buttons)
+        place.Control->setGeometry(Scaled(place.Left) + dx, top, Scaled(ButtonWidth),
+                                   Scaled(ButtonHeight));
+}
+
+void TFrmCodeEditSearchReplaceDlg::resizeEvent(QResizeEvent *AEvent)
+{
+    QDialog::resizeEvent(AEvent);
+    Arrange();
+}
+
+void TFrmCodeEditSearchReplaceDlg::changeEvent(QEvent *AEvent)
+{
+    QDialog::changeEvent(AEvent);
+    if (AEvent->type() != QEvent::FontChange || objectName().isEmpty())
+        return; // under construction
+    resize(Scaled(FormWidth), Scaled(IsReplace() ? ReplaceHeight : FindHeight));
+    Arrange();
+}
+
+void TFrmCodeEditSearchReplaceDlg::showEvent(QShowEvent *AEvent)
+{
+    QDialog::showEvent(AEvent);
+    GetEdtTextToFind()->setFocus();
+    GetEdtTextToFind()->selectAll();
+}
+
+void TFrmCodeEditSearchReplaceDlg::reject() { done(ResultCancel); }
+
+QLineEdit *TFrmCodeEditSearchReplaceDlg::GetEdtTextToFind() const
+{
+    return IsReplace() ? edtReplaceTextToFind : edtSearchTextToFind;
+}
+
+TRadioGroup *TFrmCodeEditSearchReplaceDlg::GetRgScope() const
+{
+    return IsReplace() ? rgReplaceScope : rgSearchScope;
+}
+
+TRadioGroup *TFrmCodeEditSearchReplaceDlg::GetRgOrigin() const
+{
+    return IsReplace() ? rgReplaceOrigin : rgSearchOrigin;
+}
+
+TRadioGroup *TFrmCodeEditSearchReplaceDlg::GetRgDirection() const
+{
+    return IsReplace() ? rgReplaceDirection : rgSearchDirection;
+}
+
+QCheckBox *TFrmCodeEditSearchReplaceDlg::GetChkBxCaseSensitive() const
+{
+    return IsReplace() ? chkBxReplaceCaseSensitive : chkBxSearchCaseSensitive;
+}
+
+QCheckBox *TFrmCodeEditSearchReplaceDlg::GetChkBxWholeWordsOnly() const
+{
+    return IsReplace() ? chkBxReplaceWholeWordsOnly : chkBxSearchWholeWordsOnly;
+}

@@ -1,0 +1,111 @@
+#pragma once
+
+#include <QDialog>
+#include <QGroupBox>
+
+#include <vector>
+
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QRadioButton;
+class QTabWidget;
+
+enum class TFrmCodeEditSearchReplaceDlgType : quint8 { search, replace };
+
+/// A group of choices of which one is chosen.
+class TRadioGroup : public QGroupBox {
+    Q_OBJECT
+
+public:
+    TRadioGroup(const QString &ACaption, const QStringList &AItems, QWidget *AParent);
+
+    /// The 0-based index of the chosen item.
+    int GetItemIndex() const;
+    void SetItemIndex(int Value);
+    const std::vector<QRadioButton *> &GetButtons() const { return FButtons; }
+
+private:
+    std::vector<QRadioButton *> FButtons;
+};
+
+/// The form in which a user sets up a search or a replacement. It has a page for each, of which
+/// `DlgType` shows one; the pages keep their entries apart, and the form keeps them between two
+/// showings. It closes with 1 (OK), 2 (Cancel, Escape) or 10 (Replace All).
+///
+/// Geometry is in pixels at a font of 8 points and grows with a larger one.
+class TFrmCodeEditSearchReplaceDlg : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit TFrmCodeEditSearchReplaceDlg(QWidget *AOwner = nullptr);
+
+    TFrmCodeEditSearchReplaceDlgType GetDlgType() const { return FDlgType; }
+    /// Shows the other page, with its caption, height and buttons; nothing when it is the same.
+    void SetDlgType(TFrmCodeEditSearchReplaceDlgType Value);
+    bool GetCtl3D() const { return FCtl3D; }
+    void SetCtl3D(bool Value) { FCtl3D = Value; }
+    /// Shows the form and returns how it was closed.
+    int ShowModal() { return exec(); }
+
+    // The controls of the page that is shown.
+    QLineEdit *GetEdtTextToFind() const;
+    TRadioGroup *GetRgScope() const;
+    TRadioGroup *GetRgOrigin() const;
+    TRadioGroup *GetRgDirection() const;
+    QCheckBox *GetChkBxCaseSensitive() const;
+    QCheckBox *GetChkBxWholeWordsOnly() const;
+
+    QTabWidget *pcMain;
+    QWidget *tsFind;
+    QLabel *lblTextToFind;
+    QLineEdit *edtSearchTextToFind;
+    QGroupBox *gbSearchOptions;
+    QCheckBox *chkBxSearchCaseSensitive;
+    QCheckBox *chkBxSearchWholeWordsOnly;
+    TRadioGroup *rgSearchScope;
+    TRadioGroup *rgSearchDirection;
+    TRadioGroup *rgSearchOrigin;
+    QWidget *tsReplace;
+    QLabel *Label1;
+    QLabel *lblReplaceWith;
+    QLineEdit *edtReplaceTextToFind;
+    QLineEdit *edtReplaceWith;
+    QGroupBox *gbReplaceOptions;
+    QCheckBox *chkBxReplaceCaseSensitive;
+    QCheckBox *chkBxReplaceWholeWordsOnly;
+    QCheckBox *chkBxPromptOnReplace;
+    TRadioGroup *rgReplaceDirection;
+    TRadioGroup *rgReplaceScope;
+    TRadioGroup *rgReplaceOrigin;
+    QPushButton *btnOK;
+    QPushButton *btnCancel;
+    QPushButton *btnReplaceAll;
+
+    void reject() override;
+
+protected:
+    void showEvent(QShowEvent *AEvent) override;
+    void resizeEvent(QResizeEvent *AEvent) override;
+    void changeEvent(QEvent *AEvent) override;
+
+private:
+    void CreateFindPage();
+    void CreateReplacePage();
+    void CreateButtons();
+    void SetTabOrders();
+    QGroupBox *CreateOptions(QWidget *APage, const std::vector<QCheckBox **> &ABoxes,
+                             const QStringList &ACaptions);
+    TRadioGroup *CreateChoice(QWidget *APage, const QString &ACaption, const QStringList &AItems,
+                              int AIndex);
+    void NameControls();
+    bool IsReplace() const { return FDlgType == TFrmCodeEditSearchReplaceDlgType::replace; }
+    void Arrange();
+    int Scaled(int APixels) const;
+
+    TFrmCodeEditSearchReplaceDlgType FDlgType;
+    bool FCtl3D = false;
+    int FOKLeft = 162;
+    int FReplaceAllLeft = 240;
+};
