@@ -75,20 +75,12 @@ struct TListFuzz : TListModel {
     size_t Below(size_t n) { return std::uniform_int_distribution<size_t>(0, n - 1)(Random); }
     QString Text()
     {
-        static const TStrings pieces = {QStringLiteral("a"),
-                                        QStringLiteral("\u00e9"),
-                                        QStringLiteral("\u65e5"),
-                                        QString::fromUcs4(U"😀"),
-                                        QChar(0xD83D),
-                                        QChar(0),
-                                        QStringLiteral("\r"),
-                                        QStringLiteral("\n"),
-                                        QStringLiteral("\r\n"),
-                                        QStringLiteral("\ufeffb"),
-                                        QString(40, u'x')};
+        static constexpr const char16_t *pieces[] = {
+            u"a",  u"é",  u"日",   u"\xD83D\xDE00", u"\xD83D",
+            u"\r", u"\n", u"\r\n", u"﻿b",         u"forty characters in a piece that is long"};
         QString S;
         for (size_t n = Below(30); n > 0; --n)
-            S += pieces[Below(pieces.size())];
+            S += Below(9) ? QString::fromUtf16(pieces[Below(std::size(pieces))]) : QChar(0);
         return S;
     }
     QByteArray Bytes()
@@ -123,29 +115,21 @@ void TListFuzz::Step()
         return;
     }
     const size_t line = Below(Lines.size());
-    switch (operation) {
-    case 5:
-    case 6:
+    if (operation < 7) {
         List.Delete(int(line));
         Lines.erase(Lines.begin() + std::ptrdiff_t(line));
         Objects.erase(Objects.begin() + std::ptrdiff_t(line));
-        break;
-    case 7:
-    case 8:
+    } else if (operation < 9) {
         List.SetStrings(int(line), Lines[line] = S);
-        break;
-    case 9:
+    } else if (operation == 9) {
         List.SetObjects(int(line), Objects[line] = int(Below(100)) - 50);
-        break;
-    case 10:
+    } else if (operation == 10) {
         List.SetText(S);
         ReplaceAll(SplitLines(S));
-        break;
-    default: {
+    } else {
         const QByteArray bytes = Bytes();
         List.SetUtf8Text(bytes);
         ReplaceAll(SplitUtf8(bytes));
-    }
     }
 }
 

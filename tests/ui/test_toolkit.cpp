@@ -1,0 +1,323 @@
+#include "uZtCustomControl.h"
+#include "uZtException.h"
+#include "uZtPlatform.h"
+#include "uZtSystemColors.h"
+
+#include <QCoreApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// Writes down what reaches it and fills its client area with red.
+struct TProbe : TCustomControl {
+    using TCustomControl::TCustomControl;
+    void KeyDown(quint16 &Key, TShiftState Shift) override
+    {
+        Log += QStringLiteral("key%1/%2 ").arg(Key).arg(int(Shift));
+        TCustomControl::KeyDown(Key, Shift);
+    }
+    void WMChar(TZtMessage &Message) override
+    {
+        Log += QStringLiteral("char%1 ").arg(Message.WParam);
+    }
+    bool Dispatch(TZtMessage &Message) override
+    {
+        if (Message.Msg != quint32(TZtMsg::wmUser))
+            return TCustomControl::Dispatch(Message);
+        Log += QStringLiteral("message%1,%2 ").arg(Message.WParam).arg(Message.LParam);
+        Message.Result = 42;
+        return true;
+    }
+    void MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) override
+    {
+        Log += QStringLiteral("mouse%1:%2,%3 ").arg(int(Button)).arg(X).arg(Y);
+        TCustomControl::MouseDown(Button, Shift, X, Y);
+    }
+    void Notification(QObject *, TOperation) override { Log += QStringLiteral("removed "); }
+    void Paint() override { Canvas()->fillRect(-50, -50, 500, 500, Qt::red); }
+    QString Log;
+};
+
+using TBevel = TCustomControl::TBevelEdge;
+using TCut = TCustomControl::TBevelCut;
+using TBevelKind = TCustomControl::TBevelKind;
+using TAlign = TCustomControl::TAlign;
+using TAnchor = TCustomControl::TAnchorKind;
+
+constexpr auto None = Qt::NoModifier;
+constexpr auto Shift = Qt::ShiftModifier;
+constexpr auto Ctrl = Qt::ControlModifier;
+constexpr auto Alt = Qt::AltModifier;
+constexpr auto Pad = Qt::KeypadModifier;
+constexpr auto AltGr = Qt::GroupSwitchModifier;
+
+} // namespace
+
+TEST(Keys, CodesShiftStateAndCharacters)
+{
+    const struct {
+        int Key;
+        Qt::KeyboardModifiers Modifiers;
+        const char16_t *Text;
+        const char *Log; // the key's code / shift 1, alt 2, ctrl 4; then its characters
+    } rows[] = {{Qt::Key_A, None, u"a", "key65/0 char97 "},
+                {Qt::Key_Z, Ctrl, u"\x1a", "key90/4 "},
+                {Qt::Key_A, Alt, u"a", "key65/2 "},
+                {Qt::Key_Z, Ctrl | Shift, u"\x1a", "key90/5 "},
+                {Qt::Key_Q, AltGr | Alt, u"@", "key81/0 char64 "},
+                {Qt::Key_Q, Ctrl | Alt, u"@", "key81/0 char64 "},
+                {Qt::Key_Q, Ctrl | Alt, u"\x11", "key81/6 "},
+                {Qt::Key_7, None, u"7", "key55/0 char55 "},
+                {Qt::Key_7, Pad, u"7", "key103/0 char55 "},
+                {Qt::Key_Plus, Pad, u"+", "key107/0 char43 "},
+                {Qt::Key_Minus, Pad, u"-", "key109/0 char45 "},
+                {Qt::Key_Asterisk, Pad, u"*", "key106/0 char42 "},
+                {Qt::Key_Slash, Pad, u"/", "key111/0 char47 "},
+                {Qt::Key_Comma, Pad, u",", "key110/0 char44 "},
+                {Qt::Key_Return, None, u"\r", "key13/0 char13 "},
+                {Qt::Key_Enter, Pad, u"\n", "key13/0 char13 "},
+                {Qt::Key_Backspace, None, u"\b", "key8/0 char8 "},
+                {Qt::Key_Tab, None, u"\t", "key9/0 char9 "},
+                {Qt::Key_Backtab, Shift, u"\t", "key9/1 char9 "},
+                {Qt::Key_Delete, None, u"\x7f", "key46/0 "},
+                {Qt::Key_PageUp, None, u"", "key33/0 "},
+                {Qt::Key_End, Ctrl, u"", "key35/4 "},
+                {Qt::Key_Home, Pad, u"", "key36/0 "},
+                {Qt::Key_Left, Shift, u"", "key37/1 "},
+                {Qt::Key_Up, Alt, u"", "key38/2 "},
+                {Qt::Key_Insert, Ctrl, u"", "key45/4 "},
+                {Qt::Key_F1, None, u"", "key112/0 "},
+                {Qt::Key_Exclam, Shift, u"!", "key0/1 char33 "},
+                {0, None, u"😀", "key0/0 char55357 char56832 "}};
+    TProbe probe;
+    for (const auto &row : rows) {
+        // A consumed key still types its characters.
+        for (const bool consumed : {false, true}) {
+            probe.Log.clear();
+            probe.OnKeyDown = [consumed](QObject *, quint16 &key, TShiftState) {
+                if (consumed)
+                    key = 0;
+            };
+            QKeyEvent event(QEvent::KeyPress, row.Key, row.Modifiers, QString::fromUtf16(row.Text));
+            QCoreApplication::sendEvent(&probe, &event);
+            EXPECT_EQ(probe.Log, QString::fromLatin1(row.Log)) << row.Key << ' ' << row.Modifiers;
+        }
+    }
+    probe.Log.clear();
+    QInputMethodEvent commit;
+    commit.setCommitString(QStringLiteral("\u65e5b"));
+    QCoreApplication::sendEvent(&probe, &commit);
+    EXPECT_EQ(probe.Log, QStringLiteral("char26085 char98 "));
+}
+
+TEST(Keys, TheEventsOwnShiftStateIsTheKeyboards)
+{
+    TProbe probe;
+    TShiftState nested, seen;
+    probe.OnKeyDown = [&](QObject *, quint16 &, TShiftState) {
+        {
+            const TZtEventShift event(Alt);
+            nested = ZtPlatform().KeyboardShift();
+        }
+        seen = ZtPlatform().KeyboardShift();
+    };
+    QKeyEvent event(QEvent::KeyPress, Qt::Key_Left, Shift | Ctrl);
+    QCoreApplication::sendEvent(&probe, &event);
+    EXPECT_EQ(nested, ssAlt);
+    EXPECT_EQ(seen, ssShift | ssCtrl);
+}
+
+TEST(SystemColors, FollowThePalette)
+{
+    QPalette dark;
+    const struct {
+        TColor Color;
+        QPalette::ColorRole Role;
+    } rows[] = {
+        {clWindow, QPalette::Base},         {clWindowText, QPalette::Text},
+        {clHighlight, QPalette::Highlight}, {clHighlightText, QPalette::HighlightedText},
+        {clBtnFace, QPalette::Button},      {clBtnShadow, QPalette::Dark},
+        {clBtnHighlight, QPalette::Light},
+    };
+    int shade = 10;
+    for (const auto &row : rows)
+        dark.setColor(row.Role, QColor(++shade, 2, 3));
+    shade = 10;
+    for (const auto &row : rows)
+        EXPECT_EQ(ZtColorToRGB(row.Color, dark), TColor(0x030200 + ++shade)) << shade;
+    EXPECT_EQ(ZtColorToRGB(0x123456, dark), 0x123456u);
+    EXPECT_EQ(ZtToQColor(0x123456, dark), QColor(0x56, 0x34, 0x12));
+    EXPECT_EQ(ZtColorToRGB(ZtSystemColor(99), dark), clBlack);
+}
+
+TEST(Control, BevelsTakeFromTheClientArea)
+{
+    const auto all = TBevel::beLeft | TBevel::beTop | TBevel::beRight | TBevel::beBottom;
+    const struct {
+        TBevelKind Kind;
+        TCustomControl::TBevelEdges Edges;
+        TCut Outer, Inner;
+        int Width;
+        QRect Client; // of 60 x 40 pixels
+    } rows[] = {
+        {TBevelKind::bkNone, all, TCut::bvLowered, TCut::bvRaised, 5, {0, 0, 60, 40}},
+        {TBevelKind::bkTile, all, TCut::bvLowered, TCut::bvRaised, 1, {2, 2, 56, 36}},
+        {TBevelKind::bkFlat, all, TCut::bvLowered, TCut::bvNone, 3, {3, 3, 54, 34}},
+        {TBevelKind::bkSoft, all, TCut::bvNone, TCut::bvNone, 3, {0, 0, 60, 40}},
+        {TBevelKind::bkTile, TBevel::beTop, TCut::bvLowered, TCut::bvSpace, 2, {0, 4, 60, 36}},
+        {TBevelKind::bkTile,
+         TBevel::beLeft | TBevel::beBottom,
+         TCut::bvRaised,
+         TCut::bvLowered,
+         1,
+         {2, 0, 58, 38}},
+    };
+    for (const auto &row : rows) {
+        TProbe probe;
+        probe.resize(60, 40);
+        probe.SetBevelKind(row.Kind);
+        probe.SetBevelEdges(row.Edges);
+        probe.SetBevelOuter(row.Outer);
+        probe.SetBevelInner(row.Inner);
+        probe.SetBevelWidth(row.Width);
+        EXPECT_EQ(probe.ClientArea(), row.Client);
+        // Every pixel is either the client's or the bevel's, also at corners without a bevel.
+        QImage image(60, 40, QImage::Format_RGB32);
+        image.fill(Qt::blue);
+        probe.render(&image);
+        for (int y = 0; y < 40; ++y)
+            for (int x = 0; x < 60; ++x) {
+                ASSERT_EQ(image.pixelColor(x, y) == Qt::red, row.Client.contains(x, y)) << x << y;
+                ASSERT_NE(image.pixelColor(x, y), QColor(Qt::blue)) << x << ' ' << y;
+            }
+        QMouseEvent press(QEvent::MouseButtonPress, QPointF(30, 20), QPointF(30, 20),
+                          Qt::RightButton, Qt::RightButton, None);
+        QCoreApplication::sendEvent(&probe, &press);
+        EXPECT_EQ(
+            probe.Log,
+            QStringLiteral("mouse1:%1,%2 ").arg(30 - row.Client.x()).arg(20 - row.Client.y()));
+    }
+    TProbe probe;
+    probe.resize(20, 20);
+    probe.SetBevelKind(TBevelKind::bkTile);
+    const QImage image = probe.grab().toImage();
+    const QPalette palette = probe.palette();
+    EXPECT_EQ(image.pixelColor(5, 0), ZtToQColor(clBtnShadow, palette)) << "lowered outside";
+    EXPECT_EQ(image.pixelColor(5, 1), ZtToQColor(clBtnHighlight, palette)) << "raised inside";
+    EXPECT_EQ(image.pixelColor(5, 19), ZtToQColor(clBtnHighlight, palette));
+}
+
+TEST(Control, AlignAndAnchors)
+{
+    const TCustomControl::TAnchors leftTop = TAnchor::akLeft | TAnchor::akTop;
+    const struct {
+        TAlign Align;
+        TCustomControl::TAnchors Anchors;
+        QRect Before, After; // the parent is 200 x 100 and becomes 300 x 160
+    } rows[] = {
+        {TAlign::alNone, leftTop, {10, 10, 50, 20}, {10, 10, 50, 20}},
+        {TAlign::alNone, TAnchor::akRight | TAnchor::akBottom, {10, 10, 50, 20}, {110, 70, 50, 20}},
+        {TAlign::alNone,
+         leftTop | TAnchor::akRight | TAnchor::akBottom,
+         {10, 10, 50, 20},
+         {10, 10, 150, 80}},
+        {TAlign::alNone, {}, {10, 10, 50, 20}, {60, 40, 50, 20}},
+        {TAlign::alTop, leftTop, {0, 0, 200, 20}, {0, 0, 300, 20}},
+        {TAlign::alBottom, leftTop, {0, 80, 200, 20}, {0, 140, 300, 20}},
+        {TAlign::alLeft, leftTop, {0, 0, 50, 100}, {0, 0, 50, 160}},
+        {TAlign::alRight, leftTop, {150, 0, 50, 100}, {250, 0, 50, 160}},
+        {TAlign::alClient, leftTop, {0, 0, 200, 100}, {0, 0, 300, 160}},
+    };
+    for (const auto &row : rows) {
+        QWidget form;
+        form.resize(200, 100);
+        auto *probe = new TProbe;
+        probe->SetParent(&form);
+        probe->SetBounds(10, 10, 50, 20);
+        probe->SetAnchors(row.Anchors);
+        form.show();
+        probe->SetAlign(row.Align);
+        EXPECT_EQ(probe->geometry(), row.Before) << int(row.Align);
+        form.resize(300, 160);
+        EXPECT_EQ(probe->geometry(), row.After) << int(row.Align) << ' ' << int(row.Anchors);
+
+        // Where a layout manages the control, neither property counts.
+        auto *layout = new QVBoxLayout(&form);
+        layout->setContentsMargins(7, 7, 7, 7);
+        layout->addWidget(probe);
+        layout->activate();
+        form.resize(320, 180);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(probe->geometry(), QRect(7, 7, 306, 166)) << int(row.Align);
+    }
+    // Two on one form share it.
+    QWidget form;
+    form.resize(200, 100);
+    TProbe top(&form), rest(&form);
+    top.SetHeight(30);
+    rest.SetAlign(TAlign::alClient);
+    top.SetAlign(TAlign::alTop);
+    EXPECT_EQ(rest.geometry(), QRect(0, 30, 200, 70));
+}
+
+TEST(Control, MessagesReachDispatch)
+{
+    TProbe probe;
+    ZtPostMessage(&probe, TZtMsg::wmUser, 1, -2);
+    EXPECT_EQ(probe.Log, QString());
+    EXPECT_EQ(ZtSendMessage(&probe, TZtMsg::wmUser, 3, 4), 42);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(probe.Log, QStringLiteral("message3,4 message1,-2 "));
+    EXPECT_EQ(ZtSendMessage(&probe, TZtMsg::wmChar, 97), 0);
+    EXPECT_TRUE(probe.Log.endsWith(QStringLiteral("char97 ")));
+    EXPECT_EQ(ZtSendMessage(&probe, 12345), 0);
+}
+
+TEST(Control, RemovalNotices)
+{
+    auto *probe = new TProbe;
+    auto *other = new QObject;
+    probe->FreeNotification(other);
+    delete other;
+    EXPECT_EQ(probe->Log, QStringLiteral("removed "));
+    // A child goes with its owner, when there is nobody left to be told.
+    probe->FreeNotification(new QObject(probe));
+    other = new QObject;
+    probe->FreeNotification(other);
+    delete probe;
+    delete other;
+}
+
+TEST(Control, ExceptionsStopAtTheEvent)
+{
+    QStringList shown;
+    ZtPlatform().ShowException = [&](const QString &message) { shown += message; };
+    TProbe probe;
+    const struct {
+        std::function<void()> Raise;
+        QStringList Shown;
+    } rows[] = {
+        {[] { throw EConvertError(QStringLiteral("no number \u00e9")); },
+         {QStringLiteral("no number \u00e9")}},
+        {[] { throw std::runtime_error("plain"); }, {QStringLiteral("plain")}},
+        {[] { throw EAbort(QStringLiteral("quiet")); }, {}},
+    };
+    for (const auto &row : rows) {
+        shown.clear();
+        probe.OnKeyDown = [&](QObject *, quint16 &, TShiftState) { row.Raise(); };
+        quint16 key = TZtKey::Left;
+        EXPECT_ANY_THROW(probe.KeyDown(key, {})) << "a host that calls it sees it";
+        EXPECT_TRUE(shown.isEmpty());
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_Left, None);
+        QCoreApplication::sendEvent(&probe, &event);
+        EXPECT_EQ(shown, row.Shown);
+        EXPECT_EQ(ZtPlatform().KeyboardShift(), TShiftState());
+    }
+    ZtPlatform() = ZtDefaultPlatform();
+}
