@@ -117,3 +117,8 @@ TJSToken TZtCodeJSParser::SlashToken(TZtTokenText &AText)
     AppendText(AText, ReadRemark(C == u'*' ? QStringLiteral("*/") : QStringLiteral("\r"), Kind));
     return Kind;
 }
+
+QString TZtCodeJSParser::MethodTemplate(TMethodKind) const
+{
+    return QStringLiteral("\r\nfunction %1(%2)\r\n{  \r\n} // %1\r\n");
+}

@@ -117,6 +117,7 @@ public:
     QString ReadRemark(const QString &EndStr, TJSToken &TokenKind) override;
 
 protected:
+    QString MethodTemplate(TMethodKind AKind) const override;
     bool ContinueRemark(QString &AToken, TJSToken &AKind) override;
 
 private:

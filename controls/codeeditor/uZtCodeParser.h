@@ -1,6 +1,7 @@
 #pragma once
 
 #include "uZtException.h"
+#include "uZtMethodDescription.h"
 #include "uZtSet.h"
 #include "uZtTypes.h"
 
@@ -98,7 +99,7 @@ public:
     virtual QString GetLanguage() const;
 
     /// The text of a new handler for an event of `AObject`, whose name is returned in
-    /// `AMethodName`. Languages without handlers answer an empty string.
+    /// `AMethodName`. Languages without handlers answer an empty string and leave the name.
     virtual QString CreateMethod(QObject *AObject, const QString &AEventName, QString &AMethodName);
     /// The names of the methods in the text that fit an event, each followed by CR LF.
     virtual QString GetSameMethods(QObject *AObject, const QString &AEventName);

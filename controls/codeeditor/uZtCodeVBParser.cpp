@@ -80,3 +80,10 @@ TVBToken TZtCodeVBParser::OpenParenToken(TZtTokenText &AText)
     AppendText(AText, ReadRemark(QStringLiteral("*)"), Kind));
     return Kind;
 }
+
+QString TZtCodeVBParser::MethodTemplate(TMethodKind AKind) const
+{
+    return AKind == TMethodKind::mkFunction
+               ? QStringLiteral("\r\nfunction %1(%2)\r\n  \r\nend function rem %1\r\n")
+               : QStringLiteral("\r\nsub %1(%2)\r\n  \r\nend sub rem %1\r\n");
+}

@@ -112,6 +112,9 @@ public:
     /// of the input, where it is read once though the text has none. `TokenKind` is left as it is.
     QString ReadRemark(const QString &EndStr, TVBToken &TokenKind) override;
 
+protected:
+    QString MethodTemplate(TMethodKind AKind) const override;
+
 private:
     static const TLanguage &Language();
     TVBToken LineRemarkToken(TZtTokenText &AText);

@@ -61,6 +61,28 @@ public:
     /// The letters, digits and underscores that follow.
     virtual QString ReadIdentifier();
 
+    /// Reads up to the next token that counts for the method tools and answers its kind: blanks,
+    /// line breaks, unknown characters, remarks and the words ByVal and ByRef do not.
+    TToken GetNextRealToken(QString &AToken);
+
+    /// The text of a new handler, which begins and ends with a line break. `AMethodName` becomes
+    /// the object's name, "_" and the event's name, or the event's name alone for an object
+    /// without a name or none. After that, raises `EZtParser` when `GetMethodDescription` knows no
+    /// such event.
+    QString CreateMethod(QObject *AObject, const QString &AEventName,
+                         QString &AMethodName) override;
+    /// The names of the methods in the whole text that have as many parameters as the event, each
+    /// followed by CR LF: functions for a function, subs for a procedure, none for an event that
+    /// is not known. Every identifier between the parentheses counts as a parameter. A header is
+    /// not seen where a `vtEnd` comes before it, which in JavaScript a "}" is too.
+    ///
+    /// Like `MethodLineNr`, it restarts the source and leaves it at its end; `RemarkEnd` and
+    /// `LineKind` are not reset, so a host that has read other text before clears them first.
+    QString GetSameMethods(QObject *AObject, const QString &AEventName) override;
+    /// The 1-based line of the name of a method, compared without regard to case, or -1. The
+    /// source is left after the name.
+    int MethodLineNr(const QString &AMethodName) override;
+
 protected:
     using TInfo = TZtScriptInfo<TToken>;
     using TKeyWord = TZtScriptKeyWord<TToken>;
@@ -98,6 +120,9 @@ protected:
     static constexpr TLanguage MakeLanguage(const std::type_info &ALexerType,
                                             const TCharacters &ACharacters,
                                             std::initializer_list<TKeyWord> AOwnKeyWords);
+
+    /// The text of an empty handler: %1 stands for its name, %2 for its parameters.
+    virtual QString MethodTemplate(TMethodKind AKind) const = 0;
 
     /// Reads on in a remark that was left open by an earlier call. False when none is open. Asked
     /// only when there is a line kind or a remark end.
@@ -144,6 +169,7 @@ private:
     TToken GreaterToken(TZtTokenText &AText);
     TToken WordToken(TZtTokenText &AText);
     TToken KeyWordKind(const TZtTokenText &AText) const;
+    int CountParams(TToken &AKind);
 
     static constexpr TZtCharSet HexChars{{u'0', u'9'}, {u'A', u'F'}, {u'a', u'f'}};
     static constexpr TZtCharSet NumberChars{u'.', {u'0', u'9'}};
@@ -456,4 +482,99 @@ TToken TZtScriptLexer<TToken>::KeyWordKind(const TZtTokenText &AText) const
             return KeyWord.Kind;
     }
     return TToken::vtIdentifier;
+}
+
+template <typename TToken> TToken TZtScriptLexer<TToken>::GetNextRealToken(QString &AToken)
+{
+    constexpr TZtSet<TToken> Skipped{TToken::vtLineBreak, TToken::vtUnknown, TToken::vtInvalid,
+                                     TToken::vtByVal,     TToken::vtByRef,   TToken::vtRem,
+                                     TToken::vtComment};
+    TToken Kind;
+    do
+        Kind = InternalGetNextToken(AToken);
+    while (Skipped.contains(Kind));
+    return Kind;
+}
+
+template <typename TToken>
+QString TZtScriptLexer<TToken>::CreateMethod(QObject *AObject, const QString &AEventName,
+                                             QString &AMethodName)
+{
+    AMethodName = AObject ? AObject->objectName() : QString();
+    if (!AMethodName.isEmpty())
+        AMethodName += u'_';
+    AMethodName += AEventName;
+    const auto Event = GetMethodDescription(AObject, AEventName);
+    if (!Event)
+        throw EZtParser(
+            QStringLiteral("There is no event \"%1\" to create a method for.").arg(AEventName));
+    QString Params;
+    for (int i = 0; i < Event->GetParamCount(); ++i) {
+        if (!Params.isEmpty())
+            Params += QLatin1String(", ");
+        Params += Event->GetParams(i)->GetName();
+    }
+    return MethodTemplate(Event->GetProcType()).arg(AMethodName, Params);
+}
+
+template <typename TToken>
+QString TZtScriptLexer<TToken>::GetSameMethods(QObject *AObject, const QString &AEventName)
+{
+    ResetBuffer();
+    const auto Event = GetMethodDescription(AObject, AEventName);
+    const auto Fits = [&Event](TToken Kind) {
+        return Event &&
+               ((Kind == TToken::vtFunction && Event->GetProcType() == TMethodKind::mkFunction) ||
+                (Kind == TToken::vtSub && Event->GetProcType() == TMethodKind::mkProcedure));
+    };
+    QString Result, Token;
+    TToken Before = TToken::vtUnknown;
+    TToken Kind = GetNextRealToken(Token);
+    while (Kind != TToken::vtEndOfFile) {
+        if (Fits(Kind) && Before != TToken::vtEnd) {
+            Kind = GetNextRealToken(Token);
+            const QString Name = Token;
+            if (Kind == TToken::vtIdentifier && CountParams(Kind) == Event->GetParamCount())
+                Result += Name + QLatin1String("\r\n");
+        }
+        Before = Kind;
+        Kind = GetNextRealToken(Token);
+    }
+    return Result;
+}
+
+// Counts after a method's name; leaves in `AKind` the kind that was read last: the closing
+// parenthesis, or without an opening one what stands there. The header of a method in that place
+// is passed over.
+template <typename TToken> int TZtScriptLexer<TToken>::CountParams(TToken &AKind)
+{
+    QString Token;
+    int Result = 0;
+    AKind = GetNextRealToken(Token);
+    if (AKind == TToken::vtOpenParen)
+        while (AKind != TToken::vtCloseParen && AKind != TToken::vtEndOfFile) {
+            AKind = GetNextRealToken(Token);
+            if (AKind == TToken::vtIdentifier)
+                ++Result;
+        }
+    return Result;
+}
+
+template <typename TToken> int TZtScriptLexer<TToken>::MethodLineNr(const QString &AMethodName)
+{
+    ResetBuffer();
+    QString Token;
+    TToken Before = TToken::vtUnknown;
+    TToken Kind = GetNextRealToken(Token);
+    while (Kind != TToken::vtEndOfFile) {
+        if ((Kind == TToken::vtFunction || Kind == TToken::vtSub) && Before != TToken::vtEnd) {
+            Kind = GetNextRealToken(Token);
+            if (Kind == TToken::vtIdentifier &&
+                Token.compare(AMethodName, Qt::CaseInsensitive) == 0)
+                return GetLineNr();
+        }
+        Before = Kind;
+        Kind = GetNextRealToken(Token);
+    }
+    return -1;
 }

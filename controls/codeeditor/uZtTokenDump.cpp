@@ -1,6 +1,10 @@
 #include "uZtTokenDump.h"
 
+#include "uZtCodeJSParser.h"
 #include "uZtCodePascalParser.h"
+#include "uZtCodeSqlParser.h"
+#include "uZtCodeVBParser.h"
+#include "uZtCodeXmlParser.h"
 
 #include <QMetaEnum>
 
@@ -60,6 +64,10 @@ constexpr TZtTokenLanguage Language(const char *AName, const char *AExtension)
 
 constexpr TZtTokenLanguage Languages[] = {
     Language<TZtCodePascalParser, TPascalToken::ptEndOfFile>("pascal", "pas"),
+    Language<TZtCodeVBParser, TVBToken::vtEndOfFile>("vb", "vbs"),
+    Language<TZtCodeJSParser, TJSToken::vtEndOfFile>("js", "js"),
+    Language<TZtCodeXMLParser, TZtXmlToken::vtEndOfFile>("xml", "xml"),
+    Language<TZtCodeSqlParser, TZtSqlToken::vtEndOfFile>("sql", "sql"),
 };
 
 bool NeedsEscape(QChar C)

@@ -2,6 +2,8 @@
 
 #include "uZtTokenDump.h"
 
+#include <ostream>
+
 /// A source text and the file of its tokens: everything under examples/<language> and
 /// tests/golden/<language> with the language's extension.
 struct TGoldenCase {
@@ -10,6 +12,11 @@ struct TGoldenCase {
     QString SourceFile;
     QString TokenFile;
 };
+
+inline void PrintTo(const TGoldenCase &ACase, std::ostream *AStream)
+{
+    *AStream << ACase.Name.toStdString();
+}
 
 QList<TGoldenCase> GoldenCases();
 QString ReadTextFile(const QString &AFileName);

@@ -1,20 +1,33 @@
 #include "golden.h"
 
+#include "uZtCodeJSParser.h"
+#include "uZtCodePascalParser.h"
+#include "uZtCodeSqlParser.h"
+#include "uZtCodeVBParser.h"
+#include "uZtCodeXmlParser.h"
+
 #include <QBuffer>
-#include <QHash>
+#include <QMetaEnum>
+#include <QSet>
 
 #include <gtest/gtest.h>
 
 namespace {
 
-// The rows of differences.txt: the reason for each "language/file line".
-QHash<QString, QString> IntendedDifferences()
+// The 1-based lines that differences.txt has a reason for in one source.
+QSet<int> IntendedDifferences(const QString &AName)
 {
-    QHash<QString, QString> rows;
-    for (const QString &row : ZtTokenLines(ReadTextFile(GoldenFolder() + "/differences.txt")))
-        if (!row.startsWith(u'#'))
-            rows.insert(row.section(u' ', 0, 1), row.section(u' ', 2));
-    return rows;
+    QSet<int> lines;
+    for (const QString &row : ZtTokenLines(ReadTextFile(GoldenFolder() + "/differences.txt"))) {
+        if (row.section(u' ', 0, 0) != AName)
+            continue;
+        EXPECT_FALSE(row.section(u' ', 2).isEmpty()) << row.toStdString();
+        for (const QString &range : row.section(u' ', 1, 1).split(u','))
+            for (int i = range.section(u'-', 0, 0).toInt(); i <= range.section(u'-', -1).toInt();
+                 ++i)
+                lines.insert(i);
+    }
+    return lines;
 }
 
 QString AsText(const QList<TZtTokenRecord> &ARecords, int ALine)
@@ -62,14 +75,14 @@ TEST_P(Golden, TheWholeTextFromAStreamGivesTheSameTokens)
 
 TEST_P(Golden, ARestartAtALineFromItsKeptStateGivesTheSameTokens)
 {
-    const QHash<QString, QString> intended = IntendedDifferences();
+    const QSet<int> intended = IntendedDifferences(GetParam().Name);
     for (int i = 0; i < Lines.size(); ++i) {
         const QString place = QStringLiteral("%1 %2").arg(GetParam().Name).arg(i + 1);
         QList<int> kinds = LineKinds;
         const auto reader = Language.CreateReader();
         const auto records = ZtReadTokens(*reader, Lines, kinds, i, 2);
         const bool same = AsText(records, i + 1) == AsText(Records, i + 1);
-        if (intended.contains(place)) {
+        if (intended.contains(i + 1)) {
             EXPECT_FALSE(same) << place.toStdString() << " no longer differs";
             continue;
         }
@@ -106,6 +119,43 @@ TEST_P(Golden, GetNextTokenGivesTheSameTextAndTheAttributesOfTheRow)
         EXPECT_EQ(background, rowBackground);
         EXPECT_EQ(color, rowColor);
         EXPECT_EQ(style, rowStyle);
+    }
+}
+
+// A kind that no source has is one that its lexer never gives.
+TEST(GoldenKinds, AllThatALexerGivesOccur)
+{
+    const struct {
+        QString Language;
+        QMetaEnum Kinds;
+        QStringList Never;
+    } rows[] = {
+        {"pascal",
+         QMetaEnum::fromType<TPascalToken>(),
+         {"ptInvalid", "ptRepeat", "ptKeyword", "ptHexNumber", "ptSoapComment"}},
+        {"vb",
+         QMetaEnum::fromType<TVBToken>(),
+         {"vtInvalid", "vtUnitil", "vtRem", "vtHexNumber", "vtColon"}},
+        {"js",
+         QMetaEnum::fromType<TJSToken>(),
+         {"vtInvalid", "vtUnitil", "vtExit", "vtThen", "vtRem", "vtUntil", "vtHexNumber",
+          "vtColon"}},
+        {"xml", QMetaEnum::fromType<TZtXmlToken>(), {"vtUnknown", "vtInvalid", "vtProlog"}},
+        {"sql", QMetaEnum::fromType<TZtSqlToken>(), {"vtInvalid", "vtFieldName"}},
+    };
+    ASSERT_EQ(std::size(rows), ZtTokenLanguages().size());
+    for (const auto &row : rows) {
+        QSet<QString> seen;
+        for (const TGoldenCase &golden : GoldenCases())
+            if (golden.Language->Name == row.Language)
+                for (const QString &record : ZtTokenLines(ReadTextFile(golden.TokenFile)))
+                    seen.insert(record.section(u' ', 1, 1));
+        QStringList never;
+        for (int i = 0; i < row.Kinds.keyCount(); ++i)
+            if (!seen.contains(QString::fromLatin1(row.Kinds.key(i))))
+                never += QString::fromLatin1(row.Kinds.key(i));
+        EXPECT_EQ(never.join(u' ').toStdString(), row.Never.join(u' ').toStdString())
+            << row.Language.toStdString();
     }
 }
 
