@@ -346,6 +346,7 @@ private:
     bool BeginFrame();
     void ComposeLines();
     void StartLine(TPaintPass &APass);
+    bool NothingMoreToSee(const TPaintPass &APass) const;
     void AddToken(TPaintPass &APass);
     void AddPiece(TPaintPass &APass, QStringView S, TColor AFore, TColor ABack);
     void CopyFrame();

@@ -145,8 +145,23 @@ void TZtCodeEdit::ComposeLines()
             pass.Col = 0;
         } else if (!lineFeed) {
             AddToken(pass);
+            if (NothingMoreToSee(pass))
+                break;
         }
     }
+}
+
+// Whether the rest of a very long line is out of sight and no line below it is in sight: the lexer
+// is spared megabytes then. In all other cases it reads on, for the state at the next line's start.
+bool TZtCodeEdit::NothingMoreToSee(const TPaintPass &APass) const
+{
+    constexpr int longLine = 10'000;
+    const int line = FParserLineNr - 1;
+    if (APass.X < GetClientWidth() || line < 0 || line >= FLines->GetCount())
+        return false;
+    const bool lastInSight =
+        line == FLines->GetCount() - 1 || (APass.Row + 1) * FLineWidth >= GetHeight();
+    return lastInSight && FLines->GetLength(line) > longLine;
 }
 
 void TZtCodeEdit::StartLine(TPaintPass &APass)

@@ -68,8 +68,7 @@ int TZtCodeEdit::SelLength()
     if (swapped)
         std::swap(FSelStart, FSelEnd);
     qint64 length = 0; // the end of the last line may be the largest number there is
-    const bool given = SelectionGiven();
-    if (given) {
+    if (SelectionGiven()) {
         ClampSelectionEnd();
         for (int k = FSelStart.y(); k <= FSelEnd.y() && k < FLines->GetCount(); ++k) {
             if (k == FSelStart.y())
@@ -80,11 +79,6 @@ int TZtCodeEdit::SelLength()
     }
     if (swapped)
         std::swap(FSelStart, FSelEnd);
-    if (swapped && given) {
-        // The caret comes along, also where it stood apart, as before a match found upwards.
-        FLinePos = FSelStart.y();
-        FCharPos = FSelStart.x() == ZtEndOfLine ? FLines->GetLength(FLinePos) : FSelStart.x();
-    }
     return int(qMin<qint64>(length, std::numeric_limits<int>::max()));
 }
 

@@ -360,8 +360,7 @@ public:
     {
         const bool Swap = Normalise();
         qint64 n = 0;
-        const bool Given = !Nothing();
-        if (Given) {
+        if (!Nothing()) {
             ClampEnd();
             n = SelStart.y() < Count() ? Length(SelStart.y()) - SelStart.x() : 0;
             for (int y = SelStart.y() + 1; y < SelEnd.y(); ++y)
@@ -371,8 +370,6 @@ public:
         }
         if (Swap)
             std::swap(SelStart, SelEnd);
-        if (Swap && Given)
-            Caret = {SelStart.x() == ToLineEnd ? Length(SelStart.y()) : SelStart.x(), SelStart.y()};
         return n;
     }
 

@@ -309,6 +309,12 @@ TEST_F(TEditing, SelectionsAtAndBelowTheEnd)
     Edit.DeleteSelected(TZtChangeType::ctDelete, text);
     EXPECT_EQ(text, "");
     EXPECT_EQ(Rig.Lines().mid(0, 2).join(u' '), "ab cdefghijkl");
+    select({INT_MAX, 0}, {4, 1});
+    Edit.DeleteSelected(TZtChangeType::ctDelete, text);
+    EXPECT_EQ(Rig.Marked(), "ab|ghijkl") << "a line's end as the start is a place in the text";
+    select({2, -1}, {1, 0});
+    Edit.DeleteSelected(TZtChangeType::ctDelete, text);
+    EXPECT_EQ(text, "");
     select({INT_MAX, 1}, {1, 0});
     Edit.GetSelected(text);
     EXPECT_EQ(text, "");
@@ -318,10 +324,11 @@ TEST_F(TEditing, SelectionsAtAndBelowTheEnd)
 
     select({4, 1}, {2, 1});
     EXPECT_EQ(Edit.SelLength(), 8) << "counted to the line's end";
+    const int caret = Edit.GetCharPos();
     select({1, 0}, {3, 1});
     EXPECT_EQ(Edit.SelLength(), 4) << "the break is not counted";
     EXPECT_EQ(Edit.GetSelStart(), QPoint(3, 1));
-    EXPECT_EQ(Edit.GetCharPos(), 3) << "the caret comes along";
+    EXPECT_EQ(Edit.GetCharPos(), caret) << "the caret stays where it is";
     select({0, 0}, {1, 5});
     EXPECT_GT(Edit.SelLength(), 0);
 }
