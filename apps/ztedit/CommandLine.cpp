@@ -35,6 +35,8 @@ std::optional<TCommandAnswer> ZtReadCommandLine(const QStringList &AArguments, T
     const QCommandLineOption render(QStringLiteral("render"),
                                     Tr("Draw the window into the picture OUT.png and leave."),
                                     QStringLiteral("OUT.png"));
+    const QCommandLineOption tokens(QStringLiteral("tokens"),
+                                    Tr("Print the tokens of FILE, one a line, and leave."));
     const QCommandLineOption size(QStringLiteral("size"), Tr("The window's size in pixels."),
                                   QStringLiteral("WxH"));
     const QCommandLineOption line(QStringLiteral("line"),
@@ -44,7 +46,7 @@ std::optional<TCommandAnswer> ZtReadCommandLine(const QStringList &AArguments, T
     parser.setApplicationDescription(
         Tr("Edits source code. Without a display, and with --render, the window is drawn into a "
            "picture instead."));
-    parser.addOptions({help, version, render, size, line});
+    parser.addOptions({help, version, render, tokens, size, line});
     parser.addPositionalArgument(QStringLiteral("FILE"), Tr("The files to open, a tab each."),
                                  QStringLiteral("[FILE...]"));
     if (!parser.parse(AArguments))
@@ -59,6 +61,9 @@ std::optional<TCommandAnswer> ZtReadCommandLine(const QStringList &AArguments, T
     ALine.RenderTo = parser.value(render);
     if (parser.isSet(render) && ALine.RenderTo.isEmpty())
         return UsageError(Tr("--render wants the name of a picture."));
+    ALine.Tokens = parser.isSet(tokens);
+    if (ALine.Tokens && (ALine.Files.size() != 1 || parser.isSet(render)))
+        return UsageError(Tr("--tokens wants one file, and no --render."));
     if (parser.isSet(size) && !ReadSize(parser.value(size), ALine.Size))
         return UsageError(Tr("--size wants a width and a height from 1 to %1, such as 900x640, not "
                              "\"%2\".")

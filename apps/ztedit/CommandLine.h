@@ -10,6 +10,8 @@ struct TCommandLine {
     QStringList Files;
     /// The picture to draw instead of showing a window.
     QString RenderTo;
+    /// Whether to print the tokens of the one file instead of showing a window.
+    bool Tokens = false;
     /// The window's size in pixels; invalid for the usual one.
     QSize Size;
     /// The caret's line, counted from 1; 0 for none given.

@@ -38,6 +38,11 @@ const TLanguage &ZtLanguageOfFile(const QString &AFileName)
     return Languages[0];
 }
 
+QString ZtUsualExtension(const TLanguage &ALanguage)
+{
+    return QString::fromLatin1(ALanguage.Extensions).section(QLatin1Char(' '), 1, 1);
+}
+
 QString ZtLanguageName(const TLanguage &ALanguage)
 {
     return QCoreApplication::translate("Languages", ALanguage.Name);

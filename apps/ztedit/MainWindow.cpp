@@ -1,6 +1,8 @@
 #include "MainWindow.h"
 
 #include "Document.h"
+#include "EventDialog.h"
+#include "Methods.h"
 #include "SaveFlow.h"
 
 #include "uZtCodeEdit.h"
@@ -14,6 +16,7 @@
 #include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QInputDialog>
 #include <QLabel>
 #include <QMenuBar>
 #include <QMimeData>
@@ -89,12 +92,15 @@ void TMainWindow::CreateMenus()
     static constexpr TCommand search[] = {
         {QT_TR_NOOP("&Find…\tCtrl+F"), nullptr, &TWin::Find},
         {QT_TR_NOOP("&Replace…\tCtrl+R"), nullptr, &TWin::Replace},
-        {QT_TR_NOOP("Find &again\tF3"), nullptr, &TWin::FindAgain},
+        {QT_TR_NOOP("Find &next\tF3"), nullptr, &TWin::FindAgain},
+        {},
+        {QT_TR_NOOP("&Go to line…"), "Ctrl+G", &TWin::GoToLine},
     };
     CreateMenu(tr("&File"), std::begin(file), std::end(file));
     connect(CreateMenu(tr("&Edit"), std::begin(edit), std::end(edit)), &QMenu::aboutToShow, this,
             &TMainWindow::RefreshEditMenu);
     CreateMenu(tr("&Search"), std::begin(search), std::end(search));
+    CreateMethodsMenu();
     CreateLanguageMenu();
 }
 
@@ -118,6 +124,36 @@ QMenu *TMainWindow::CreateMenu(const QString &ATitle, const TCommand *AFirst, co
             this->*command->Action = action;
     }
     return menu;
+}
+
+void TMainWindow::CreateMethodsMenu()
+{
+    static constexpr TCommand methods[] = {
+        {QT_TR_NOOP("New event &handler…"), nullptr, &TMainWindow::NewEventHandler,
+         &TMainWindow::FNewHandler},
+        {},
+    };
+    FMethods = CreateMenu(tr("&Methods"), std::begin(methods), std::end(methods));
+    FMethods->setStyleSheet(QStringLiteral("QMenu { menu-scrollable: 1; }")); // they may be many
+    connect(FMethods, &QMenu::aboutToShow, this, &TMainWindow::FillMethodsMenu);
+}
+
+// Behind the menu's own command, the methods in the text as it is now.
+void TMainWindow::FillMethodsMenu()
+{
+    const QList<QAction *> before = FMethods->actions();
+    for (QAction *action : before.sliced(2))
+        delete action;
+    TDocument *document = CurrentDocument();
+    FNewHandler->setEnabled(document && ZtScriptLexerOf(*document));
+    if (!document)
+        return;
+    for (const TScriptMethod &method : ZtMethodsOf(*document)) {
+        QAction *action =
+            FMethods->addAction(method.Name + QLatin1Char('\t') + tr("line %1").arg(method.Line));
+        connect(action, &QAction::triggered, document,
+                [document, line = method.Line] { document->GoToLine(line); });
+    }
 }
 
 void TMainWindow::CreateLanguageMenu()
@@ -342,6 +378,27 @@ void TMainWindow::Paste() { Post(quint32(TZtMsg::wmPaste)); }
 void TMainWindow::Find() { Post(quint32(TZtMsg::wmUser) + 2, 0); }
 void TMainWindow::Replace() { Post(quint32(TZtMsg::wmUser) + 2, 1); }
 void TMainWindow::FindAgain() { Post(quint32(TZtMsg::wmUser) + 3); }
+
+void TMainWindow::GoToLine()
+{
+    TDocument *document = CurrentDocument();
+    if (!document)
+        return;
+    const int count = qMax(document->Editor()->GetLines()->GetCount(), 1);
+    bool accepted = false;
+    const int line =
+        QInputDialog::getInt(this, tr("Go to line"), tr("Line, from 1 to %1:").arg(count),
+                             document->Editor()->GetLinePos() + 1, 1, count, 1, &accepted);
+    if (accepted)
+        document->GoToLine(line);
+}
+
+void TMainWindow::NewEventHandler()
+{
+    TDocument *document = CurrentDocument();
+    if (document && ZtScriptLexerOf(*document))
+        TEventDialog(*document, this).exec();
+}
 
 void TMainWindow::SelectAll()
 {

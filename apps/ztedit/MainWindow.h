@@ -43,6 +43,8 @@ private:
     void CreateMenus();
     QMenu *CreateMenu(const QString &ATitle, const TCommand *AFirst, const TCommand *ALast);
     void CreateLanguageMenu();
+    void CreateMethodsMenu();
+    void FillMethodsMenu();
     void CreateStatusBar();
 
     void New();
@@ -60,6 +62,8 @@ private:
     void Find();
     void Replace();
     void FindAgain();
+    void GoToLine();
+    void NewEventHandler();
 
     bool AskForNameAndSave(TDocument *ADocument);
     bool ConfirmDiscard(TDocument *ADocument);
@@ -78,6 +82,8 @@ private:
     QLabel *FEncoding = nullptr;
     QLabel *FLineEnding = nullptr;
     QActionGroup *FLanguages = nullptr;
+    QMenu *FMethods = nullptr;
+    QAction *FNewHandler = nullptr;
     QAction *FUndo = nullptr;
     QAction *FCut = nullptr;
     QAction *FCopy = nullptr;

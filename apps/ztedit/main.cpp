@@ -1,6 +1,7 @@
 #include "CommandLine.h"
 #include "Document.h"
 #include "MainWindow.h"
+#include "Tokens.h"
 
 #include "uZtException.h"
 
@@ -81,6 +82,16 @@ void Render(TMainWindow &AWindow, const TCommandLine &ALine)
                           .arg(QFileInfo(path).absoluteFilePath()));
 }
 
+int PrintTokens(const QString &AFile)
+{
+    try {
+        ZtPrintTokens(AFile, stdout);
+        return 0;
+    } catch (const EZtException &error) {
+        return Fail(error.Message(), ZtFileTrouble);
+    }
+}
+
 void OpenAll(TMainWindow &AWindow, const TCommandLine &ALine)
 {
     for (const QString &file : ALine.Files)
@@ -110,7 +121,7 @@ int main(int argc, char *argv[])
     QCoreApplication::setApplicationVersion(QStringLiteral(ZT_VERSION));
     TCommandLine line;
     {
-        // The arguments are read without a display, which --help must not need.
+        // Without a display, which --help and --tokens must not need.
         const QCoreApplication application(argc, argv);
         if (const auto answer = ZtReadCommandLine(QCoreApplication::arguments(), line)) {
             if (answer->ExitCode != 0)
@@ -118,6 +129,8 @@ int main(int argc, char *argv[])
             PrintLine(stdout, answer->Text);
             return 0;
         }
+        if (line.Tokens)
+            return PrintTokens(line.Files.constFirst());
     }
     const bool offScreen = !line.RenderTo.isEmpty() || !HasDisplay();
     if (offScreen)

@@ -70,6 +70,7 @@ TFrmCodeEditSearchReplaceDlg::TFrmCodeEditSearchReplaceDlg(QWidget *AOwner) : QD
     pcMain->addTab(tsFind, tr("Find"));
     pcMain->addTab(tsReplace, tr("Replace"));
     pcMain->tabBar()->hide();
+    pcMain->setFocusPolicy(Qt::NoFocus); // or Tab would end at the hidden tabs
     CreateButtons();
     SetTabOrders();
     NameControls();
@@ -216,7 +217,7 @@ int TFrmCodeEditSearchReplaceDlg::Scaled(int APixels) const
 // Places all controls; what is anchored to the right and the bottom follows the form's size.
 void TFrmCodeEditSearchReplaceDlg::Arrange()
 {
-    constexpr int editWidth = 285, editHeight = 21, groupWidth = 177, right = 196, row = 20;
+    constexpr int editWidth = 285, editHeight = 21, groupWidth = 177, right = 196, row = 21;
     const int dx = width() - Scaled(FormWidth);
     pcMain->setGeometry(Scaled(8), Scaled(8), width() - Scaled(18), height() - Scaled(45));
     const std::vector<TPlace> places = {
@@ -238,10 +239,10 @@ void TFrmCodeEditSearchReplaceDlg::Arrange()
     for (const TPlace &place : places) {
         place.Control->setGeometry(Scaled(place.Left), Scaled(place.Top), Scaled(place.Width),
                                    Scaled(place.Height));
-        int top = 18;
+        int top = 21;
         for (auto *button : place.Control->findChildren<QAbstractButton *>()) {
-            button->setGeometry(Scaled(8), Scaled(top), Scaled(groupWidth - 16), Scaled(row - 2));
-            top += row + 2;
+            button->setGeometry(Scaled(8), Scaled(top), Scaled(groupWidth - 16), Scaled(row - 1));
+            top += row;
         }
     }
     const int top = height() - Scaled(ButtonBottom);

@@ -428,6 +428,8 @@ void TZtTextEncoder::AppendUtf8(QStringView S)
 
 void TZtTextEncoder::AppendUtf16(QStringView S)
 {
+    if (S.isEmpty())
+        return; // it may have no address
     const qsizetype at = FBytes.size();
     FBytes.resize(at + S.size() * 2);
     if (IsBigEndian(FFormat.Encoding))

@@ -1,0 +1,177 @@
+#!/bin/sh
+# Edits files in ztedit with the keys and the mouse of an X server of its own, and compares what is
+# on disk after each save with what it has to be: edit.sh ZTEDIT
+set -eu
+
+ztedit=$1
+patience=20 # seconds; what is waited for comes in a fraction of one
+skipped=77
+
+for tool in Xvfb xdotool; do
+    command -v $tool >/dev/null || {
+        echo "There is no $tool"
+        exit $skipped
+    }
+done
+
+folder=$(mktemp -d)
+server=
+editor=
+
+cleanup() {
+    trap - EXIT
+    [ -z "$editor" ] || kill -KILL "$editor" 2>/dev/null || true
+    [ -z "$server" ] || kill -KILL "$server" 2>/dev/null || true
+    wait
+    rm -rf "$folder"
+}
+trap cleanup EXIT
+trap 'exit 1' HUP INT TERM
+
+fail() {
+    echo "FAILED: $*"
+    exit 1
+}
+
+# Runs a command until it succeeds; fails with `what` when that takes too long.
+wait_for() {
+    what=$1
+    shift
+    until=$(($(date +%s) + patience))
+    until "$@" 2>/dev/null; do
+        [ "$(date +%s)" -le $until ] || fail "$what"
+        sleep 0.02
+    done
+}
+
+start_server() {
+    Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$folder/display" 2>"$folder/xvfb.log" &
+    server=$!
+    wait_for 'no X server' test -s "$folder/display"
+    DISPLAY=:$(cat "$folder/display")
+    export DISPLAY
+}
+
+# Opens a file and gives the editor the focus, which without a window manager a click alone does not.
+start_editor() {
+    file=$1
+    env -u WAYLAND_DISPLAY QT_QPA_PLATFORM=xcb QT_QPA_PLATFORMTHEME= QT_SCALE_FACTOR=1 \
+        QT_IM_MODULE=none "$ztedit" --size 800x600 "$file" &
+    editor=$!
+    window=$(timeout $patience xdotool search --sync --onlyvisible --pid $editor) || fail 'no window'
+    xdotool windowfocus --sync "$window"
+    click 300 300
+    keys ctrl+Home
+}
+
+quit_editor() {
+    keys ctrl+q
+    wait_for 'ztedit does not quit' sh -c "! kill -0 $editor || grep -q '^State:.Z' /proc/$editor/status"
+    wait $editor || fail "ztedit left with code $?"
+    editor=
+}
+
+keys() { xdotool key --delay 4 "$@"; }
+types() { xdotool type --delay 4 "$1"; }
+# A pixel of the window.
+points_at() { xdotool mousemove --window "$window" "$1" "$2"; }
+
+click() {
+    points_at "$1" "$2"
+    xdotool click 1
+}
+
+# Saves, and waits until the file is what the standard input says.
+saves_as() {
+    cat >"$folder/expected"
+    keys ctrl+s
+    until=$(($(date +%s) + patience))
+    until cmp -s "$file" "$folder/expected"; do
+        [ "$(date +%s)" -le $until ] || {
+            diff -u "$folder/expected" "$file" | cat -A
+            fail "$1: the file is not as expected"
+        }
+        sleep 0.02
+    done
+}
+
+typing() {
+    printf 'sub Greet\n' >"$folder/greet.vbs"
+    start_editor "$folder/greet.vbs"
+
+    # Enter goes on under the first blank of the line above; two times Backspace leads back.
+    keys ctrl+End Return
+    types '  say 1'
+    keys Return
+    types 'say 2'
+    keys Return
+    types 'say 3'
+    keys Return BackSpace BackSpace
+    types 'end sub'
+    printf 'sub Greet\n  say 1\n  say 2\n  say 3\nend sub\n' | saves_as 'typed'
+
+    keys Up Up Home shift+Down ctrl+x
+    printf 'sub Greet\n  say 1\n  say 3\nend sub\n' | saves_as 'cut'
+    keys Up ctrl+v
+    printf 'sub Greet\n  say 2\n  say 1\n  say 3\nend sub\n' | saves_as 'pasted'
+    keys ctrl+z
+    printf 'sub Greet\n  say 1\n  say 3\nend sub\n' | saves_as 'undone'
+
+    # The commands run in the order of the keys, also when all of these are there at once.
+    kill -STOP "$editor"
+    keys End shift+Left shift+Left shift+Left shift+Left shift+Left ctrl+x a ctrl+v b ctrl+v
+    kill -CONT "$editor"
+    printf 'sub Greet\n  asay 1bsay 1\n  say 3\nend sub\n' | saves_as 'cut and pasted while typing'
+    kill -STOP "$editor"
+    keys ctrl+z ctrl+z x
+    kill -CONT "$editor"
+    printf 'sub Greet\n  asay 1x\n  say 3\nend sub\n' | saves_as 'undone while typing'
+    quit_editor
+}
+
+# Where a click puts the caret, in `line` and `column`, both from 1: the mark that is typed there is
+# found in the file.
+find_caret_of_click() {
+    click "$1" "$2"
+    types '^'
+    keys ctrl+s
+    wait_for 'a click leads nowhere' grep -q '\^' "$file"
+    line=$(grep -n '\^' "$file" | cut -d: -f1)
+    column=$(awk '/\^/ { print index($0, "^") }' "$file")
+    keys ctrl+z
+    saves_as 'a click' <"$folder/grid"
+}
+
+pointing() {
+    awk 'BEGIN { for (i = 10; i < 45; ++i)
+        print i ":abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789" }' >"$folder/grid"
+    cp "$folder/grid" "$folder/grid.txt"
+    start_editor "$folder/grid.txt"
+
+    find_caret_of_click 160 360
+    last=$line
+    find_caret_of_click 160 180
+    first=$line
+    if [ $((last - first)) -le 3 ] || [ "$column" -le 3 ]; then
+        fail "lines $first and $last, column $column: too close to tell a drag"
+    fi
+
+    # Down a column, so that it does not matter how many of the moves arrive.
+    points_at 160 180
+    xdotool mousedown 1
+    points_at 160 240
+    points_at 160 360
+    xdotool mouseup 1
+    keys ctrl+x
+    awk -v first="$first" -v last="$last" -v column="$column" '
+        NR == first { printf "%s", substr($0, 1, column - 1) }
+        NR == last { print substr($0, column) }
+        NR < first || NR > last' "$folder/grid" | saves_as 'dragged and cut'
+    keys ctrl+z
+    saves_as 'undone' <"$folder/grid"
+    quit_editor
+}
+
+start_server
+typing
+pointing

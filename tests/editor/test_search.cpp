@@ -1,0 +1,540 @@
+#include "marked_text.h"
+
+#include "fZtCodeEditSearchReplaceDlg.h"
+#include "uZtException.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QTimer>
+
+#include <deque>
+#include <random>
+
+using namespace Qt::StringLiterals;
+using TDlg = TFrmCodeEditSearchReplaceDlg;
+
+namespace {
+
+void Press(QWidget *AWidget, int AKey, Qt::KeyboardModifiers AModifiers = {}, QString AText = {})
+{
+    QKeyEvent event(QEvent::KeyPress, AKey, AModifiers, AText);
+    QCoreApplication::sendEvent(AWidget, &event);
+}
+
+class Search : public testing::Test, public TMarkedEditor {
+protected:
+    Search()
+    {
+        Edit.removeEventFilter(this); // searching is what this is about
+        ZtPlatform().MsgBoxInfo = [this](const QString &text, const QString &caption) {
+            Boxes += text + caption;
+        };
+        ZtPlatform().MsgBoxYesNo = [this](const QString &text, const QString &) {
+            return Answer(u"YN "_s + text);
+        };
+        ZtPlatform().MsgBoxYesNoCancel = [this](const QString &text, const QString &) {
+            return Answer(u"YNC "_s + text);
+        };
+    }
+    int Answer(const QString &AText)
+    {
+        Boxes += AText + u" at "_s + QString::number(Edit.GetSelStart().x());
+        const int answer = Answers.empty() ? mrCancel : Answers.front();
+        if (!Answers.empty())
+            Answers.pop_front();
+        return answer;
+    }
+    // Handles what is posted, until the steps have come to an end.
+    void Run()
+    {
+        for (int i = 0; i < 100; ++i)
+            QCoreApplication::processEvents();
+    }
+    void PressInEditor(int AKey, Qt::KeyboardModifiers AModifiers = {})
+    {
+        ::Press(&Edit, AKey, AModifiers);
+        Run();
+    }
+    // Opens the dialog with Ctrl and a letter, and lets `AUse` do its work in it.
+    void Open(int AKey, const std::function<void(TDlg &)> &AUse)
+    {
+        bool used = false;
+        QTimer timer; // until the dialog is there
+        QObject::connect(&timer, &QTimer::timeout, &Edit, [&] {
+            if (!Edit.GetSearchDlg() || !Edit.GetSearchDlg()->isVisible())
+                return;
+            timer.stop();
+            used = true;
+            AUse(*Edit.GetSearchDlg());
+        });
+        timer.start(0);
+        PressInEditor(AKey, Qt::ControlModifier);
+        EXPECT_TRUE(used) << "there is no dialog";
+    }
+    // Types a search text, sets what `AFlags` say and presses Enter: c case, w whole words, b
+    // backward, e entire scope, k from the cursor, g global.
+    void Fill(TDlg &ADialog, const QString &AText, const QByteArray &AFlags)
+    {
+        for (const QChar c : AText)
+            ::Press(ADialog.focusWidget(), 0, {}, c);
+        ADialog.GetChkBxCaseSensitive()->setChecked(AFlags.contains('c'));
+        ADialog.GetChkBxWholeWordsOnly()->setChecked(AFlags.contains('w'));
+        ADialog.GetRgDirection()->SetItemIndex(AFlags.contains('b'));
+        if (AFlags.contains('e') || AFlags.contains('k'))
+            ADialog.GetRgOrigin()->SetItemIndex(AFlags.contains('e'));
+        if (AFlags.contains('g'))
+            ADialog.GetRgScope()->SetItemIndex(0);
+    }
+    void Find(const QString &AText, const QByteArray &AFlags = {})
+    {
+        Open(Qt::Key_F, [&](TDlg &dialog) {
+            Fill(dialog, AText, AFlags);
+            ::Press(dialog.focusWidget(), Qt::Key_Return, {}, u"\r"_s);
+        });
+    }
+    void Replace(const QString &AText, const QString &AWith, const QByteArray &AFlags, int AResult,
+                 bool APrompt)
+    {
+        Open(Qt::Key_R, [&](TDlg &dialog) {
+            Fill(dialog, AText, AFlags);
+            dialog.edtReplaceWith->setText(AWith);
+            dialog.chkBxPromptOnReplace->setChecked(APrompt);
+            dialog.done(AResult);
+        });
+    }
+
+    QStringList Boxes;
+    std::deque<int> Answers;
+};
+
+// A match is marked like a selection: `[` is the anchor and `]` the moving end.
+const struct {
+    const char *Name;
+    const char *Before;
+    const char *Text;
+    const char *Flags;
+    const char *After; ///< null: nothing is found, and nothing changes
+} Finds[] = {
+    {"from the caret", "|xab ab", "ab", "", "x]ab[ ab"},
+    {"from the caret on", "xa|b ab", "ab", "", "xab ]ab["},
+    {"never from the start again", "ab x|", "ab", "", nullptr},
+    {"on a later line", "ab|\nx\n ab", "ab", "", "ab\nx\n ]ab["},
+    {"from right of the line's end", "ab~~|\nab", "ab", "", "ab\n]ab["},
+    {"backward up to the caret", "ab ab|", "ab", "b", "ab [ab]"},
+    {"backward not over the caret", "ab a|b", "ab", "b", "[ab] ab"},
+    {"backward on an earlier line", "ab ab\nx\n|ab", "ab", "b", "ab [ab]\nx\nab"},
+    {"backward from right of the line's end", "ab~~|", "ab", "b", "[ab]"},
+    {"backward never from the end", "|x\nab", "ab", "b", nullptr},
+    {"letters of either case", "|AB", "ab", "", "]AB["},
+    {"the case as it is", "|AB ab", "ab", "c", "AB ]ab["},
+    {"whole words", "|abc 1ab \u00E4ab _ab", "ab", "w", "abc 1ab \u00E4ab _]ab["},
+    {"whole words backward", "ab abc|", "ab", "bw", "[ab] abc"},
+    {"a text with blanks around it", "|a b", " b ", "", "a ]b["},
+    {"nothing to find", "|ab", " ", "", nullptr},
+    {"the entire scope", "ab ab|", "ab", "e", "]ab[ ab"},
+    {"the entire scope backward", "|ab ab", "ab", "be", "ab [ab]"},
+    {"the selected lines", "ab\n[x ab\nab]\nab", "ab", "", "ab\nx ]ab[\nab\nab"},
+    {"the selected lines backward", "ab\n[x ab\nab] ab\nab", "ab", "b", "ab\nx ab\n[ab] ab\nab"},
+    {"from the selection's start", "a[b ab\nx]", "b", "", "a]b[ ab\nx"},
+    {"up to the selection's end", "[x\na]b", "ab", "", nullptr},
+    {"down to the selection's start", "a[b\nx]", "ab", "b", nullptr},
+    {"selected lines made upwards", "ab\n]x ab\nab[ ab", "ab", "", "ab\nx ]ab[\nab ab"},
+    {"within a line from the caret", "[a b] ab", "ab", "", nullptr},
+    {"within a line", "[a ab] ab", "ab", "e", "a ]ab[ ab"},
+    {"within a line made to the left", "]a ab[ ab", "ab", "e", nullptr},
+    {"within a line backward to the line's end", "[a ab] ab", "ab", "be", "a ab [ab]"},
+    {"the caret's line, also outside the scope", "[x\nab]", "ab", "kb", "x\n[ab]"},
+    {"a text without lines", "-", "ab", "e", nullptr},
+};
+
+} // namespace
+
+TEST_F(Search, FromTheDialog)
+{
+    for (const auto &row : Finds) {
+        SCOPED_TRACE(row.Name);
+        SetMarked(QString::fromUtf8(row.Before));
+        const QString before = Marked();
+        Boxes.clear();
+        Find(QString::fromUtf8(row.Text), row.Flags);
+        EXPECT_EQ(Marked(), row.After ? QString::fromUtf8(row.After) : before);
+        const QString text = QString::fromUtf8(row.Text).trimmed();
+        const QString notFound = u"Search string '"_s + text + u"' not found."_s;
+        EXPECT_EQ(Boxes, row.After ? QStringList() : QStringList(notFound));
+        if (row.After) {
+            const bool down = Edit.GetSearchOptions().SearchForward;
+            EXPECT_EQ(QPoint(Edit.GetCharPos(), Edit.GetLinePos()), Edit.GetSelEnd());
+            EXPECT_EQ(Edit.GetSelStart().x() < Edit.GetSelEnd().x(), down);
+        }
+    }
+}
+
+TEST_F(Search, AgainGoesOnThroughTheWholeText)
+{
+    SetMarked(u"ab|\nab"_s);
+    PressInEditor(Qt::Key_F3);
+    EXPECT_EQ(Marked(), u"ab|\nab"_s) << "nothing was looked for yet";
+    SetMarked(u"[x ab\nx] ab\nab"_s);
+    Find(u"ab"_s);
+    EXPECT_EQ(Marked(), u"x ]ab[\nx ab\nab"_s);
+    PressInEditor(Qt::Key_F3);
+    EXPECT_EQ(Marked(), u"x ab\nx ]ab[\nab"_s) << "behind the scope";
+    PressInEditor(Qt::Key_F3);
+    PressInEditor(Qt::Key_F3);
+    EXPECT_EQ(Marked(), u"x ab\nx ab\n]ab["_s);
+    EXPECT_EQ(Boxes, QStringList(u"Search string 'ab' not found."_s));
+}
+
+TEST_F(Search, TheDialogStartsFromTheSelection)
+{
+    const struct {
+        const char *Before;
+        const char *Text;
+        int Scope, Origin;
+    } rows[] = {
+        {"a b|", "", 0, 0},        {"[word] x", "word", 0, 0}, {"]word[ x", "word", 0, 0},
+        {"[a b] c", "word", 1, 0}, {"[a\nb]", "word", 1, 1},   {"]a\nb[", "word", 1, 1},
+        {"a|", "word", 0, 0},
+    };
+    for (const int key : {Qt::Key_F, Qt::Key_R})
+        for (const auto &row : rows) {
+            SCOPED_TRACE(row.Before);
+            SetMarked(QString::fromUtf8(row.Before));
+            Open(key, [&](TDlg &dialog) {
+                EXPECT_EQ(dialog.GetEdtTextToFind()->text(), QLatin1StringView(row.Text));
+                EXPECT_EQ(dialog.GetEdtTextToFind()->selectedText(), QLatin1StringView(row.Text));
+                EXPECT_EQ(dialog.focusWidget(), dialog.GetEdtTextToFind());
+                EXPECT_EQ(dialog.GetRgScope()->GetItemIndex(), row.Scope);
+                EXPECT_EQ(dialog.GetRgOrigin()->GetItemIndex(), row.Origin);
+                dialog.GetRgOrigin()->SetItemIndex(1);
+                ::Press(dialog.focusWidget(), Qt::Key_Escape, {}, u"\x1B"_s);
+            });
+            EXPECT_EQ(Marked(), QString::fromUtf8(row.Before));
+        }
+    PressInEditor(Qt::Key_F3);
+    EXPECT_EQ(Boxes, QStringList(u"Search string '' not found."_s)) << "nothing was accepted";
+}
+
+TEST_F(Search, ResultsThatStartASearch)
+{
+    for (const int result : {1, 2, 10, 14}) {
+        SetMarked(u"|ab ab"_s);
+        Boxes.clear();
+        Replace(u"ab"_s, u"c"_s, "", result, false);
+        EXPECT_EQ(Lines().join(u'|'), result == 1    ? u"c ab"_s
+                                      : result == 14 ? u"c c"_s
+                                                     : u"ab ab"_s);
+        EXPECT_EQ(Boxes.size(), result == 14 ? 1 : 0);
+    }
+}
+
+TEST_F(Search, ReplacingAsks)
+{
+    const struct {
+        std::deque<int> Given;
+        int Result;
+        const char *After;
+        QStringList Asked;
+    } rows[] = {
+        {{mrYes}, 1, "c| ab ab", {u"YN 0"_s}},
+        {{mrNo}, 1, "]ab[ ab ab", {u"YN 0"_s}},
+        {{mrYes, mrNo, mrYes}, 14, "c ab c|", {u"YNC 0"_s, u"YNC 2"_s, u"YNC 5"_s, u"none"_s}},
+        {{mrNo, mrCancel, mrYes}, 14, "ab ]ab[ ab", {u"YNC 0"_s, u"YNC 3"_s}},
+        {{mrOk, mrYes, mrYes}, 14, "ab c c|", {u"YNC 0"_s, u"YNC 3"_s, u"YNC 5"_s, u"none"_s}},
+    };
+    for (const auto &row : rows) {
+        SetMarked(u"|ab ab ab"_s);
+        Boxes.clear();
+        Answers = row.Given;
+        Replace(u"ab"_s, u"c"_s, "", row.Result, true);
+        EXPECT_EQ(Marked(), QLatin1StringView(row.After));
+        Boxes.replaceInStrings(u" Do you want to replace this occurrence of 'ab'? at"_s, u""_s);
+        Boxes.replaceInStrings(u"Search string 'ab' not found."_s, u"none"_s);
+        EXPECT_EQ(Boxes, row.Asked);
+    }
+}
+
+TEST_F(Search, ReplacingAll)
+{
+    const struct {
+        const char *Before;
+        const char *With;
+        const char *Flags;
+        const char *After;
+    } rows[] = {
+        {"|a a\na", "aa", "", "aa aa\naa|"},
+        {"a a\na|", "aa", "b", "aa aa\naa"},
+        {"a a\n|a", "b a b", "be", "b a b b a b\nb a b"},
+        {"|a\nba", " ", "", " \nb |"},
+        {"a|a", "", "", "a|"},
+        {"a [x\na] a", "c", "", "a x\nc c|"},
+    };
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.Before);
+        SetMarked(QString::fromUtf8(row.Before));
+        const QStringList before = Lines();
+        Boxes.clear();
+        Replace(u"a"_s, QString::fromUtf8(row.With), row.Flags, 14, false);
+        EXPECT_EQ(Boxes.size(), 1);
+        const QString after = QString::fromUtf8(row.After);
+        EXPECT_EQ(after.contains(u'|') ? Marked() : Lines().join(u'\n'), after);
+        while (Edit.GetCanUndo())
+            Send(quint32(TZtMsg::wmUndo));
+        EXPECT_EQ(Lines(), before);
+    }
+    SetMarked(u"|a a"_s);
+    Edit.SetReadOnly(true);
+    Boxes.clear();
+    Replace(u"a"_s, u"c"_s, "", 14, false);
+    EXPECT_EQ(MarkedCaret(), u"a a|"_s);
+    EXPECT_EQ(Boxes.size(), 1);
+    EXPECT_FALSE(Edit.GetCanUndo());
+}
+
+TEST_F(Search, AStepThatRaisesEndsTheRun)
+{
+    SetMarked(u"|a a a"_s);
+    int changes = 0;
+    Edit.SetOnChange([&](QObject *) {
+        if (++changes == 4)
+            throw EZtException(u"no"_s);
+    });
+    Replace(u"a"_s, u"c"_s, "", 14, false);
+    EXPECT_EQ(Errors, QStringList(u"no"_s));
+    EXPECT_EQ(Lines(), QStringList(u"c  a"_s));
+}
+
+// --- the search of one run -----------------------------------------------------------------------
+
+namespace {
+
+qsizetype PlainSearch(const QString &ARun, qsizetype AStart, const QString &AText,
+                      TZtSearchFlags AOptions)
+{
+    const bool down = AOptions.testFlag(TZtSearchFlag::sfDown);
+    const auto isWord = [&](qsizetype at) {
+        return at >= 0 && at < ARun.size() && (ARun[at].isLetter() || ARun[at].isDigit());
+    };
+    const auto sensitivity =
+        AOptions.testFlag(TZtSearchFlag::sfMatchCase) ? Qt::CaseSensitive : Qt::CaseInsensitive;
+    qsizetype found = -1;
+    for (qsizetype at = 0; !AText.isEmpty() && at + AText.size() <= ARun.size(); ++at) {
+        if (ARun.mid(at, AText.size()).compare(AText, sensitivity) != 0)
+            continue;
+        if (AOptions.testFlag(TZtSearchFlag::sfWholeWord) &&
+            (isWord(at - 1) || isWord(at + AText.size())))
+            continue;
+        if (down && at >= AStart)
+            return at;
+        if (!down && at + AText.size() <= AStart)
+            found = at;
+    }
+    return found;
+}
+
+} // namespace
+
+TEST(BufferSearch, FindsWhatAPlainSearchFinds)
+{
+    const QString narrow = u"aAbB \u00E4\u00C4\u00FF\u00B5\u00DF1_"_s;
+    const QString wide = narrow + u"\u0178\u03BC\u212A\u0436\u0416"_s + u'k';
+    std::minstd_rand random(7);
+    const auto pick = [&](qsizetype below) { return qsizetype(random() % quint32(below)); };
+    const auto text = [&](const QString &alphabet, qsizetype length) {
+        QString made;
+        while (made.size() < length)
+            made += alphabet[pick(alphabet.size())];
+        return made;
+    };
+    int found = 0;
+    for (int i = 0; i < 40000; ++i) {
+        const bool inBytes = pick(2);
+        const QString letters = (inBytes ? narrow : wide).left(2 + pick(20));
+        const QString run = text(letters, pick(60));
+        const QString looked = text(pick(4) ? letters : wide, pick(5));
+        const TZtSearchFlags options = TZtSearchFlags::fromInt(int(pick(8)));
+        const qsizetype start = pick(run.size() + 8) - 3;
+        const qsizetype expected = PlainSearch(run, start, looked, options);
+        const QByteArray bytes = run.toLatin1();
+        const TZtBufferSearch search(looked, options);
+        ASSERT_EQ(search.Find(run, start), expected)
+            << run.toStdString() << '/' << looked.toStdString() << '/' << start << '/'
+            << options.toInt();
+        if (inBytes) {
+            ASSERT_EQ(search.Find(QLatin1StringView(bytes), start), expected)
+                << run.toStdString() << '/' << looked.toStdString() << '/' << start << '/'
+                << options.toInt();
+        }
+        found += expected >= 0;
+    }
+    EXPECT_GT(found, 2000);
+}
+
+// --- the dialog ----------------------------------------------------------------------------------
+
+namespace {
+
+class SearchDialog : public testing::Test {
+protected:
+    SearchDialog() { SetPointSize(8); }
+    ~SearchDialog() override { QApplication::setFont(Before); }
+    static void SetPointSize(qreal ASize)
+    {
+        QFont font = QApplication::font();
+        font.setPointSizeF(ASize);
+        QApplication::setFont(font);
+    }
+    QFont Before = QApplication::font();
+};
+
+constexpr auto ForFind = TFrmCodeEditSearchReplaceDlgType::search;
+constexpr auto ForReplace = TFrmCodeEditSearchReplaceDlgType::replace;
+
+// A radio button has the name of its group.
+QString NameOf(const QWidget *AWidget)
+{
+    return AWidget->objectName().isEmpty() ? AWidget->parentWidget()->objectName()
+                                           : AWidget->objectName();
+}
+
+} // namespace
+
+TEST_F(SearchDialog, ItsTwoFormsAtTheReferenceSize)
+{
+    TDlg dialog;
+    EXPECT_EQ(dialog.GetDlgType(), ForFind);
+    for (int i = 0; i < 2; ++i)
+        for (const auto type : {ForFind, ForReplace, ForReplace}) {
+            const bool replace = type == ForReplace;
+            dialog.SetDlgType(type);
+            EXPECT_EQ(dialog.windowTitle(), replace ? u"Replace Text"_s : u"Find Text"_s);
+            EXPECT_EQ(dialog.size(), QSize(405, replace ? 319 : 276));
+            EXPECT_EQ(dialog.pcMain->currentWidget(), replace ? dialog.tsReplace : dialog.tsFind);
+            EXPECT_EQ(dialog.btnReplaceAll->isVisibleTo(&dialog), replace);
+            const int top = dialog.height() - 31;
+            EXPECT_EQ(dialog.btnOK->geometry(), QRect(replace ? 162 : 240, top, 75, 25));
+            EXPECT_EQ(dialog.btnReplaceAll->geometry(), QRect(replace ? 240 : 162, top, 75, 25));
+            EXPECT_EQ(dialog.btnCancel->geometry(), QRect(318, top, 75, 25));
+            EXPECT_EQ(dialog.pcMain->geometry(), QRect(8, 8, 387, dialog.height() - 45));
+        }
+    EXPECT_EQ(dialog.gbSearchOptions->geometry(), QRect(8, 36, 177, 65));
+    EXPECT_EQ(dialog.rgSearchScope->pos(), QPoint(8, 108));
+    EXPECT_EQ(dialog.rgReplaceDirection->geometry(), QRect(196, 60, 177, 89));
+    EXPECT_EQ(dialog.rgReplaceOrigin->geometry(), QRect(196, 156, 177, 65));
+    EXPECT_EQ(dialog.edtReplaceWith->pos(), QPoint(88, 32));
+    dialog.show();
+    dialog.resize(505, 419);
+    EXPECT_EQ(dialog.btnCancel->pos(), QPoint(418, 388));
+    EXPECT_EQ(dialog.pcMain->size(), QSize(487, 374));
+}
+
+TEST_F(SearchDialog, StartsWithTheGivenChoices)
+{
+    TDlg dialog;
+    for (const auto type : {ForFind, ForReplace}) {
+        dialog.SetDlgType(type);
+        EXPECT_EQ(dialog.GetRgScope()->GetItemIndex(), 0);
+        EXPECT_EQ(dialog.GetRgDirection()->GetItemIndex(), 0);
+        EXPECT_EQ(dialog.GetRgOrigin()->GetItemIndex(), 1);
+        for (const auto *box : dialog.findChildren<QCheckBox *>())
+            EXPECT_FALSE(box->isChecked());
+    }
+    // The pages keep their entries apart.
+    dialog.GetEdtTextToFind()->setText(u"x"_s);
+    dialog.GetRgScope()->SetItemIndex(1);
+    dialog.GetRgOrigin()->SetItemIndex(0);
+    dialog.GetRgDirection()->SetItemIndex(1);
+    dialog.GetChkBxCaseSensitive()->setChecked(true);
+    dialog.GetChkBxWholeWordsOnly()->setChecked(true);
+    dialog.SetDlgType(ForFind);
+    EXPECT_EQ(dialog.GetEdtTextToFind()->text(), QString());
+    EXPECT_EQ(dialog.GetRgScope()->GetItemIndex() + dialog.GetRgDirection()->GetItemIndex(), 0);
+    EXPECT_EQ(dialog.GetRgOrigin()->GetItemIndex(), 1);
+    EXPECT_FALSE(dialog.GetChkBxCaseSensitive()->isChecked() ||
+                 dialog.GetChkBxWholeWordsOnly()->isChecked());
+}
+
+TEST_F(SearchDialog, ClosesWithItsResults)
+{
+    TDlg dialog;
+    dialog.SetDlgType(ForReplace);
+    const struct {
+        std::function<void()> Act;
+        int Result;
+    } rows[] = {
+        {[&] { dialog.btnOK->click(); }, 1},
+        {[&] { dialog.btnCancel->click(); }, 2},
+        {[&] { dialog.btnReplaceAll->click(); }, 10},
+        {[&] { Press(dialog.edtReplaceWith, Qt::Key_Return, {}, u"\r"_s); }, 1},
+        {[&] { Press(dialog.chkBxPromptOnReplace, Qt::Key_Escape, {}, u"\x1B"_s); }, 2},
+        {[&] { dialog.close(); }, 2},
+    };
+    for (const auto &row : rows) {
+        QTimer::singleShot(0, &dialog, row.Act);
+        EXPECT_EQ(dialog.ShowModal(), row.Result);
+    }
+    EXPECT_EQ(dialog.btnReplaceAll->shortcut(), QKeySequence(u"Alt+A"_s));
+}
+
+TEST_F(SearchDialog, TabGoesThroughTheShownPage)
+{
+    TDlg dialog;
+    const struct {
+        TFrmCodeEditSearchReplaceDlgType Type;
+        QStringList Names;
+    } rows[] = {
+        {ForFind,
+         {u"edtSearchTextToFind"_s, u"chkBxSearchCaseSensitive"_s, u"chkBxSearchWholeWordsOnly"_s,
+          u"rgSearchScope"_s, u"rgSearchDirection"_s, u"rgSearchOrigin"_s, u"btnOK"_s,
+          u"btnCancel"_s, u"edtSearchTextToFind"_s}},
+        {ForReplace,
+         {u"edtReplaceTextToFind"_s, u"edtReplaceWith"_s, u"chkBxReplaceCaseSensitive"_s,
+          u"chkBxReplaceWholeWordsOnly"_s, u"chkBxPromptOnReplace"_s, u"rgReplaceDirection"_s,
+          u"rgReplaceScope"_s, u"rgReplaceOrigin"_s, u"btnOK"_s, u"btnCancel"_s, u"btnReplaceAll"_s,
+          u"edtReplaceTextToFind"_s}},
+    };
+    for (const auto &row : rows) {
+        dialog.SetDlgType(row.Type);
+        dialog.show();
+        QApplication::setActiveWindow(&dialog);
+        QStringList names;
+        for (qsizetype i = 0; i < row.Names.size(); ++i) {
+            names += NameOf(dialog.focusWidget());
+            Press(dialog.focusWidget(), Qt::Key_Tab, {}, u"\t"_s);
+        }
+        EXPECT_EQ(names, row.Names);
+        dialog.hide();
+    }
+}
+
+TEST_F(SearchDialog, NoTextIsCut)
+{
+    for (const qreal points : {8, 9, 12, 20}) {
+        SetPointSize(points);
+        TDlg dialog;
+        dialog.SetDlgType(ForReplace);
+        dialog.show();
+        for (QWidget *widget : dialog.findChildren<QWidget *>()) {
+            const bool holdsText = qobject_cast<QLabel *>(widget) ||
+                                   qobject_cast<QAbstractButton *>(widget) ||
+                                   qobject_cast<QLineEdit *>(widget);
+            if (!holdsText || !widget->isVisible())
+                continue;
+            QSize wanted = widget->sizeHint();
+            if (qobject_cast<QPushButton *>(widget))
+                wanted = widget->fontMetrics().size(Qt::TextShowMnemonic, u"Replace &All"_s);
+            if (qobject_cast<QLineEdit *>(widget)) // which scrolls, in a frame of two pixels
+                wanted = QSize(0, widget->fontMetrics().height() + 4);
+            EXPECT_GE(widget->width(), wanted.width()) << NameOf(widget).toStdString();
+            EXPECT_GE(widget->height(), wanted.height()) << NameOf(widget).toStdString();
+            EXPECT_TRUE(widget->parentWidget()->rect().contains(widget->geometry()))
+                << NameOf(widget).toStdString();
+        }
+    }
+}
