@@ -230,8 +230,10 @@ public:
     }
     void ReplaceAll(const QString &S, const QString &AWith) override
     {
-        // As its users are told to do it: one undo action, and no picture in between.
+        // At its best: one undo action, no picture in between, and without its lexer, which makes
+        // this loop take minutes.
         FEdit.setUpdatesEnabled(false);
+        FEdit.setLexer(nullptr);
         FEdit.beginUndoAction();
         for (bool found = FEdit.findFirst(S, false, true, false, false, true, 0, 0); found;
              found = FEdit.findNext())
