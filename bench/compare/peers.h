@@ -22,8 +22,9 @@ public:
     virtual void MoveTo(int ALine, int AColumn) = 0;
     /// Selects the next occurrence from the start of the text; whether there is one.
     virtual bool Find(const QString &S, bool ACase, bool AWholeWords) = 0;
-    /// Replaces every occurrence through the widget's own find-and-replace steps, undo on.
-    virtual void ReplaceAll(const QString &S, const QString &AWith) = 0;
+    /// Replaces every occurrence through the widget's own find-and-replace steps, undo on. Returns
+    /// how many it did; one that takes too long may stop early.
+    virtual int ReplaceAll(const QString &S, const QString &AWith) = 0;
     virtual void Paste() = 0;
     /// Colours the whole text once.
     virtual void ColourAll() = 0;

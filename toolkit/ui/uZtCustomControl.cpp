@@ -299,9 +299,9 @@ void TCustomControl::keyPressEvent(QKeyEvent *AEvent)
     quint16 key = ZtVirtualKey(*AEvent);
     const quint16 pressed = key;
     const QString characters = ZtCharactersOf(*AEvent);
-    // The characters are typed also when the key press was consumed, or raised.
-    Guarded([&] { KeyDown(key, ZtShiftStateOf(*AEvent)); });
-    TypeCharacters(characters);
+    // The characters are typed also when the key press was consumed, but not when it failed.
+    if (Guarded([&] { KeyDown(key, ZtShiftStateOf(*AEvent)); }))
+        TypeCharacters(characters);
     AEvent->setAccepted(key != pressed || !characters.isEmpty());
 }
 

@@ -164,13 +164,15 @@ protected:
     void focusOutEvent(QFocusEvent *AEvent) override;
 
     /// Runs a handler of an event. What it raises is reported here: Qt's own frames must not be
-    /// unwound.
-    template <typename THandler> void Guarded(THandler AHandler)
+    /// unwound. False when it raised.
+    template <typename THandler> bool Guarded(THandler AHandler)
     {
         try {
             AHandler();
+            return true;
         } catch (...) {
             Report(std::current_exception());
+            return false;
         }
     }
     /// The window appeared or changed, or the client area moved.

@@ -1,0 +1,302 @@
+#include "uZtDbCodeEdit.h"
+
+#include "uZtClassRegistry.h"
+#include "uZtStringStream.h"
+
+#include <QDropEvent>
+#include <QMimeData>
+
+namespace {
+
+const bool Registered = ZtRegisterClass<TZtDbCodeEdit>();
+
+constexpr quint32 MsgSetReadOnly = 0x00CF; // an edit control's message, which the editor ignores
+
+void LoadLines(TStringList &ALines, QIODevice &AStream)
+{
+    TZtStringStream text;
+    text.LoadFromBytes(AStream.readAll());
+    ALines.BeginUpdate();
+    ALines.SetText(text.GetWString());
+    ALines.EndUpdate();
+}
+
+// The lines as bytes, CR LF after each, in the encoding of `AOld`. What this encoding does not have
+// makes it UTF-8.
+QByteArray SaveLines(const TStringList &ALines, const QByteArray &AOld)
+{
+    TZtStringStream old;
+    old.LoadFromBytes(AOld);
+    TZtTextFormat format;
+    format.Encoding = old.GetFormat().Encoding;
+    format.Mark = old.GetFormat().Mark;
+    format.LineEnding = TZtLineEnding::leCrLf;
+    for (;;) {
+        TZtTextEncoder encoder(format, AOld.size());
+        for (int i = 0; i < ALines.GetCount(); ++i)
+            encoder.AddLine(ALines.View(i));
+        QByteArray bytes = encoder.Finish();
+        if (encoder.Lost().empty() || format.Encoding == TZtEncoding::teUtf8)
+            return bytes;
+        format.Encoding = TZtEncoding::teUtf8;
+    }
+}
+
+} // namespace
+
+// Caret and selection. They are put back through the setters, which also move each other, so that
+// the order counts.
+struct TZtDbCodeEdit::TPlace {
+    int CharPos;
+    int LinePos;
+    QPoint SelStart;
+    QPoint SelEnd;
+
+    void PutSelection(TZtDbCodeEdit &AEdit) const
+    {
+        AEdit.SetSelStart(SelStart);
+        AEdit.SetSelEnd(SelEnd);
+    }
+    void PutCaret(TZtDbCodeEdit &AEdit) const
+    {
+        AEdit.SetLinePos(LinePos);
+        AEdit.SetCharPos(CharPos);
+    }
+};
+
+TZtDbCodeEdit::TPlace TZtDbCodeEdit::Place() const
+{
+    return {GetCharPos(), GetLinePos(), GetSelStart(), GetSelEnd()};
+}
+
+// --- component -----------------------------------------------------------------------------------
+
+TZtDbCodeEdit::TZtDbCodeEdit(QWidget *AOwner) : TZtCodeEdit(AOwner)
+{
+    DataLink = std::make_unique<TFieldDataLink>(this);
+    DataLink->OnDataChange = [this](QObject *) { DataChange(); };
+    DataLink->OnEditingChange = [this](QObject *) { EditingChange(); };
+    DataLink->OnUpdateData = [this](QObject *) { UpdateData(); };
+    setAcceptDrops(true);
+}
+
+TZtDbCodeEdit::~TZtDbCodeEdit() { DataLink.reset(); }
+
+void TZtDbCodeEdit::Loaded()
+{
+    TZtCodeEdit::Loaded();
+    if (IsDesigning())
+        DataChange();
+}
+
+void TZtDbCodeEdit::Notification(QObject *AComponent, TOperation Operation)
+{
+    TZtCodeEdit::Notification(AComponent, Operation);
+    if (Operation == TOperation::opRemove && DataLink && AComponent == GetDataSource())
+        SetDataSource(nullptr);
+}
+
+void TZtDbCodeEdit::SetDataField(const QString &Value)
+{
+    SkipNextDataChange = false; // the text of another field is always loaded
+    DataLink->SetFieldName(Value);
+}
+
+void TZtDbCodeEdit::SetDataSource(TDataSource *Value)
+{
+    if (!(DataLink->GetDataSourceFixed() && IsLoading()))
+        DataLink->SetDataSource(Value);
+    if (Value)
+        FreeNotification(Value);
+}
+
+bool TZtDbCodeEdit::GetReadOnly() const
+{
+    return TZtCodeEdit::GetReadOnly() || (DataLink && DataLink->GetReadOnly());
+}
+
+void TZtDbCodeEdit::SetReadOnly(bool Value)
+{
+    TZtCodeEdit::SetReadOnly(Value);
+    DataLink->SetReadOnly(Value);
+}
+
+// --- what the link tells -------------------------------------------------------------------------
+
+void TZtDbCodeEdit::DataChange()
+{
+    if (const TField *field = GetField()) {
+        if (SkipNextDataChange) {
+            SkipNextDataChange = false;
+            return;
+        }
+        if (field->IsBlob())
+            LoadMemo();
+        else
+            SetText(field->GetEditText());
+        if (OnLoadData)
+            OnLoadData(this);
+    } else {
+        SkipNextDataChange = false; // what is shown next is another text
+        SetText(IsDesigning() ? objectName() : QString());
+    }
+    UpdateReadOnly();
+}
+
+void TZtDbCodeEdit::LoadMemo()
+{
+    const TPlace place = Place();
+    const auto restore = [&] {
+        place.PutSelection(*this);
+        place.PutCaret(*this); // takes the selection along
+    };
+    try {
+        TField *field = GetField();
+        if (field->GetText().isEmpty())
+            GetLines()->Clear();
+        else
+            LoadLines(*GetLines(),
+                      *field->GetDataSet()->CreateBlobStream(field, TBlobStreamMode::bmRead));
+        InitSelectionAndPosition();
+        EditingChange();
+    } catch (...) {
+        restore();
+        throw;
+    }
+    restore();
+}
+
+void TZtDbCodeEdit::EditingChange()
+{
+    if (DataLink->GetEditing() && GetDataSource() &&
+        GetDataSource()->GetState() != TDataSetState::dsInsert)
+        SkipNextDataChange = true;
+}
+
+void TZtDbCodeEdit::UpdateData()
+{
+    TField *field = GetField();
+    if (!field->IsBlob()) {
+        field->SetText(GetText());
+        return;
+    }
+    const QByteArray bytes = SaveLines(*GetLines(), field->GetAsBytes());
+    const auto stream = field->GetDataSet()->CreateBlobStream(field, TBlobStreamMode::bmWrite);
+    stream->write(bytes);
+    stream->close();
+    field->Validate();
+}
+
+void TZtDbCodeEdit::UpdateReadOnly()
+{
+    if (!GetField())
+        return;
+    SetReadOnly(GetField()->GetReadOnly());
+    if (WindowAvailable())
+        ZtSendMessage(this, MsgSetReadOnly, GetReadOnly(), 0);
+}
+
+void TZtDbCodeEdit::SetFocused(bool Value)
+{
+    if (Focused == Value)
+        return;
+    Focused = Value;
+    if (!GetField() || !GetField()->IsBlob())
+        DataLink->Reset();
+}
+
+// --- what the user starts ------------------------------------------------------------------------
+
+void TZtDbCodeEdit::EnsureEditState()
+{
+    const TPlace place = Place();
+    const auto restore = [&] {
+        place.PutCaret(*this);
+        place.PutSelection(*this);
+    };
+    try {
+        TDataSet *dataSet = DataLink->GetDataSet();
+        if (dataSet && dataSet->GetState() == TDataSetState::dsBrowse) {
+            if (!GetDataSource()->GetAutoEdit() || GetReadOnly())
+                throw EAbort(QStringLiteral("Can't go to editstate"));
+            dataSet->Edit();
+        }
+    } catch (...) {
+        restore();
+        throw;
+    }
+    restore();
+}
+
+void TZtDbCodeEdit::Changed()
+{
+    EnsureEditState();
+    DataLink->Modified();
+    TZtCodeEdit::Changed();
+}
+
+void TZtDbCodeEdit::KeyDown(quint16 &Key, TShiftState Shift)
+{
+    if (Key == TZtKey::Delete)
+        EnsureEditState();
+    TZtCodeEdit::KeyDown(Key, Shift);
+}
+
+void TZtDbCodeEdit::KeyCommand(quint16 &Key, TShiftState Shift)
+{
+    switch (Key) {
+    case TZtKey::Insert: // these three whatever the modifiers: also the X that is only typed
+    case TZtKey::Letter('X'):
+    case TZtKey::F9:
+        EnsureEditState();
+        break;
+    case TZtKey::Letter('V'):
+    case TZtKey::F7:
+        if (Shift == TShiftState(ssCtrl))
+            EnsureEditState();
+        break;
+    default:
+        break;
+    }
+    TZtCodeEdit::KeyCommand(Key, Shift);
+}
+
+void TZtDbCodeEdit::DragDrop(QObject *Source, int X, int Y)
+{
+    DataLink->Edit();
+    TZtCodeEdit::DragDrop(Source, X, Y);
+}
+
+void TZtDbCodeEdit::dragEnterEvent(QDragEnterEvent *AEvent)
+{
+    if (AEvent->mimeData()->hasText())
+        AEvent->acceptProposedAction();
+}
+
+void TZtDbCodeEdit::dropEvent(QDropEvent *AEvent)
+{
+    const QString text = AEvent->mimeData()->text();
+    QPoint at = AEvent->position().toPoint() - ClientArea().topLeft();
+    Guarded([&] {
+        DragDrop(AEvent->source(), at.x(), at.y());
+        CalcCursor(at.rx(), at.ry());
+        SetLinePos(at.y());
+        SetCharPos(at.x());
+        InsertText(TZtChangeType::ctPaste, text);
+        SetSelection(true);
+    });
+    AEvent->acceptProposedAction();
+}
+
+void TZtDbCodeEdit::CMEnter()
+{
+    SetFocused(true);
+    TZtCodeEdit::CMEnter();
+}
+
+void TZtDbCodeEdit::CMExit()
+{
+    DataLink->UpdateRecord();
+    SetFocused(false);
+    TZtCodeEdit::CMExit();
+}

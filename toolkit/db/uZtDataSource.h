@@ -1,0 +1,52 @@
+#pragma once
+
+#include "uZtDataSet.h"
+#include "uZtStringList.h"
+
+class TFieldDataLink;
+
+using TDataChangeEvent = std::function<void(QObject *Sender, TField *Field)>;
+
+/// Connects a dataset with the controls that show it.
+class TDataSource : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(TDataSet *DataSet READ GetDataSet WRITE SetDataSet)
+    Q_PROPERTY(bool AutoEdit READ GetAutoEdit WRITE SetAutoEdit)
+
+public:
+    explicit TDataSource(QObject *AOwner = nullptr);
+    /// Detaches the links.
+    ~TDataSource() override;
+
+    /// Fired before the links are told of another state or another dataset.
+    TNotifyEvent OnStateChange;
+    /// Fired after the links were told of a change; `Field` is null when it is not one field's.
+    TDataChangeEvent OnDataChange;
+    /// Fired before a record is posted, after the links stored what they hold.
+    TNotifyEvent OnUpdateData;
+
+    TDataSet *GetDataSet() const { return FDataSet; }
+    /// Detaches the old one, then attaches the new one; the links hear of each as of another state,
+    /// then of other data.
+    void SetDataSet(TDataSet *Value);
+    /// Whether a control may put the dataset into edit state; true at first.
+    bool GetAutoEdit() const { return FAutoEdit; }
+    void SetAutoEdit(bool Value) { FAutoEdit = Value; }
+    /// The dataset's state; `dsInactive` without one.
+    TDataSetState GetState() const;
+    /// Puts the dataset into edit state if that is automatic and it is in browse state.
+    void Edit();
+
+private:
+    friend class TDataSet;
+    friend class TFieldDataLink;
+
+    void AddDataLink(TFieldDataLink *ALink) { FLinks.push_back(ALink); }
+    void RemoveDataLink(TFieldDataLink *ALink) { std::erase(FLinks, ALink); }
+    void TellOfDataSet();
+    void DataEvent(TDataEvent AEvent, TField *AField);
+
+    TDataSet *FDataSet = nullptr;
+    bool FAutoEdit = true;
+    std::vector<TFieldDataLink *> FLinks;
+};

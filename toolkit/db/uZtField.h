@@ -1,0 +1,74 @@
+#pragma once
+
+#include <QSqlField>
+#include <QString>
+#include <QVariant>
+
+#include <functional>
+
+class TDataSet;
+class TBlobStream;
+
+/// A column of a dataset and its value in the current record.
+///
+/// A store needs the dataset in edit or insert state and a field that is not read-only, and raises
+/// `EDatabaseError` otherwise. It is checked by `OnValidate`, and tells the data sources at once.
+class TField {
+public:
+    TField(TDataSet *ADataSet, int AIndex, const QSqlField &AColumn);
+    TField(const TField &) = delete;
+    TField &operator=(const TField &) = delete;
+
+    /// Looks at the new value; what it raises undoes the store.
+    std::function<void(TField *Sender)> OnValidate;
+
+    TDataSet *GetDataSet() const { return FDataSet; }
+    QString GetFieldName() const { return FColumn.name(); }
+    /// 0-based.
+    int GetIndex() const { return FIndex; }
+    /// Whether the column's type is one of bytes, to be read and written through streams.
+    bool IsBlob() const { return FColumn.metaType().id() == QMetaType::QByteArray; }
+    bool GetReadOnly() const { return FReadOnly; }
+    /// Forbids stores. Nobody is told until the dataset's state changes.
+    void SetReadOnly(bool Value) { FReadOnly = Value; }
+    /// Whether neither the field nor its dataset is read-only.
+    bool CanModify() const;
+
+    bool IsNull() const { return GetValue().isNull(); }
+    /// Stores null.
+    void Clear();
+    /// The value as the database has it.
+    QVariant GetValue() const;
+    /// Stores a value as it is.
+    void SetValue(const QVariant &Value);
+
+    /// The value as text, empty for null. Bytes are decoded, whatever their encoding.
+    QString GetAsString() const;
+    /// Stores a text as a value of the column's type; raises when it is none. An empty text is an
+    /// empty string, and null in a column of another type.
+    void SetAsString(const QString &Value);
+    /// The value as bytes; text is UTF-8.
+    QByteArray GetAsBytes() const;
+    /// The value as it is shown.
+    QString GetText() const { return GetAsString(); }
+    /// Stores what a user wrote.
+    void SetText(const QString &Value) { SetAsString(Value); }
+    /// The value as it is given to a user to edit.
+    QString GetEditText() const { return GetAsString(); }
+    /// Runs `OnValidate` on the value as it is.
+    void Validate();
+
+private:
+    friend class TBlobStream;
+    friend class TDataSet;
+
+    QVariant NullValue() const { return QVariant(FColumn.metaType()); }
+    QVariant FromText(const QString &AText) const;
+    void CheckStore() const;
+    void StoreBytes(const QByteArray &ABytes);
+
+    TDataSet *FDataSet;
+    int FIndex;
+    QSqlField FColumn;
+    bool FReadOnly;
+};
