@@ -5,6 +5,7 @@
 #include "uZtCodeEdit.h"
 #include "uZtCodePascalParser.h"
 #include "uZtPlatform.h"
+#include "uZtTokenDump.h"
 
 #include <QApplication>
 #include <QDir>
@@ -24,18 +25,21 @@ namespace {
 
 constexpr qsizetype Megabyte = 1'000'000;
 
-// The Pascal examples, one after the other, until `ASize` bytes are reached.
-QByteArray PascalText(qsizetype ASize)
+// The examples of a language, one after the other, until `ASize` bytes are reached.
+QByteArray ExampleText(const TZtTokenLanguage &ALanguage, qsizetype ASize)
 {
     QByteArray once;
-    const QDir folder(QStringLiteral(ZT_SOURCE_DIR "/examples/pascal"));
-    for (const QString &name : folder.entryList({QStringLiteral("*.pas")})) {
+    const QDir folder(QStringLiteral(ZT_SOURCE_DIR "/examples/") +
+                      QLatin1StringView(ALanguage.Name));
+    for (const QString &name : folder.entryList(QDir::Files)) {
         QFile file(folder.filePath(name));
         if (file.open(QIODevice::ReadOnly))
             once += file.readAll();
     }
     return once.repeated(ASize / once.size() + 1).first(ASize);
 }
+
+QByteArray PascalText(qsizetype ASize) { return ExampleText(ZtTokenLanguages()[0], ASize); }
 
 // Short lines of one hundred megabytes: 2.5 million of 40 bytes.
 QByteArray ShortLines(qsizetype ASize)
@@ -119,6 +123,22 @@ void BM_FullRepaint(benchmark::State &AState)
         bench.Edit.SetRightMarginColor(TColor(++round & 0xFF));
         Settle();
     });
+}
+
+// The same for every language, to be compared with Pascal's.
+void BM_FullRepaintOf(benchmark::State &AState)
+{
+    const TZtTokenLanguage &language = ZtTokenLanguages()[size_t(AState.range(0))];
+    const std::unique_ptr<TZtLangParser> parser = language.CreateParser();
+    TBench bench(ExampleText(language, 100'000));
+    bench.Edit.SetParser(parser.get());
+    Settle();
+    int round = 0;
+    Measure(AState, [&] {
+        bench.Edit.SetRightMarginColor(TColor(++round & 0xFF));
+        Settle();
+    });
+    AState.SetLabel(language.Name);
 }
 
 void BM_UnchangedRepaint(benchmark::State &AState)
@@ -236,6 +256,83 @@ void BM_Paste1MBInto10MB(benchmark::State &AState)
     ZtPlatform() = ZtDefaultPlatform();
 }
 
+// A string that stands only on the last of 2.5 million lines. 0: with case, 1: without, 2: whole
+// words without case.
+void BM_FindIn100MB(benchmark::State &AState)
+{
+    TBench bench(ShortLines(100 * Megabyte) + "  needleInTheStack := 1;\n");
+    TZtSearchReplaceOptions options;
+    options.SearchString = QStringLiteral("needleInTheStack");
+    options.SearchForward = true;
+    options.Options = TZtSearchFlag::sfDown;
+    options.Options.setFlag(TZtSearchFlag::sfMatchCase, AState.range(0) == 0);
+    options.Options.setFlag(TZtSearchFlag::sfWholeWord, AState.range(0) == 2);
+    options.WidenTo(*bench.Edit.GetLines());
+    Measure(
+        AState, [&] { ZtSendMessage(&bench.Edit, quint32(TZtMsg::wmUser) + 3); },
+        [&] {
+            bench.Edit.SetLinePos(0);
+            bench.Edit.SetCharPos(0);
+            bench.Edit.SetSearchOptions(options);
+            Settle();
+        });
+    if (bench.Edit.GetLinePos() == 0)
+        AState.SkipWithError("not found");
+}
+
+// 100,000 replacements through the posted messages, as the dialog starts them. `longest_turn_ms` is
+// the longest that the event loop was kept from the user.
+void BM_ReplaceAll(benchmark::State &AState)
+{
+    const QByteArray line("  total := total + price[i] * count[i];   // a remark of some length, "
+                          "so that a hundred bytes are reached\n");
+    const QByteArray text = line.repeated(100'000);
+    TBench bench;
+    TZtSearchReplaceOptions options;
+    options.SearchString = QStringLiteral("price");
+    options.SearchForward = true;
+    options.Options = TZtSearchFlag::sfDown | TZtSearchFlag::sfMatchCase;
+    options.Replace = options.ReplaceAll = true;
+    options.ReplaceWith = QStringLiteral("amount");
+    bool done = false;
+    ZtPlatform().MsgBoxInfo = [&](const QString &, const QString &) { done = true; };
+    double longest = 0;
+    Measure(
+        AState,
+        [&] {
+            ZtPostMessage(&bench.Edit, quint32(TZtMsg::wmUser) + 3);
+            while (!done) {
+                const auto start = std::chrono::steady_clock::now();
+                QApplication::processEvents();
+                const std::chrono::duration<double, std::milli> turn =
+                    std::chrono::steady_clock::now() - start;
+                longest = std::max(longest, turn.count());
+            }
+        },
+        [&] {
+            done = false;
+            bench.Edit.GetLines()->SetUtf8Text(text);
+            bench.Edit.SetLinePos(0);
+            bench.Edit.SetCharPos(0);
+            options.WidenTo(*bench.Edit.GetLines());
+            bench.Edit.SetSearchOptions(options);
+            Settle();
+        });
+    AState.counters["longest_turn_ms"] = longest;
+    ZtPlatform() = ZtDefaultPlatform();
+}
+
+BENCHMARK(BM_FullRepaintOf)
+    ->DenseRange(0, 4)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(200);
+BENCHMARK(BM_FindIn100MB)
+    ->DenseRange(0, 2)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(5);
+BENCHMARK(BM_ReplaceAll)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(BM_FullRepaint)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(300);
 BENCHMARK(BM_UnchangedRepaint)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(300);
 BENCHMARK(BM_PageDown)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(300);

@@ -68,6 +68,32 @@ void BM_Lexer(benchmark::State &AState)
     AState.SetBytesProcessed(qint64(AState.iterations()) * size);
     AState.SetItemsProcessed(tokens);
 }
+// The plain-text lexer, on the first language's text. It never answers false at the end.
+void BM_PlainText(benchmark::State &AState)
+{
+    qsizetype size = 0;
+    const QStringList lines = ExampleLines(ZtTokenLanguages()[0], size);
+    TZtLangParser parser;
+    QString token;
+    qint64 tokens = 0;
+    for (auto _ : AState) {
+        qsizetype line = 0;
+        parser.OnGetNewBuffer = [&](bool AReset, QString &S) {
+            if (AReset || line >= lines.size())
+                return false;
+            S.append(lines.at(line++)).append(QLatin1String("\r\n"));
+            return true;
+        };
+        parser.ResetBuffer();
+        while (parser.InternalGetNextToken(token) != TlngToken::tEndOfFile)
+            ++tokens;
+    }
+    AState.SetLabel("plain text");
+    AState.SetBytesProcessed(qint64(AState.iterations()) * size);
+    AState.SetItemsProcessed(tokens);
+}
+BENCHMARK(BM_PlainText)->Unit(benchmark::kMillisecond);
+
 BENCHMARK(BM_Lexer)
     ->DenseRange(0, int(ZtTokenLanguages().size()) - 1)
     ->Unit(benchmark::kMillisecond);

@@ -1,4 +1,4 @@
--- A sample database of scripts. Make it with:  sqlite3 scripts.sqlite < scripts.sqlite.sql
+-- A sample database of scripts. Make it with:  ./run --make-sample examples/scripts.sqlite
 -- `source` holds each script as text, `source_blob` the same script as bytes (UTF-8).
 
 CREATE TABLE scripts (

@@ -24,6 +24,43 @@ bool ReadSize(const QString &AText, QSize &ASize)
            ASize.height() <= MaxSide;
 }
 
+// The texts of a database, of which three options make one.
+struct TDbOptions {
+    const QCommandLineOption File{QStringLiteral("db"),
+                                  Tr("Open the texts of an SQLite database, with --table and "
+                                     "--field."),
+                                  QStringLiteral("FILE")};
+    const QCommandLineOption Table{QStringLiteral("table"), Tr("The table or view."),
+                                   QStringLiteral("T")};
+    const QCommandLineOption Field{QStringLiteral("field"),
+                                   Tr("The field to edit, of text or of bytes."),
+                                   QStringLiteral("F")};
+    const QCommandLineOption Key{QStringLiteral("key"),
+                                 Tr("The field that tells the records apart, for a table without "
+                                    "a primary key."),
+                                 QStringLiteral("K")};
+    const QCommandLineOption Sample{QStringLiteral("make-sample"),
+                                    Tr("Make the database FILE by the statements in FILE.sql and "
+                                       "leave."),
+                                    QStringLiteral("FILE")};
+
+    // Answers what is wrong.
+    QString Read(const QCommandLineParser &AParser, TCommandLine &ALine) const
+    {
+        ALine.Database = {AParser.value(File), AParser.value(Table), AParser.value(Field),
+                          AParser.value(Key)};
+        ALine.SampleToMake = AParser.value(Sample);
+        const TDbPlace &place = ALine.Database;
+        const bool all = !place.File.isEmpty() && !place.Table.isEmpty() && !place.Field.isEmpty();
+        for (const QCommandLineOption &option : {File, Table, Field, Key})
+            if (AParser.isSet(option) && !all)
+                return Tr("--db, --table and --field are wanted together.");
+        if (AParser.isSet(Sample) && (all || ALine.SampleToMake.isEmpty()))
+            return Tr("--make-sample wants the name of a database, and no --db.");
+        return {};
+    }
+};
+
 } // namespace
 
 std::optional<TCommandAnswer> ZtReadCommandLine(const QStringList &AArguments, TCommandLine &ALine)
@@ -42,11 +79,13 @@ std::optional<TCommandAnswer> ZtReadCommandLine(const QStringList &AArguments, T
     const QCommandLineOption line(QStringLiteral("line"),
                                   Tr("Put the caret on line N of the first file."),
                                   QStringLiteral("N"));
+    const TDbOptions database;
     QCommandLineParser parser;
     parser.setApplicationDescription(
         Tr("Edits source code. Without a display, and with --render, the window is drawn into a "
            "picture instead."));
-    parser.addOptions({help, version, render, tokens, size, line});
+    parser.addOptions({help, version, render, tokens, size, line, database.File, database.Table,
+                       database.Field, database.Key, database.Sample});
     parser.addPositionalArgument(QStringLiteral("FILE"), Tr("The files to open, a tab each."),
                                  QStringLiteral("[FILE...]"));
     if (!parser.parse(AArguments))
@@ -61,9 +100,12 @@ std::optional<TCommandAnswer> ZtReadCommandLine(const QStringList &AArguments, T
     ALine.RenderTo = parser.value(render);
     if (parser.isSet(render) && ALine.RenderTo.isEmpty())
         return UsageError(Tr("--render wants the name of a picture."));
+    if (const QString fault = database.Read(parser, ALine); !fault.isEmpty())
+        return UsageError(fault);
     ALine.Tokens = parser.isSet(tokens);
-    if (ALine.Tokens && (ALine.Files.size() != 1 || parser.isSet(render)))
-        return UsageError(Tr("--tokens wants one file, and no --render."));
+    if (ALine.Tokens &&
+        (ALine.Files.size() != 1 || parser.isSet(render) || !ALine.Database.File.isEmpty()))
+        return UsageError(Tr("--tokens wants one file, and neither --render nor --db."));
     if (parser.isSet(size) && !ReadSize(parser.value(size), ALine.Size))
         return UsageError(Tr("--size wants a width and a height from 1 to %1, such as 900x640, not "
                              "\"%2\".")

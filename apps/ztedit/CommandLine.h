@@ -1,5 +1,7 @@
 #pragma once
 
+#include "DbConnection.h"
+
 #include <QSize>
 #include <QStringList>
 
@@ -8,6 +10,10 @@
 /// What the program is asked to do.
 struct TCommandLine {
     QStringList Files;
+    /// What to open of a database; without a file for none.
+    TDbPlace Database;
+    /// The sample database to make instead of showing a window.
+    QString SampleToMake;
     /// The picture to draw instead of showing a window.
     QString RenderTo;
     /// Whether to print the tokens of the one file instead of showing a window.

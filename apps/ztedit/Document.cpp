@@ -10,14 +10,20 @@ TDocument::TDocument(const QString &ATitle, QWidget *AParent)
 {
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    FEditorPlace = layout;
     NewEditor();
 }
 
+TZtCodeEdit *TDocument::CreateEditor() { return new TZtCodeEdit(this); }
+
+void TDocument::DeleteEditor() { delete std::exchange(FEditor, nullptr); }
+
 void TDocument::NewEditor()
 {
-    delete FEditor;
-    FEditor = new TZtCodeEdit(this);
-    layout()->addWidget(FEditor);
+    DeleteEditor();
+    FEditor = CreateEditor();
+    FEditorPlace->addWidget(FEditor);
     setFocusProxy(FEditor);
     connect(FEditor, &TZtCodeEdit::textChanged, this, &TDocument::Changed);
     connect(FEditor, &TZtCodeEdit::cursorPositionChanged, this, &TDocument::Changed);
@@ -75,6 +81,11 @@ void TDocument::Write(const QString &APath, const QByteArray &ABytes, const TZtT
 QString TDocument::Title() const { return FPath.isEmpty() ? FTitle : QFileInfo(FPath).fileName(); }
 
 bool TDocument::IsModified() const { return FEditor->GetModified(); }
+
+QString TDocument::DiscardQuestion() const
+{
+    return tr("Save the changes to \"%1\"?").arg(Title());
+}
 
 bool TDocument::IsUnused() const { return FPath.isEmpty() && !IsModified(); }
 

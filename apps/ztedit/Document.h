@@ -27,15 +27,19 @@ public:
     /// The absolute path of the file; empty before the first save.
     const QString &Path() const { return FPath; }
     /// The name of the file, without its folder.
-    QString Title() const;
+    virtual QString Title() const;
+    /// The file that the text is kept in, whatever kind of file; empty before the first save.
+    virtual QString Location() const { return FPath; }
     /// How the file is stored, and the next save will store it.
     const TZtTextFormat &Format() const { return FFormat; }
 
     TZtCodeEdit *Editor() const { return FEditor; }
     /// Whether the text was edited since it was loaded or saved.
-    bool IsModified() const;
+    virtual bool IsModified() const;
+    /// What to ask before the changes could be lost; Yes saves them.
+    virtual QString DiscardQuestion() const;
     /// Whether nothing was ever typed into a document without a file.
-    bool IsUnused() const;
+    virtual bool IsUnused() const;
     /// Whether the file is there with other contents than those that were last loaded or saved.
     bool IsChangedOnDisk() const;
     /// Whether the file is there just as it was last loaded or saved.
@@ -53,8 +57,15 @@ Q_SIGNALS:
     /// The text, the caret or anything that this class tells may be another now.
     void Changed();
 
-private:
+protected:
+    virtual TZtCodeEdit *CreateEditor();
+    /// Replaces the editor, and with it what could be undone.
     void NewEditor();
+    void DeleteEditor();
+    /// Where the editors that come from now on are put.
+    void SetEditorPlace(QLayout *APlace) { FEditorPlace = APlace; }
+
+private:
     void SetText(const TZtStringStream &AStream);
 
     QString FTitle;
@@ -65,4 +76,5 @@ private:
     QByteArray FLoadedBytes;
     const TLanguage *FLanguage;
     TZtCodeEdit *FEditor = nullptr;
+    QLayout *FEditorPlace;
 };

@@ -38,6 +38,14 @@ const TLanguage &ZtLanguageOfFile(const QString &AFileName)
     return Languages[0];
 }
 
+const TLanguage &ZtLanguageOfName(const QString &AName)
+{
+    for (const TLanguage &language : Languages)
+        if (AName.compare(QLatin1StringView(language.Name), Qt::CaseInsensitive) == 0)
+            return language;
+    return ZtLanguageOfFile(QLatin1Char('.') + AName);
+}
+
 QString ZtUsualExtension(const TLanguage &ALanguage)
 {
     return QString::fromLatin1(ALanguage.Extensions).section(QLatin1Char(' '), 1, 1);

@@ -21,6 +21,8 @@ struct TLanguage {
 std::span<const TLanguage> ZtLanguages();
 /// The language of a file by its extension; plain text when no language claims it.
 const TLanguage &ZtLanguageOfFile(const QString &AFileName);
+/// The language of this name or extension, letter case apart; plain text when there is none.
+const TLanguage &ZtLanguageOfName(const QString &AName);
 /// The first of the extensions; empty for plain text.
 QString ZtUsualExtension(const TLanguage &ALanguage);
 QString ZtLanguageName(const TLanguage &ALanguage);

@@ -1,5 +1,7 @@
 #include "MainWindow.h"
 
+#include "DbDocument.h"
+#include "DbOpenDialog.h"
 #include "Document.h"
 #include "EventDialog.h"
 #include "Methods.h"
@@ -73,7 +75,7 @@ void TMainWindow::CreateMenus()
         {QT_TR_NOOP("&Open…"), "Ctrl+O", &TWin::Open},
         {},
         {QT_TR_NOOP("&Save"), "Ctrl+S", &TWin::SaveCurrent},
-        {QT_TR_NOOP("Save &as…"), "Ctrl+Shift+S", &TWin::SaveAs},
+        {QT_TR_NOOP("Save &as…"), "Ctrl+Shift+S", &TWin::SaveAs, &TWin::FSaveAs},
         {QT_TR_NOOP("Save a&ll"), nullptr, &TWin::SaveAll},
         {QT_TR_NOOP("&Reload"), nullptr, &TWin::Reload, &TWin::FReload},
         {},
@@ -101,6 +103,7 @@ void TMainWindow::CreateMenus()
             &TMainWindow::RefreshEditMenu);
     CreateMenu(tr("&Search"), std::begin(search), std::end(search));
     CreateMethodsMenu();
+    CreateDatabaseMenu();
     CreateLanguageMenu();
 }
 
@@ -156,6 +159,26 @@ void TMainWindow::FillMethodsMenu()
     }
 }
 
+void TMainWindow::CreateDatabaseMenu()
+{
+    static constexpr TCommand database[] = {
+        {QT_TR_NOOP("&Open…"), nullptr, &TMainWindow::OpenDatabaseTable},
+        {},
+    };
+    FDatabase = CreateMenu(tr("&Database"), std::begin(database), std::end(database));
+    connect(FDatabase, &QMenu::aboutToShow, this, &TMainWindow::FillDatabaseMenu);
+}
+
+// Behind the menu's own command, those of the database in front.
+void TMainWindow::FillDatabaseMenu()
+{
+    for (QAction *action : FDatabase->actions().sliced(2))
+        FDatabase->removeAction(action);
+    if (const TDbDocument *database = CurrentDatabase())
+        for (QAction *action : database->Actions())
+            FDatabase->addAction(action);
+}
+
 void TMainWindow::CreateLanguageMenu()
 {
     QMenu *menu = menuBar()->addMenu(tr("&Language"));
@@ -188,6 +211,11 @@ TDocument *TMainWindow::Document(int AIndex) const
 }
 
 TDocument *TMainWindow::CurrentDocument() const { return Document(FTabs->currentIndex()); }
+
+TDbDocument *TMainWindow::CurrentDatabase() const
+{
+    return qobject_cast<TDbDocument *>(FTabs->currentWidget());
+}
 
 void TMainWindow::ShowDocument(int AIndex) { FTabs->setCurrentIndex(AIndex); }
 
@@ -222,11 +250,21 @@ TDocument *TMainWindow::OpenFile(const QString &APath)
     }
     auto document = std::make_unique<TDocument>(QString());
     document->Load(APath);
+    return AddInsteadOfUnused(std::move(document));
+}
+
+template <typename T> T *TMainWindow::AddInsteadOfUnused(std::unique_ptr<T> ADocument)
+{
     TDocument *unused = CurrentDocument();
-    AddDocument(document.get());
+    AddDocument(ADocument.get());
     if (unused && unused->IsUnused())
         delete unused;
-    return document.release();
+    return ADocument.release();
+}
+
+TDbDocument *TMainWindow::OpenDatabase(const TDbPlace &APlace)
+{
+    return AddInsteadOfUnused(std::make_unique<TDbDocument>(APlace));
 }
 
 void TMainWindow::OpenFiles(const QStringList &APaths)
@@ -273,6 +311,8 @@ void TMainWindow::SaveAll()
 
 bool TMainWindow::Save(TDocument *ADocument)
 {
+    if (auto *database = qobject_cast<TDbDocument *>(ADocument))
+        return database->Post();
     if (ADocument->Path().isEmpty())
         return AskForNameAndSave(ADocument);
     const bool saved = ZtSaveDocument(*ADocument);
@@ -299,6 +339,10 @@ bool TMainWindow::AskForNameAndSave(TDocument *ADocument)
 
 void TMainWindow::Reload()
 {
+    if (TDbDocument *database = CurrentDatabase()) {
+        database->Reload();
+        return;
+    }
     TDocument *document = CurrentDocument();
     if (!document || document->Path().isEmpty())
         return;
@@ -321,8 +365,7 @@ bool TMainWindow::ConfirmDiscard(TDocument *ADocument)
         return true;
     FTabs->setCurrentWidget(ADocument);
     const int answer =
-        ZtMsgBoxYesNoCancel(tr("Save the changes to \"%1\"?").arg(ADocument->Title()),
-                            QCoreApplication::applicationName());
+        ZtMsgBoxYesNoCancel(ADocument->DiscardQuestion(), QCoreApplication::applicationName());
     if (answer == mrYes)
         return Save(ADocument);
     return answer == mrNo;
@@ -400,6 +443,19 @@ void TMainWindow::NewEventHandler()
         TEventDialog(*document, this).exec();
 }
 
+void TMainWindow::OpenDatabaseTable()
+{
+    const TDbDocument *current = CurrentDatabase();
+    TDbOpenDialog dialog(current ? current->Location() : QString(), this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    try {
+        OpenDatabase(dialog.Place());
+    } catch (const EZtException &error) {
+        ZtMsgBoxInfo(error.Message(), QCoreApplication::applicationName());
+    }
+}
+
 void TMainWindow::SelectAll()
 {
     quint16 key = TZtKey::Letter('A');
@@ -423,10 +479,11 @@ void TMainWindow::Refresh()
         RefreshTab(i);
     RefreshStatus();
     const TDocument *document = CurrentDocument();
-    FReload->setEnabled(document && !document->Path().isEmpty());
+    FSaveAs->setEnabled(document && !CurrentDatabase());
+    FReload->setEnabled(document && !document->Location().isEmpty());
     setWindowTitle(document ? document->Title() + QStringLiteral("[*]") : QString());
     setWindowModified(document && document->IsModified());
-    setWindowFilePath(document ? document->Path() : QString());
+    setWindowFilePath(document ? document->Location() : QString());
 }
 
 void TMainWindow::RefreshTab(int AIndex)
@@ -436,7 +493,7 @@ void TMainWindow::RefreshTab(int AIndex)
     text.replace(QLatin1Char('&'), QLatin1StringView("&&"));
     if (FTabs->tabText(AIndex) != text)
         FTabs->setTabText(AIndex, text);
-    FTabs->setTabToolTip(AIndex, document->Path());
+    FTabs->setTabToolTip(AIndex, document->Location());
 }
 
 void TMainWindow::RefreshStatus()
@@ -447,17 +504,26 @@ void TMainWindow::RefreshStatus()
         label->setVisible(document);
     if (!document)
         return;
-    const TZtTextFormat &format = document->Format();
     FPosition->setText(tr("Line %1, column %2")
                            .arg(document->Editor()->GetLinePos() + 1)
                            .arg(document->Editor()->GetCharPos() + 1));
     FLanguage->setText(ZtLanguageName(document->Language()));
-    const QString encoding = ZtEncodingName(format.Encoding);
-    FEncoding->setText(format.Mark ? tr("%1 with byte-order mark").arg(encoding) : encoding);
-    const QString ending = ZtLineEndingName(format.LineEnding);
-    FLineEnding->setText(format.MixedLineEndings ? tr("%1, mixed").arg(ending) : ending);
     const auto index = &document->Language() - ZtLanguages().data();
     FLanguages->actions().at(index)->setChecked(true);
+    if (const TDbDocument *database = CurrentDatabase()) {
+        FEncoding->setText(database->PositionText());
+        FLineEnding->setText(database->StateText());
+    } else {
+        ShowFormat(document->Format());
+    }
+}
+
+void TMainWindow::ShowFormat(const TZtTextFormat &AFormat)
+{
+    const QString encoding = ZtEncodingName(AFormat.Encoding);
+    FEncoding->setText(AFormat.Mark ? tr("%1 with byte-order mark").arg(encoding) : encoding);
+    const QString ending = ZtLineEndingName(AFormat.LineEnding);
+    FLineEnding->setText(AFormat.MixedLineEndings ? tr("%1, mixed").arg(ending) : ending);
 }
 
 void TMainWindow::RefreshEditMenu()

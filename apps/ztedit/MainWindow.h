@@ -2,10 +2,15 @@
 
 #include <QMainWindow>
 
+#include <memory>
+
+struct TDbPlace;
+struct TZtTextFormat;
 class QActionGroup;
 class QLabel;
 class QMenu;
 class QTabWidget;
+class TDbDocument;
 class TDocument;
 
 /// The window: a tab for each document, the menus and the status bar.
@@ -20,6 +25,9 @@ public:
     TDocument *OpenFile(const QString &APath);
     /// `OpenFile` for each; tells the user about those that cannot be read.
     void OpenFiles(const QStringList &APaths);
+    /// Opens the field of a database's table in a tab of its own. Raises `EDatabaseError` when
+    /// something of it is missing or cannot be read.
+    TDbDocument *OpenDatabase(const TDbPlace &APlace);
     TDocument *NewDocument();
 
     int DocumentCount() const;
@@ -28,7 +36,8 @@ public:
     TDocument *CurrentDocument() const;
     void ShowDocument(int AIndex);
 
-    /// Saves under its own name, or asks for one. Answers whether it went through.
+    /// Saves under its own name, or asks for one; posts the record of a database. Answers whether
+    /// it went through.
     bool Save(TDocument *ADocument);
     /// Closes a tab, after a question when its text is not saved. Answers whether it was closed.
     bool CloseDocument(TDocument *ADocument);
@@ -45,6 +54,8 @@ private:
     void CreateLanguageMenu();
     void CreateMethodsMenu();
     void FillMethodsMenu();
+    void CreateDatabaseMenu();
+    void FillDatabaseMenu();
     void CreateStatusBar();
 
     void New();
@@ -64,16 +75,20 @@ private:
     void FindAgain();
     void GoToLine();
     void NewEventHandler();
+    void OpenDatabaseTable();
 
     bool AskForNameAndSave(TDocument *ADocument);
     bool ConfirmDiscard(TDocument *ADocument);
     TDocument *DocumentOf(const QString &APath) const;
+    TDbDocument *CurrentDatabase() const;
     void AddDocument(TDocument *ADocument);
+    template <typename T> T *AddInsteadOfUnused(std::unique_ptr<T> ADocument);
     void Post(quint32 AMsg, quint64 AWParam = 0);
     void RefreshLater();
     void Refresh();
     void RefreshTab(int AIndex);
     void RefreshStatus();
+    void ShowFormat(const TZtTextFormat &AFormat);
     void RefreshEditMenu();
 
     QTabWidget *FTabs;
@@ -83,11 +98,13 @@ private:
     QLabel *FLineEnding = nullptr;
     QActionGroup *FLanguages = nullptr;
     QMenu *FMethods = nullptr;
+    QMenu *FDatabase = nullptr;
     QAction *FNewHandler = nullptr;
     QAction *FUndo = nullptr;
     QAction *FCut = nullptr;
     QAction *FCopy = nullptr;
     QAction *FPaste = nullptr;
+    QAction *FSaveAs = nullptr;
     QAction *FReload = nullptr;
     int FNewCount = 0;
     bool FRefreshing = false;

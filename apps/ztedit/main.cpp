@@ -1,4 +1,6 @@
 #include "CommandLine.h"
+#include "DbConnection.h"
+#include "DbDocument.h"
 #include "Document.h"
 #include "MainWindow.h"
 #include "Tokens.h"
@@ -82,6 +84,17 @@ void Render(TMainWindow &AWindow, const TCommandLine &ALine)
                           .arg(QFileInfo(path).absoluteFilePath()));
 }
 
+int MakeSample(const QString &APath)
+{
+    try {
+        ZtMakeSample(APath);
+        PrintLine(stdout, QCoreApplication::translate("main", "%1 is made").arg(APath));
+        return 0;
+    } catch (const EZtException &error) {
+        return Fail(error.Message(), ZtFileTrouble);
+    }
+}
+
 int PrintTokens(const QString &AFile)
 {
     try {
@@ -96,7 +109,9 @@ void OpenAll(TMainWindow &AWindow, const TCommandLine &ALine)
 {
     for (const QString &file : ALine.Files)
         AWindow.OpenFile(file);
-    if (ALine.Files.isEmpty())
+    if (!ALine.Database.File.isEmpty())
+        AWindow.OpenDatabase(ALine.Database);
+    else if (ALine.Files.isEmpty())
         AWindow.NewDocument();
     AWindow.ShowDocument(0);
 }
@@ -129,6 +144,8 @@ int main(int argc, char *argv[])
             PrintLine(stdout, answer->Text);
             return 0;
         }
+        if (!line.SampleToMake.isEmpty())
+            return MakeSample(line.SampleToMake);
         if (line.Tokens)
             return PrintTokens(line.Files.constFirst());
     }

@@ -269,9 +269,20 @@ void TZtCodeEdit::Invalidate()
 {
     if (!FHScrollBar || !FVScrollBar)
         return; // under construction
-    if (FReplacingAll && FLastPaint.isValid() && FLastPaint.elapsed() < ReplacingPaintPause)
-        return;
+    if (FReplacingAll) {
+        const bool hold = FLastPaint.isValid() && FLastPaint.elapsed() < ReplacingPaintPause;
+        HoldScrollBars(hold);
+        if (hold)
+            return;
+    }
     update(ClientArea().adjusted(0, 0, -FVScrollBar->width(), -FHScrollBar->height()));
+}
+
+void TZtCodeEdit::HoldScrollBars(bool AHold)
+{
+    for (TScrollBar *bar : {FHScrollBar, FVScrollBar})
+        if (bar->updatesEnabled() == AHold)
+            bar->setUpdatesEnabled(!AHold);
 }
 
 QSize TZtCodeEdit::sizeHint() const { return {640, 400}; }

@@ -392,6 +392,7 @@ private:
     void SelectMatch(const QPoint &AMatch);
     bool ReplaceMatch(const QPoint &AMatch);
     void EndReplaceAll();
+    void HoldScrollBars(bool AHold);
 
     TBorderStyle FBorderStyle = TBorderStyle::bsSingle;
     bool FModified = false;

@@ -7,7 +7,7 @@ void TZtCodeEdit::ResetCaret()
     const int g = RealGuttorWidth();
     const bool inside = 0 <= x && x < GetClientWidth() - g - FVScrollBar->width() && 0 <= y &&
                         y < GetClientHeight() - FHScrollBar->height();
-    if (!inside) {
+    if (!inside || FReplacingAll) {
         FCaret->Hide();
         return;
     }

@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 
+#include <array>
+
 namespace {
 
 constexpr int ReadOnlyDarker = 10; // per cent
@@ -37,6 +39,14 @@ struct TZtCodeEdit::TPaintPass {
     TColor Fore = 0;
     TFontStyles Style;
     bool LineBreak = false;
+
+    std::array<QRgb, 32> SystemColours{}; // of the palette, looked up once
+    QRgb Rgb(TColor AColor) const
+    {
+        if ((AColor >> 24) == 0xFF)
+            return SystemColours[AColor % SystemColours.size()];
+        return qRgb(int(AColor & 0xFF), int((AColor >> 8) & 0xFF), int((AColor >> 16) & 0xFF));
+    }
 };
 
 bool TZtCodeEdit::ParserGetNewBuffer(bool AReset, QString &S)
@@ -128,6 +138,8 @@ void TZtCodeEdit::ComposeLines()
     pass.End = reversed ? FSelStart : FSelEnd;
     pass.Left = RealGuttorWidth() - FHScrollBar->GetPosition() * FCharWidth + TextLeft;
     pass.X = pass.Left;
+    for (quint32 i = 0; i < pass.SystemColours.size(); ++i)
+        pass.SystemColours[i] = ZtToQColor(ZtSystemColor(i), palette()).rgb();
     while (pass.Row * FLineWidth < GetHeight()) {
         if (!FParser->GetNextToken(pass.Token, pass.Back, pass.Fore, pass.Style, pass.LineBreak))
             break;
@@ -174,7 +186,7 @@ void TZtCodeEdit::StartLine(TPaintPass &APass)
             APass.LineColoured = true;
             APass.LineBack = back;
             APass.LineFore = fore;
-            FFrame.ColourRow(APass.Row, APass.X, ZtToQColor(back, palette()).rgb());
+            FFrame.ColourRow(APass.Row, APass.X, APass.Rgb(back));
         }
     }
     APass.LastLine = FParserLineNr;
@@ -184,8 +196,7 @@ void TZtCodeEdit::AddPiece(TPaintPass &APass, QStringView S, TColor AFore, TColo
 {
     const TColor fore = APass.LineColoured ? APass.LineFore : AFore;
     const TColor back = APass.LineColoured ? APass.LineBack : ABack;
-    APass.X += FFrame.AddText(APass.Row, APass.X, S, ZtToQColor(fore, palette()).rgb(),
-                              ZtToQColor(back, palette()).rgb(), APass.Style);
+    APass.X += FFrame.AddText(APass.Row, APass.X, S, APass.Rgb(fore), APass.Rgb(back), APass.Style);
 }
 
 void TZtCodeEdit::AddToken(TPaintPass &APass)

@@ -234,6 +234,7 @@ bool TZtCodeEdit::ReplaceMatch(const QPoint &AMatch)
         SetCharPos(AMatch.x());
     }
     FReplacingAll = true;
+    FCaret->Hide(); // a mark that moves at every step would be painted at every step
     ZtPostMessage(this, MsgSearch);
     return true;
 }
@@ -241,6 +242,9 @@ bool TZtCodeEdit::ReplaceMatch(const QPoint &AMatch)
 // From here on every change is painted at once again.
 void TZtCodeEdit::EndReplaceAll()
 {
-    FReplacingAll = false;
+    if (!std::exchange(FReplacingAll, false))
+        return;
+    HoldScrollBars(false);
+    ResetCaret();
     Invalidate();
 }

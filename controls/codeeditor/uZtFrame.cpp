@@ -160,8 +160,22 @@ void TZtFrame::DrawRowText(QPainter &APainter, const TZtPaintRow &ARow, int ATop
         if (ARow.Coloured || piece.Back != FLook.Back)
             APainter.fillRect(piece.Left, ATop, piece.Width, FText.LineHeight(),
                               QColor(piece.Back));
-    for (const TZtPaintPiece &piece : ARow.Pieces)
-        FText.Draw(APainter, piece.Left, ATop, ARow.TextOf(piece), QColor(piece.Fore), piece.Style);
+    // Then the texts, those of one colour and style together wherever they stand in the row.
+    FTextDrawn.assign(ARow.Pieces.size(), false);
+    for (size_t i = 0; i < ARow.Pieces.size(); ++i) {
+        if (FTextDrawn[i])
+            continue;
+        const TZtPaintPiece &first = ARow.Pieces[i];
+        FText.Begin(APainter, ATop, QColor(first.Fore), first.Style);
+        for (size_t k = i; k < ARow.Pieces.size(); ++k) {
+            const TZtPaintPiece &piece = ARow.Pieces[k];
+            if (piece.Fore != first.Fore || piece.Style != first.Style)
+                continue;
+            FText.Add(APainter, piece.Left, ARow.TextOf(piece));
+            FTextDrawn[k] = true;
+        }
+        FText.End(APainter);
+    }
 }
 
 void TZtFrame::DrawMargin(QPainter &APainter, int ATop, int ABottom)

@@ -91,7 +91,8 @@ private:
     std::vector<TZtPaintRow> FRows; // the first FRowCount are in use; the rest keep their memory
     int FRowCount = 0;
     std::vector<TZtPaintRow> FDrawn;
-    std::vector<bool> FKnown; // whether the picture shows the row in FDrawn
+    std::vector<bool> FTextDrawn; // of the row being drawn, by piece
+    std::vector<bool> FKnown;     // whether the picture shows the row in FDrawn
     int FFirstLine = 0;
     int FDrawnFirstLine = 0;
     bool FGuttorKnown = false;

@@ -1,7 +1,6 @@
 #include "uZtTextPainter.h"
 
 #include <QFontMetricsF>
-#include <QGlyphRun>
 #include <QPainter>
 
 #include <algorithm>
@@ -49,6 +48,7 @@ TZtTextPainter::TFace &TZtTextPainter::Face(TFontStyles AStyle)
         face.Font.setBold(bold || FFont.bold());
         face.Font.setItalic(italic || FFont.italic());
         face.Raw = QRawFont::fromFont(face.Font);
+        face.Run.setRawFont(face.Raw);
         for (char32_t C = 0; C < 256; ++C)
             face.Latin1[C] = Measure(face, C);
     }
@@ -93,40 +93,47 @@ qsizetype TZtTextPainter::Fit(QStringView S, TFontStyles AStyle, int AMaxWidth, 
     return i;
 }
 
-void TZtTextPainter::Draw(QPainter &APainter, int AX, int AY, QStringView S, const QColor &AColor,
-                          TFontStyles AStyle)
+void TZtTextPainter::Begin(QPainter &APainter, int ATop, const QColor &AColor, TFontStyles AStyle)
 {
-    TFace &face = Face(AStyle);
     APainter.setPen(AColor);
+    FFace = &Face(AStyle);
+    FStyle = AStyle;
+    FTop = ATop;
     FGlyphs.clear();
     FPositions.clear();
-    const QPointF origin(AX, AY + FAscent);
-    int x = 0;
+}
+
+void TZtTextPainter::Add(QPainter &APainter, int ALeft, QStringView S)
+{
+    int x = ALeft;
     for (qsizetype i = 0; i < S.size();) {
         const char32_t C = NextCodePoint(S, i);
-        const TGlyph glyph = Glyph(face, C);
+        const TGlyph glyph = Glyph(*FFace, C);
         if (glyph.Index) {
             FGlyphs.push_back(glyph.Index);
-            FPositions.emplace_back(x, 0);
+            FPositions.emplace_back(x, FTop + FAscent);
         } else if (!IsBlank(C)) {
-            APainter.setFont(face.Font);
-            APainter.drawText(origin + QPointF(x, 0), ToText(C));
+            APainter.setFont(FFace->Font);
+            APainter.drawText(QPointF(x, FTop + FAscent), ToText(C));
         }
         x += glyph.Advance;
     }
-    if (!FGlyphs.empty()) {
-        QGlyphRun run;
-        run.setRawFont(face.Raw);
-        run.setRawData(FGlyphs.data(), FPositions.data(), int(FGlyphs.size()));
-        APainter.drawGlyphRun(origin, run);
-    }
-    if (!(AStyle & (TFontStyle::fsUnderline | TFontStyle::fsStrikeOut)))
+    if (!(FStyle & (TFontStyle::fsUnderline | TFontStyle::fsStrikeOut)))
         return;
-    const QFontMetrics metrics(face.Font);
-    if (AStyle.testFlag(TFontStyle::fsUnderline))
-        APainter.fillRect(AX, AY + FAscent + metrics.underlinePos(), x, metrics.lineWidth(),
-                          AColor);
-    if (AStyle.testFlag(TFontStyle::fsStrikeOut))
-        APainter.fillRect(AX, AY + FAscent - metrics.strikeOutPos(), x, metrics.lineWidth(),
-                          AColor);
+    const QFontMetrics metrics(FFace->Font);
+    const QBrush brush = APainter.pen().brush();
+    if (FStyle.testFlag(TFontStyle::fsUnderline))
+        APainter.fillRect(ALeft, FTop + FAscent + metrics.underlinePos(), x - ALeft,
+                          metrics.lineWidth(), brush);
+    if (FStyle.testFlag(TFontStyle::fsStrikeOut))
+        APainter.fillRect(ALeft, FTop + FAscent - metrics.strikeOutPos(), x - ALeft,
+                          metrics.lineWidth(), brush);
+}
+
+void TZtTextPainter::End(QPainter &APainter)
+{
+    if (FGlyphs.empty())
+        return;
+    FFace->Run.setRawData(FGlyphs.data(), FPositions.data(), int(FGlyphs.size()));
+    APainter.drawGlyphRun(QPointF(), FFace->Run);
 }

@@ -3,6 +3,7 @@
 #include "uZtTypes.h"
 
 #include <QFont>
+#include <QGlyphRun>
 #include <QHash>
 #include <QRawFont>
 #include <QString>
@@ -29,9 +30,12 @@ public:
     /// take.
     qsizetype Fit(QStringView S, TFontStyles AStyle, int AMaxWidth, int &AWidth);
 
-    /// Draws `S` without a background. (AX, AY) is the top left corner of its first cell.
-    void Draw(QPainter &APainter, int AX, int AY, QStringView S, const QColor &AColor,
-              TFontStyles AStyle);
+    /// Draws texts without a background, all in one colour and style: `Begin`, an `Add` for each
+    /// text, `End`. Few large calls are much cheaper for Qt than many small ones.
+    void Begin(QPainter &APainter, int ATop, const QColor &AColor, TFontStyles AStyle);
+    /// `ALeft` is the left edge of the text's first cell.
+    void Add(QPainter &APainter, int ALeft, QStringView S);
+    void End(QPainter &APainter);
 
 private:
     struct TGlyph {
@@ -43,6 +47,7 @@ private:
         bool Ready = false;
         QFont Font;
         QRawFont Raw;
+        QGlyphRun Run; // kept, since making one costs as much as drawing a word
         std::array<TGlyph, 256> Latin1;
         QHash<char32_t, TGlyph> Others;
     };
@@ -57,6 +62,9 @@ private:
     int FLineHeight = 0;
     int FAscent = 0;
     std::array<TFace, 4> FFaces;
+    TFace *FFace = nullptr; // of the texts being drawn, and how
+    TFontStyles FStyle;
+    int FTop = 0;
     std::vector<quint32> FGlyphs;
     std::vector<QPointF> FPositions;
 };

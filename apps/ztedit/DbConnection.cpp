@@ -1,0 +1,165 @@
+#include "DbConnection.h"
+
+#include "uZtDataSet.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QUuid>
+
+namespace {
+
+QString Tr(const char *AText) { return QCoreApplication::translate("DbConnection", AText); }
+
+// Opens a connection of a new name. A lock of another program is waited for only as long as a user
+// does not notice.
+QString AddConnection(const QString &APath)
+{
+    const QString name = QUuid::createUuid().toString();
+    QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
+    database.setDatabaseName(APath);
+    database.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=200"));
+    return name;
+}
+
+// Where the statement that begins at `AStart` ends: behind its semicolon, which stands in no string
+// and in no comment.
+qsizetype StatementEnd(const QString &ASql, qsizetype AStart)
+{
+    const struct {
+        QLatin1StringView Open;
+        QLatin1StringView Close;
+    } nested[] = {
+        {QLatin1StringView("'"), QLatin1StringView("'")},
+        {QLatin1StringView("\""), QLatin1StringView("\"")},
+        {QLatin1StringView("--"), QLatin1StringView("\n")},
+        {QLatin1StringView("/*"), QLatin1StringView("*/")},
+    };
+    for (qsizetype at = AStart; at < ASql.size(); ++at) {
+        if (ASql[at] == QLatin1Char(';'))
+            return at + 1;
+        for (const auto &part : nested) {
+            if (!QStringView(ASql).sliced(at).startsWith(part.Open))
+                continue;
+            const qsizetype close = ASql.indexOf(part.Close, at + part.Open.size());
+            if (close < 0)
+                return ASql.size();
+            at = close + part.Close.size() - 1;
+            break;
+        }
+    }
+    return ASql.size();
+}
+
+void RunAll(const QSqlDatabase &ADatabase, const QString &ASql)
+{
+    QSqlQuery query(ADatabase);
+    const auto run = [&query](const QString &statement) {
+        if (!query.exec(statement))
+            throw EDatabaseError(query.lastError().text().trimmed());
+    };
+    run(QStringLiteral("BEGIN"));
+    for (qsizetype at = 0; at < ASql.size();) {
+        const qsizetype end = StatementEnd(ASql, at);
+        const QString statement = ASql.sliced(at, end - at).trimmed();
+        if (statement.endsWith(QLatin1Char(';')))
+            run(statement);
+        at = end;
+    }
+    run(QStringLiteral("COMMIT"));
+}
+
+void MakeDatabase(const QString &APath, const QString &ASql)
+{
+    const QString name = AddConnection(APath);
+    try {
+        QSqlDatabase database = QSqlDatabase::database(name);
+        if (!database.isOpen())
+            throw EDatabaseError(database.lastError().text().trimmed());
+        RunAll(database, ASql);
+    } catch (...) {
+        QSqlDatabase::removeDatabase(name);
+        throw;
+    }
+    QSqlDatabase::removeDatabase(name);
+}
+
+} // namespace
+
+TDbConnection::TDbConnection(const QString &APath) : FPath(QFileInfo(APath).absoluteFilePath())
+{
+    // SQLite would make the file.
+    if (!QFileInfo(FPath).isFile())
+        throw EDatabaseError(Tr("There is no database \"%1\".").arg(APath));
+    FName = AddConnection(FPath);
+    try {
+        Open();
+    } catch (...) {
+        QSqlDatabase::removeDatabase(FName);
+        throw;
+    }
+}
+
+TDbConnection::~TDbConnection() { QSqlDatabase::removeDatabase(FName); }
+
+// Opening alone does not read the file.
+void TDbConnection::Open() const
+{
+    const QSqlDatabase database = Database();
+    QSqlQuery query(database);
+    if (database.isOpen() && query.exec(QStringLiteral("SELECT name FROM sqlite_master")))
+        return;
+    const QSqlError error = database.isOpen() ? query.lastError() : database.lastError();
+    throw EDatabaseError(
+        Tr("Cannot open the database \"%1\": %2.").arg(FPath, error.text().simplified()));
+}
+
+QStringList TDbConnection::Tables() const
+{
+    return Database().tables(QSql::Tables) + Database().tables(QSql::Views);
+}
+
+QSqlRecord TDbConnection::Columns(const QString &ATable) const
+{
+    if (!Tables().contains(ATable, Qt::CaseInsensitive))
+        throw EDatabaseError(Tr("The database \"%1\" has no table \"%2\"; it has: %3.")
+                                 .arg(FPath, ATable, Tables().join(QLatin1StringView(", "))));
+    return Database().record(ATable);
+}
+
+void TDbConnection::Check(const TDbPlace &APlace) const
+{
+    const QSqlRecord columns = Columns(APlace.Table);
+    QStringList names;
+    for (int i = 0; i < columns.count(); ++i)
+        names.append(columns.fieldName(i));
+    const QString key = APlace.Key.isEmpty() ? APlace.Field : APlace.Key;
+    for (const QString &name : {APlace.Field, key})
+        if (!columns.contains(name))
+            throw EDatabaseError(Tr("The table \"%1\" has no field \"%2\"; it has: %3.")
+                                     .arg(APlace.Table, name, names.join(QLatin1StringView(", "))));
+}
+
+void ZtMakeSample(const QString &APath)
+{
+    QFile script(APath + QStringLiteral(".sql"));
+    if (!script.open(QIODevice::ReadOnly))
+        throw EStreamError(
+            Tr("Cannot read \"%1\": %2.").arg(script.fileName(), script.errorString()));
+    const QString half = APath + QStringLiteral(".new");
+    if (QFileInfo::exists(APath) || QFileInfo::exists(half))
+        throw EStreamError(
+            Tr("\"%1\" is there already.").arg(QFileInfo::exists(APath) ? APath : half));
+    try {
+        MakeDatabase(half, QString::fromUtf8(script.readAll()));
+    } catch (const EDatabaseError &error) {
+        QFile::remove(half);
+        throw EDatabaseError(Tr("Cannot make \"%1\": %2").arg(APath, error.Message()));
+    }
+    if (!QFile::rename(half, APath)) {
+        QFile::remove(half);
+        throw EStreamError(Tr("Cannot make \"%1\".").arg(APath));
+    }
+}
