@@ -78,6 +78,7 @@ void TZtFrame::Finish()
     FDrawn.resize(size_t(screenRows));
     FKnown.resize(size_t(screenRows));
     MoveRows();
+    MoveBelowChange();
     QPainter painter(&FImage);
     for (int i = 0; i < screenRows; ++i) {
         TZtPaintRow &drawn = FDrawn[size_t(i)];
@@ -115,12 +116,11 @@ void TZtFrame::MoveRows()
     const int count = int(FDrawn.size());
     const int shift = FFirstLine - FDrawnFirstLine;
     FDrawnFirstLine = FFirstLine;
-    const qreal rowPixels = FText.LineHeight() * FLook.PixelRatio;
-    if (shift == 0 || std::abs(shift) >= count || rowPixels != std::floor(rowPixels))
+    if (shift == 0 || std::abs(shift) >= count || RowPixels() == 0)
         return;
     FKnown[size_t(count - 1)] = false; // it may be cut off at the bottom
     const qsizetype stride = FImage.bytesPerLine();
-    const qsizetype moved = std::abs(shift) * qsizetype(rowPixels) * stride;
+    const qsizetype moved = std::abs(shift) * RowPixels() * stride;
     const qsizetype kept = FImage.sizeInBytes() - moved;
     uchar *bits = FImage.bits();
     if (shift > 0) {
@@ -135,6 +135,54 @@ void TZtFrame::MoveRows()
         std::fill(FKnown.begin(), FKnown.begin() - shift, false);
     }
     FGuttorKnown = FGuttorKnown && FDrawnButtons.empty();
+}
+
+// A row's height in device pixels, or 0 where it is not a whole number.
+int TZtFrame::RowPixels() const
+{
+    const qreal pixels = FText.LineHeight() * FLook.PixelRatio;
+    return pixels == std::floor(pixels) ? int(pixels) : 0;
+}
+
+// Where a line was inserted or removed, the rows below it are the old ones, one further down or up.
+void TZtFrame::MoveBelowChange()
+{
+    const int count = int(FDrawn.size());
+    int changed = 0;
+    while (changed < count && FKnown[size_t(changed)] &&
+           FDrawn[size_t(changed)] == FRows[size_t(changed)])
+        ++changed;
+    // The row of the change, and the new one below it, are drawn in any case.
+    if (RowPixels() > 0 && FDrawnButtons.empty() && !MoveBand(changed + 2, 1))
+        MoveBand(changed + 1, -1);
+}
+
+bool TZtFrame::MoveBand(int AFrom, int AShift)
+{
+    constexpr int worthIt = 4;
+    const int count = int(FDrawn.size());
+    const int end = AShift > 0 ? count : count - 1;
+    if (end - AFrom < worthIt)
+        return false;
+    for (int i = AFrom; i < end; ++i)
+        if (!FKnown[size_t(i - AShift)] || !(FRows[size_t(i)] == FDrawn[size_t(i - AShift)]))
+            return false;
+    const qsizetype row = RowPixels() * FImage.bytesPerLine();
+    uchar *bits = FImage.bits();
+    const int top = AShift > 0 ? AFrom - 1 : AFrom; // of the two rows that meet there
+    const qsizetype size = FImage.sizeInBytes() - (top + 1) * row;
+    if (AShift > 0) {
+        std::memmove(bits + (top + 1) * row, bits + top * row, size_t(size));
+        std::rotate(FDrawn.begin() + top, FDrawn.end() - 1, FDrawn.end());
+        std::rotate(FKnown.begin() + top, FKnown.end() - 1, FKnown.end());
+        FKnown[size_t(top)] = false;
+    } else {
+        std::memmove(bits + top * row, bits + (top + 1) * row, size_t(size));
+        std::rotate(FDrawn.begin() + top, FDrawn.begin() + top + 1, FDrawn.end());
+        std::rotate(FKnown.begin() + top, FKnown.begin() + top + 1, FKnown.end());
+        FKnown[size_t(count - 1)] = FKnown[size_t(count - 2)] = false; // was cut off at the bottom
+    }
+    return true;
 }
 
 void TZtFrame::DrawRow(QPainter &APainter, int ARow)

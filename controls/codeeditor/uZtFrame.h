@@ -80,6 +80,9 @@ private:
     TZtPaintRow &Row(int ARow);
     bool PrepareImage();
     void MoveRows();
+    void MoveBelowChange();
+    bool MoveBand(int AFrom, int AShift);
+    int RowPixels() const;
     void DrawRow(QPainter &APainter, int ARow);
     void DrawRowText(QPainter &APainter, const TZtPaintRow &ARow, int ATop);
     void DrawMargin(QPainter &APainter, int ATop, int ABottom);
