@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QCommandLineParser>
 #include <QFile>
 #include <QKeyEvent>
 #include <QMap>
@@ -24,33 +25,38 @@ constexpr char Needle[] = "quiteUnusualName";
 
 // --- texts ---------------------------------------------------------------------------------------
 
+// The lines' numbers take the place of "#": no two lines are alike, as in a text that someone
+// wrote.
 const QList<QByteArray> ScriptLines = {
-    "function area(width, height) {\n",
-    "    var total = width * height + 12;\n",
-    "    if (total > 4096) { return \"large\"; }\n",
-    "    // the border counts twice, see below\n",
-    "    total = total + border[index] * 2;\n",
-    "    for (i = 0; i < count; i++) sum(i);\n",
-    "    return total / 2.5 - offset(\"x\", 7);\n",
-    "} // end of the function, with a remark\n",
+    "function area#(width, height) {\n",
+    "    var total = width * height + #;\n",
+    "    if (total > #) { return \"large\"; }\n",
+    "    // border # counts twice, see below\n",
+    "    total = total + border[#] * 2;\n",
+    "    for (i = #; i < n; i++) sum(i);\n",
+    "    return total / 2.5 - offset(\"x\", #);\n",
+    "} // end of function #, with a remark\n",
 };
 const QList<QByteArray> MarkupLines = {
-    "  <plant id=\"17\" kind=\"bean\">climbs</plant>\n",
-    "  <!-- in the shade until the end of May -->\n",
-    "  <bed width=\"120\" length='300'/> text &amp; more\n",
+    "  <plant id=\"#\" kind=\"bean\">climbs</plant>\n",
+    "  <!-- bed # in the shade until the end of May -->\n",
+    "  <bed width=\"#\" length='300'/> text &amp; more\n",
 };
 const QList<QByteArray> QueryLines = {
-    "select name, price from stock where id = 12;\n",
-    "-- what was lent and has not come back yet\n",
-    "update loan set due = @day where book in (1, 2);\n",
+    "select name, price from stock where id = #;\n",
+    "-- what was lent to # and has not come back yet\n",
+    "update loan set due = @day where book in (1, #);\n",
 };
 
 QByteArray Text(const QList<QByteArray> &ALines, qsizetype ASize, const QByteArray &ALast = {})
 {
     QByteArray text;
     text.reserve(ASize + 100);
-    for (qsizetype i = 0; text.size() < ASize; ++i)
-        text += ALines[i % ALines.size()];
+    for (qsizetype i = 0; text.size() < ASize; ++i) {
+        const QByteArray &line = ALines[i % ALines.size()];
+        const qsizetype number = line.indexOf('#');
+        text += line.first(number) + QByteArray::number(i) + line.sliced(number + 1);
+    }
     return text + ALast;
 }
 
@@ -120,14 +126,14 @@ class TRun {
 public:
     TRun(const TPeerKind &AKind, const QString &AFolder) : FKind(AKind), FFolder(AFolder) {}
 
-    void All()
+    void Large()
     {
         Loading();
-        Large();
-        Pages();
-        Editing();
-        LongLine();
+        LargeText();
     }
+    void Pages();
+    void Editing();
+    void LongLine();
 
 private:
     void Open(TLanguage ALanguage, const QString &AFile)
@@ -183,35 +189,45 @@ private:
         Report("memory after 100 MB (MB)", ResidentMegabytes() - before);
     }
     // On the 100 MB that are loaded.
-    void Large()
+    void LargeText()
     {
         const int lines = FPeer->LineCount();
         TypeAt("keystroke, top of 100 MB", 0, Qt::Key_X, QStringLiteral("x"));
-        TypeAt("Enter, top of 100 MB", 0, Qt::Key_Return, QStringLiteral("\r"));
-        // Takes back a break that was typed before.
-        FPeer->MoveTo(0, 10);
-        Report("Backspace, top of 100 MB",
-               Median(
-                   50, [&] { FullyPainted(Qt::Key_Backspace, QStringLiteral("\b")); },
-                   [&] { Key(Qt::Key_Return, QStringLiteral("\r")); }));
-        FPeer->MoveTo(0, 0);
-        Settle();
-        Report("jump to the end of 100 MB", Milliseconds([&] {
-                   FPeer->MoveTo(lines - 1, 0);
-                   Settle();
-               }));
+        SplitAndJoin();
+        MoveTo(0, 0);
+        Report("jump to the end of 100 MB", Milliseconds([&] { MoveTo(lines - 1, 0); }));
         TypeAt("keystroke, middle of 100 MB", lines / 2, Qt::Key_X, QStringLiteral("x"));
-        TypeAt("keystroke, end of 100 MB", lines - 2, Qt::Key_X, QStringLiteral("x"));
+        TypeAt("keystroke, end of 100 MB", lines - 3, Qt::Key_X, QStringLiteral("x"));
         const QString needle = QLatin1StringView(Needle);
         Find("find, 100 MB, with case", needle, true, false);
         Find("find, 100 MB, without case", needle.toUpper(), false, false);
         Find("find, 100 MB, whole words", needle.toUpper(), false, true);
         Report("colouring 100 MB", Milliseconds([&] { FPeer->ColourAll(); }));
     }
+    // Splits the first lines, one after the other, and joins them again: the page stays one of
+    // text.
+    void SplitAndJoin()
+    {
+        constexpr int rounds = 20;
+        int line = -2;
+        Report("Enter, top of 100 MB",
+               Median(
+                   rounds, [&] { FullyPainted(Qt::Key_Return, QStringLiteral("\r")); },
+                   [&] { MoveTo(line += 2, 10); }));
+        line = 0;
+        Report("Backspace, top of 100 MB",
+               Median(
+                   rounds, [&] { FullyPainted(Qt::Key_Backspace, QStringLiteral("\b")); },
+                   [&] { MoveTo(++line, 0); }));
+    }
+    void MoveTo(int ALine, int AColumn)
+    {
+        FPeer->MoveTo(ALine, AColumn);
+        Settle();
+    }
     void TypeAt(const char *ATask, int ALine, int AKey, const QString &AText)
     {
-        FPeer->MoveTo(ALine, 10);
-        Settle();
+        MoveTo(ALine, 10);
         Report(ATask, Median(50, [&] { FullyPainted(AKey, AText); }));
     }
     void Find(const char *ATask, const QString &S, bool ACase, bool AWholeWords)
@@ -223,66 +239,76 @@ private:
             std::fprintf(stderr, "%s: nothing found\n", ATask);
         Report(ATask, time);
     }
-    void Pages()
-    {
-        struct TPage {
-            const char *Task;
-            TLanguage Language;
-            const char *File;
-        };
-        const TPage pages[] = {{"Page Down, JavaScript", TLanguage::JavaScript, "1.js"},
-                               {"Page Down, XML", TLanguage::Xml, "1.xml"},
-                               {"Page Down, SQL", TLanguage::Sql, "1.sql"}};
-        for (const TPage &page : pages) {
-            Open(page.Language, QLatin1StringView(page.File));
-            Report(page.Task, Median(200, [&] { Key(Qt::Key_PageDown); }));
-        }
-        Open(TLanguage::JavaScript, QStringLiteral("1.js"));
-        Report("repaint, unchanged page", Median(200, [&] {
-                   FPeer->RepaintUnchanged();
-                   Settle();
-               }));
-    }
-    void Editing()
-    {
-        Open(TLanguage::JavaScript, QStringLiteral("replace.js"));
-        int count = 0;
-        const double time = Milliseconds([&] {
-            count = FPeer->ReplaceAll(QLatin1StringView(Needle), QStringLiteral("plainName"));
-            Settle();
-        });
-        if (count < 100'000)
-            std::fprintf(stderr, "%s: replaced %d in %.0f ms, the rest is reckoned\n", FKind.Name,
-                         count, time);
-        Report("replace-all of 100,000 in 10 MB", time * 100'000 / std::max(count, 1));
-        QApplication::clipboard()->setText(QString::fromLatin1(Text(ScriptLines, Megabyte)));
-        Report("paste 1 MB into 10 MB", Median(
-                                            3,
-                                            [&] {
-                                                FPeer->Paste();
-                                                Settle();
-                                            },
-                                            [&] {
-                                                Open(TLanguage::JavaScript,
-                                                     QStringLiteral("10.js"));
-                                                FPeer->MoveTo(FPeer->LineCount() / 2, 10);
-                                                Settle();
-                                            }));
-    }
-    void LongLine()
-    {
-        Open(TLanguage::JavaScript, {});
-        Report("10 MB line: load", Milliseconds([&] {
-                   FPeer->LoadFile(File(QStringLiteral("line.js")));
-                   Settle();
-               }));
-        TypeAt("10 MB line: keystroke", 0, Qt::Key_X, QStringLiteral("x"));
-    }
 
     const TPeerKind &FKind;
     QString FFolder;
     std::unique_ptr<TPeer> FPeer;
 };
+
+void TRun::Pages()
+{
+    struct TPage {
+        const char *Task;
+        TLanguage Language;
+        const char *File;
+    };
+    const TPage pages[] = {{"Page Down, JavaScript", TLanguage::JavaScript, "1.js"},
+                           {"Page Down, XML", TLanguage::Xml, "1.xml"},
+                           {"Page Down, SQL", TLanguage::Sql, "1.sql"}};
+    for (const TPage &page : pages) {
+        Open(page.Language, QLatin1StringView(page.File));
+        Report(page.Task, Median(200, [&] { Key(Qt::Key_PageDown); }));
+    }
+    Open(TLanguage::JavaScript, QStringLiteral("1.js"));
+    Report("repaint, unchanged page", Median(200, [&] {
+               FPeer->RepaintUnchanged();
+               Settle();
+           }));
+}
+
+void TRun::Editing()
+{
+    Open(TLanguage::JavaScript, QStringLiteral("replace.js"));
+    int count = 0;
+    const double time = Milliseconds([&] {
+        count = FPeer->ReplaceAll(QLatin1StringView(Needle), QStringLiteral("plainName"));
+        Settle();
+    });
+    if (count < 100'000)
+        std::fprintf(stderr, "%s: replaced %d in %.0f ms, the rest is reckoned\n", FKind.Name,
+                     count, time);
+    Report("replace-all of 100,000 in 10 MB", time * 100'000 / std::max(count, 1));
+    QApplication::clipboard()->setText(QString::fromLatin1(Text(ScriptLines, Megabyte)));
+    Report("paste 1 MB into 10 MB", Median(
+                                        3,
+                                        [&] {
+                                            FPeer->Paste();
+                                            Settle();
+                                        },
+                                        [&] {
+                                            Open(TLanguage::JavaScript, QStringLiteral("10.js"));
+                                            FPeer->MoveTo(FPeer->LineCount() / 2, 10);
+                                            Settle();
+                                        }));
+}
+
+void TRun::LongLine()
+{
+    Open(TLanguage::JavaScript, {});
+    Report("10 MB line: load", Milliseconds([&] {
+               FPeer->LoadFile(File(QStringLiteral("line.js")));
+               Settle();
+           }));
+    TypeAt("10 MB line: keystroke", 0, Qt::Key_X, QStringLiteral("x"));
+}
+
+constexpr struct {
+    const char *Name;
+    void (TRun::*Measure)();
+} Groups[] = {{"large", &TRun::Large},
+              {"pages", &TRun::Pages},
+              {"editing", &TRun::Editing},
+              {"line", &TRun::LongLine}};
 
 // --- the table -----------------------------------------------------------------------------------
 
@@ -309,12 +335,15 @@ bool WriteTexts(const QString &AFolder)
 }
 
 // The tasks of one editor, measured in a process of its own, in the order in which they came.
-QList<std::pair<QString, double>> MeasurePeer(const QString &AName, const QString &AFolder)
+QList<std::pair<QString, double>> MeasurePeer(const QString &AName, const QString &AFolder,
+                                              const QStringList &AGroups)
 {
     std::fprintf(stderr, "measuring %s ...\n", qPrintable(AName));
     QProcess process;
     process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    process.start(QApplication::applicationFilePath(), {AName, AFolder});
+    process.start(QApplication::applicationFilePath(),
+                  QStringList{QStringLiteral("--peer"), AName, QStringLiteral("--texts"), AFolder} +
+                      AGroups);
     process.waitForFinished(-1);
     QList<std::pair<QString, double>> values;
     for (const QByteArray &row : process.readAllStandardOutput().split('\n')) {
@@ -325,14 +354,15 @@ QList<std::pair<QString, double>> MeasurePeer(const QString &AName, const QStrin
     return values;
 }
 
-int PrintTable(const QString &AFolder)
+void PrintTable(const QString &AFolder, const QStringList &AGroups)
 {
     QList<QMap<QString, double>> columns;
     QStringList tasks;
     std::printf("| task (ms, where nothing else is said) |");
     for (const TPeerKind &peer : Peers()) {
         QMap<QString, double> column;
-        for (const auto &[task, value] : MeasurePeer(QLatin1StringView(peer.Name), AFolder)) {
+        for (const auto &[task, value] :
+             MeasurePeer(QLatin1StringView(peer.Name), AFolder, AGroups)) {
             column.insert(task, value);
             if (!tasks.contains(task))
                 tasks.append(task);
@@ -355,7 +385,14 @@ int PrintTable(const QString &AFolder)
         }
         std::printf("\n");
     }
-    return 0;
+}
+
+void Measure(const TPeerKind &AKind, const QString &AFolder, const QStringList &AGroups)
+{
+    TRun run(AKind, AFolder);
+    for (const auto &group : Groups)
+        if (AGroups.isEmpty() || AGroups.contains(QLatin1StringView(group.Name)))
+            (run.*group.Measure)();
 }
 
 } // namespace
@@ -365,20 +402,39 @@ int main(int argc, char **argv)
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication app(argc, argv);
-    if (argc == 3) {
-        const auto peer = std::find_if(Peers().begin(), Peers().end(), [&](const TPeerKind &kind) {
-            return std::string(kind.Name) == argv[1];
-        });
-        if (peer == Peers().end())
-            return 2;
-        TRun(*peer, QString::fromLocal8Bit(argv[2])).All();
-        return 0;
-    }
+    QCommandLineParser line;
+    line.setApplicationDescription(QStringLiteral("Measures editors on the same tasks."));
+    line.addHelpOption();
+    const QCommandLineOption peer(QStringLiteral("peer"),
+                                  QStringLiteral("Measures one editor, without a table."),
+                                  QStringLiteral("name"));
+    const QCommandLineOption texts(QStringLiteral("texts"),
+                                   QStringLiteral("The folder with the texts to measure on."),
+                                   QStringLiteral("folder"));
+    line.addOptions({peer, texts});
+    line.addPositionalArgument(
+        QStringLiteral("groups"),
+        QStringLiteral("large, pages, editing, line; all when none is given"),
+        QStringLiteral("[groups...]"));
+    line.process(app);
+
     const QTemporaryDir folder;
-    if (!WriteTexts(folder.path())) {
-        std::fprintf(stderr, "compare: cannot write the texts into %s\n",
-                     qPrintable(folder.path()));
+    const QString written = line.isSet(texts) ? line.value(texts) : folder.path();
+    if (!line.isSet(texts) && !WriteTexts(written)) {
+        std::fprintf(stderr, "compare: cannot write the texts into %s\n", qPrintable(written));
         return 1;
     }
-    return PrintTable(folder.path());
+    if (!line.isSet(peer)) {
+        PrintTable(written, line.positionalArguments());
+        return 0;
+    }
+    const auto kind = std::find_if(Peers().begin(), Peers().end(), [&](const TPeerKind &one) {
+        return line.value(peer) == QLatin1StringView(one.Name);
+    });
+    if (kind == Peers().end()) {
+        std::fprintf(stderr, "compare: there is no editor %s\n", qPrintable(line.value(peer)));
+        return 2;
+    }
+    Measure(*kind, written, line.positionalArguments());
+    return 0;
 }

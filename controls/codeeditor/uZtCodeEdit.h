@@ -207,7 +207,7 @@ public:
     /// If `Apply`, makes `Color` a plain RGB value with each byte `Percent` per cent smaller.
     void DarkenColor(TColor &Color, bool Apply, int Percent) const;
     /// The screen lines as the last paint drew them, from the top of the control.
-    const std::vector<TZtPaintRow> &PaintedRows() const { return FFrame.Rows(); }
+    std::vector<TZtPaintRow> PaintedRows() const { return FFrame.Rows(); }
 
     // === uZtCodeEditCaret.cpp: the caret's place
     // ==================================================
@@ -349,6 +349,7 @@ private:
     bool NothingMoreToSee(const TPaintPass &APass) const;
     void AddToken(TPaintPass &APass);
     void AddPiece(TPaintPass &APass, QStringView S, TColor AFore, TColor ABack);
+    QRect PictureArea() const;
     void CopyFrame();
     void PaintCorners();
     void PaintFlatBorder();

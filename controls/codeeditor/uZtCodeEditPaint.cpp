@@ -107,8 +107,7 @@ bool TZtCodeEdit::BeginFrame()
     const bool marginShown = GetShowRightMargin() && margin > 0 && margin < GetClientWidth() - g;
     FFrame.Begin({ClientArea().size(), devicePixelRatioF(), font(), g,
                   marginShown ? g + margin : -1, color(back), color(FRightMarginColor),
-                  color(clBtnFace), color(clBtnHighlight), color(clBtnShadow)},
-                 FVScrollBar->GetPosition());
+                  color(clBtnFace), color(clBtnHighlight), color(clBtnShadow)});
     return FCharWidth > 0 && FLineWidth > 0;
 }
 
@@ -237,15 +236,17 @@ void TZtCodeEdit::AddToken(TPaintPass &APass)
     APass.Col += length;
 }
 
+// Where the picture is seen: without the bars and the seams beside them.
+QRect TZtCodeEdit::PictureArea() const
+{
+    return {0, 0, GetClientWidth() - FVScrollBar->width() - 1,
+            GetClientHeight() - FHScrollBar->height() - 1};
+}
+
 void TZtCodeEdit::CopyFrame()
 {
-    const QRect shown(0, 0, GetClientWidth() - FVScrollBar->width() - 1,
-                      GetClientHeight() - FHScrollBar->height() - 1);
-    if (!Canvas() || shown.isEmpty())
-        return;
-    const qreal ratio = FFrame.Image().devicePixelRatio();
-    Canvas()->drawImage(QRectF(shown), FFrame.Image(),
-                        QRectF(0, 0, shown.width() * ratio, shown.height() * ratio));
+    if (Canvas())
+        FFrame.CopyTo(*Canvas(), PictureArea());
 }
 
 void TZtCodeEdit::PaintCorners()
@@ -296,20 +297,14 @@ void TZtCodeEdit::paintEvent(QPaintEvent *AEvent)
     const QPoint origin = ClientArea().topLeft();
     const QRect asked = AEvent->region().boundingRect().translated(-origin);
     const int border = FBorderStyle == TBorderStyle::bsSingle && !GetCtl3D() ? 1 : 0;
-    const QRect picture(QPoint(border, border),
-                        QPoint(GetClientWidth() - FVScrollBar->width() - 2,
-                               GetClientHeight() - FHScrollBar->height() - 2));
-    const bool caretOnly =
-        FCaret->Covers(asked) && !FFrame.Image().isNull() && picture.contains(asked);
+    const bool caretOnly = FCaret->Covers(asked) && !FFrame.IsEmpty() &&
+                           PictureArea().adjusted(border, border, 0, 0).contains(asked);
     if (!caretOnly)
         TCustomControl::paintEvent(AEvent);
     QPainter painter(this);
     painter.translate(origin);
-    if (caretOnly) {
-        const qreal ratio = FFrame.Image().devicePixelRatio();
-        painter.drawImage(QRectF(asked), FFrame.Image(),
-                          QRectF(QPointF(asked.topLeft()) * ratio, QSizeF(asked.size()) * ratio));
-    }
+    if (caretOnly)
+        FFrame.CopyTo(painter, asked);
     PaintComposition(painter);
     FCaret->Draw(painter);
 }

@@ -6,13 +6,10 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
-#include <cstring>
 
-void TZtFrame::Begin(const TZtFrameLook &ALook, int AFirstLine)
+void TZtFrame::Begin(const TZtFrameLook &ALook)
 {
     FLook = ALook;
-    FFirstLine = AFirstLine;
     FRowCount = 0;
     FButtons.clear();
 }
@@ -71,124 +68,145 @@ void TZtFrame::AddButton(const QRect &ARect, bool AExpanded)
 void TZtFrame::Finish()
 {
     const int pitch = std::max(FText.LineHeight(), 1);
-    const int screenRows = (FLook.Size.height() + pitch - 1) / pitch;
-    if (!PrepareImage())
+    const int count = (FLook.Size.height() + pitch - 1) / pitch;
+    if (!PrepareImages(count))
         return;
-    Row(screenRows - 1); // rows after the text are empty ones
-    FDrawn.resize(size_t(screenRows));
-    FKnown.resize(size_t(screenRows));
-    MoveRows();
-    MoveBelowChange();
-    QPainter painter(&FImage);
-    for (int i = 0; i < screenRows; ++i) {
-        TZtPaintRow &drawn = FDrawn[size_t(i)];
-        if (FKnown[size_t(i)] && drawn == FRows[size_t(i)])
-            continue;
-        std::swap(drawn, FRows[size_t(i)]);
-        FKnown[size_t(i)] = true;
-        DrawRow(painter, i);
-    }
-    if (!FGuttorKnown || FButtons != FDrawnButtons) {
+    Row(count - 1); // rows after the text are empty ones
+    PlaceDrawnRows();
+    PlaceNewRows();
+    if (!FGuttor.isNull() && (!FGuttorKnown || FButtons != FDrawnButtons)) {
+        QPainter painter(&FGuttor);
         DrawGuttor(painter);
         FDrawnButtons = FButtons;
         FGuttorKnown = true;
     }
 }
 
-// A picture of the right size, in which nothing is known when the look has changed.
-bool TZtFrame::PrepareImage()
+// Images of the right size, in which nothing is known when the look has changed.
+bool TZtFrame::PrepareImages(int ARowCount)
 {
     if (FLook == FDrawnLook && !FImage.isNull())
         return true;
-    const QSize pixels = (QSizeF(FLook.Size) * FLook.PixelRatio).toSize();
-    if (FImage.size() != pixels)
-        FImage = QImage(pixels, QImage::Format_RGB32);
-    FImage.setDevicePixelRatio(FLook.PixelRatio);
-    FDrawnLook = FLook;
-    FKnown.clear();
-    FGuttorKnown = false;
-    return !FImage.isNull();
-}
-
-// Moves what is drawn along with the text, where whole rows are whole device pixels.
-void TZtFrame::MoveRows()
-{
-    const int count = int(FDrawn.size());
-    const int shift = FFirstLine - FDrawnFirstLine;
-    FDrawnFirstLine = FFirstLine;
-    if (shift == 0 || std::abs(shift) >= count || RowPixels() == 0)
-        return;
-    FKnown[size_t(count - 1)] = false; // it may be cut off at the bottom
-    const qsizetype stride = FImage.bytesPerLine();
-    const qsizetype moved = std::abs(shift) * RowPixels() * stride;
-    const qsizetype kept = FImage.sizeInBytes() - moved;
-    uchar *bits = FImage.bits();
-    if (shift > 0) {
-        std::memmove(bits, bits + moved, size_t(kept));
-        std::rotate(FDrawn.begin(), FDrawn.begin() + shift, FDrawn.end());
-        std::rotate(FKnown.begin(), FKnown.begin() + shift, FKnown.end());
-        std::fill(FKnown.end() - shift, FKnown.end(), false);
-    } else {
-        std::memmove(bits + moved, bits, size_t(kept));
-        std::rotate(FDrawn.begin(), FDrawn.end() + shift, FDrawn.end());
-        std::rotate(FKnown.begin(), FKnown.end() + shift, FKnown.end());
-        std::fill(FKnown.begin(), FKnown.begin() - shift, false);
-    }
-    FGuttorKnown = FGuttorKnown && FDrawnButtons.empty();
-}
-
-// A row's height in device pixels, or 0 where it is not a whole number.
-int TZtFrame::RowPixels() const
-{
-    const qreal pixels = FText.LineHeight() * FLook.PixelRatio;
-    return pixels == std::floor(pixels) ? int(pixels) : 0;
-}
-
-// Where a line was inserted or removed, the rows below it are the old ones, one further down or up.
-void TZtFrame::MoveBelowChange()
-{
-    const int count = int(FDrawn.size());
-    int changed = 0;
-    while (changed < count && FKnown[size_t(changed)] &&
-           FDrawn[size_t(changed)] == FRows[size_t(changed)])
-        ++changed;
-    // The row of the change, and the new one below it, are drawn in any case.
-    if (RowPixels() > 0 && FDrawnButtons.empty() && !MoveBand(changed + 2, 1))
-        MoveBand(changed + 1, -1);
-}
-
-bool TZtFrame::MoveBand(int AFrom, int AShift)
-{
-    constexpr int worthIt = 4;
-    const int count = int(FDrawn.size());
-    const int end = AShift > 0 ? count : count - 1;
-    if (end - AFrom < worthIt)
+    const auto prepare = [this](QImage &AImage, const QSize &ASize) {
+        const QSize pixels = (QSizeF(ASize) * FLook.PixelRatio).toSize();
+        if (AImage.size() != pixels)
+            AImage = QImage(pixels, QImage::Format_RGB32);
+        AImage.setDevicePixelRatio(FLook.PixelRatio);
+    };
+    prepare(FImage, QSize(FLook.Size.width(), ARowCount * FText.LineHeight()));
+    prepare(FGuttor, QSize(FLook.GuttorWidth, FLook.Size.height()));
+    if (FImage.isNull())
         return false;
-    for (int i = AFrom; i < end; ++i)
-        if (!FKnown[size_t(i - AShift)] || !(FRows[size_t(i)] == FDrawn[size_t(i - AShift)]))
-            return false;
-    const qsizetype row = RowPixels() * FImage.bytesPerLine();
-    uchar *bits = FImage.bits();
-    const int top = AShift > 0 ? AFrom - 1 : AFrom; // of the two rows that meet there
-    const qsizetype size = FImage.sizeInBytes() - (top + 1) * row;
-    if (AShift > 0) {
-        std::memmove(bits + (top + 1) * row, bits + top * row, size_t(size));
-        std::rotate(FDrawn.begin() + top, FDrawn.end() - 1, FDrawn.end());
-        std::rotate(FKnown.begin() + top, FKnown.end() - 1, FKnown.end());
-        FKnown[size_t(top)] = false;
-    } else {
-        std::memmove(bits + top * row, bits + (top + 1) * row, size_t(size));
-        std::rotate(FDrawn.begin() + top, FDrawn.begin() + top + 1, FDrawn.end());
-        std::rotate(FKnown.begin() + top, FKnown.begin() + top + 1, FKnown.end());
-        FKnown[size_t(count - 1)] = FKnown[size_t(count - 2)] = false; // was cut off at the bottom
+    FDrawnLook = FLook;
+    FDrawnPitch = FText.LineHeight();
+    FGuttorKnown = false;
+    FStrips.resize(size_t(ARowCount));
+    FShown.resize(size_t(ARowCount));
+    for (int i = 0; i < ARowCount; ++i) {
+        FStrips[size_t(i)].Known = false;
+        FShown[size_t(i)] = i;
     }
     return true;
 }
 
-void TZtFrame::DrawRow(QPainter &APainter, int ARow)
+// Whether rows are whole device pixels, so that one looks the same in every strip.
+bool TZtFrame::RowsCanMove() const
 {
-    const TZtPaintRow &row = FDrawn[size_t(ARow)];
-    const int top = ARow * FText.LineHeight();
+    const qreal pixels = FText.LineHeight() * FLook.PixelRatio;
+    return pixels == std::floor(pixels);
+}
+
+// Gives the rows that are drawn already their strips. What scrolled, or stands below an inserted or
+// removed line, follows strip by strip, so that the search ends at its first step.
+void TZtFrame::PlaceDrawnRows()
+{
+    const int count = int(FShown.size());
+    for (TStrip &strip : FStrips)
+        strip.Taken = false;
+    const int reach = RowsCanMove() ? count : 1;
+    int next = FShown[0];
+    for (int i = 0; i < count; ++i) {
+        const int found = FindStrip(next, reach, &FRows[size_t(i)]);
+        FShown[size_t(i)] = found;
+        if (found >= 0)
+            FStrips[size_t(found)].Taken = true;
+        next = ((found >= 0 ? found : next) + 1) % count;
+    }
+}
+
+// Draws the other rows into free strips, as far as there are any behind the row above.
+void TZtFrame::PlaceNewRows()
+{
+    const int count = int(FShown.size());
+    QPainter painter;
+    for (int i = 0; i < count; ++i) {
+        int &shown = FShown[size_t(i)];
+        if (shown >= 0)
+            continue;
+        shown = FindStrip(i > 0 ? (FShown[size_t(i - 1)] + 1) % count : 0, count, nullptr);
+        TStrip &strip = FStrips[size_t(shown)];
+        std::swap(strip.Row, FRows[size_t(i)]);
+        strip.Known = strip.Taken = true;
+        if (!painter.isActive())
+            painter.begin(&FImage);
+        DrawStrip(painter, shown);
+    }
+}
+
+// The first free one of `AReach` strips from `AFrom` on, around the image, that shows a row, or any
+// when `ARow` is null; -1 if there is none.
+int TZtFrame::FindStrip(int AFrom, int AReach, const TZtPaintRow *ARow) const
+{
+    const int count = int(FStrips.size());
+    for (int i = 0; i < AReach; ++i) {
+        const int at = AFrom + i < count ? AFrom + i : AFrom + i - count;
+        const TStrip &strip = FStrips[size_t(at)];
+        if (!strip.Taken && (!ARow || (strip.Known && strip.Row == *ARow)))
+            return at;
+    }
+    return -1;
+}
+
+void TZtFrame::CopyTo(QPainter &APainter, const QRect &APart) const
+{
+    const auto copy = [&](const QImage &AImage, const QRect &ATarget, int AShift) {
+        const qreal ratio = AImage.devicePixelRatio();
+        APainter.drawImage(QRectF(ATarget), AImage,
+                           QRectF(QPointF(ATarget.topLeft() + QPoint(0, AShift)) * ratio,
+                                  QSizeF(ATarget.size()) * ratio));
+    };
+    // What was drawn, which is older than the look when a paint was broken off.
+    const int pitch = FDrawnPitch;
+    const int guttorWidth = FDrawnLook.GuttorWidth;
+    const QRect part = APart.intersected(QRect(QPoint(), FDrawnLook.Size));
+    const QRect text = part.adjusted(std::max(guttorWidth - part.left(), 0), 0, 0, 0);
+    int first = IsEmpty() || text.isEmpty() ? int(FShown.size()) : text.top() / pitch;
+    while (first < int(FShown.size()) && first * pitch <= text.bottom()) {
+        // Rows whose strips follow each other are copied as one.
+        int end = first + 1;
+        while (end < int(FShown.size()) && FShown[size_t(end)] == FShown[size_t(end - 1)] + 1)
+            ++end;
+        const QRect band(text.left(), first * pitch, text.width(), (end - first) * pitch);
+        copy(FImage, band.intersected(text), (FShown[size_t(first)] - first) * pitch);
+        first = end;
+    }
+    const QRect guttor = part.intersected(QRect(0, 0, guttorWidth, FDrawnLook.Size.height()));
+    if (!guttor.isEmpty())
+        copy(FGuttor, guttor, 0);
+}
+
+std::vector<TZtPaintRow> TZtFrame::Rows() const
+{
+    std::vector<TZtPaintRow> rows;
+    for (const int strip : FShown)
+        rows.push_back(FStrips[size_t(strip)].Row);
+    return rows;
+}
+
+void TZtFrame::DrawStrip(QPainter &APainter, int AStrip)
+{
+    const TZtPaintRow &row = FStrips[size_t(AStrip)].Row;
+    const int top = AStrip * FText.LineHeight();
     const QRect area(FLook.GuttorWidth, top, FLook.Size.width() - FLook.GuttorWidth,
                      FText.LineHeight());
     APainter.setClipRect(area);
@@ -198,7 +216,8 @@ void TZtFrame::DrawRow(QPainter &APainter, int ARow)
             QRect(row.ColouredLeft, top, FLook.Size.width() - row.ColouredLeft, FText.LineHeight()),
             QColor(row.ColouredBack));
     DrawRowText(APainter, row, top);
-    DrawMargin(APainter, top, top + FText.LineHeight());
+    if (FLook.MarginX >= 0)
+        APainter.fillRect(FLook.MarginX, top, 1, FText.LineHeight(), QColor(FLook.Margin));
 }
 
 void TZtFrame::DrawRowText(QPainter &APainter, const TZtPaintRow &ARow, int ATop)
@@ -226,19 +245,10 @@ void TZtFrame::DrawRowText(QPainter &APainter, const TZtPaintRow &ARow, int ATop
     }
 }
 
-void TZtFrame::DrawMargin(QPainter &APainter, int ATop, int ABottom)
-{
-    if (FLook.MarginX >= 0)
-        APainter.fillRect(FLook.MarginX, ATop, 1, ABottom - ATop, QColor(FLook.Margin));
-}
-
 void TZtFrame::DrawGuttor(QPainter &APainter)
 {
     const int width = FLook.GuttorWidth;
     const int height = FLook.Size.height();
-    if (width <= 0)
-        return;
-    APainter.setClipRect(0, 0, width, height);
     APainter.fillRect(0, 0, width, height, QColor(FLook.GuttorFace));
     APainter.fillRect(width - 2, 0, 1, height, QColor(FLook.GuttorLight));
     APainter.fillRect(width - 1, 0, 1, height, QColor(FLook.GuttorShadow));

@@ -47,13 +47,12 @@ struct TZtFrameLook {
     bool operator==(const TZtFrameLook &) const = default;
 };
 
-/// The editor's picture. A paint describes the rows from the top; rows that are drawn already
-/// as they are described are not drawn again.
+/// The editor's picture. A paint describes the rows from the top; a row that was drawn before as it
+/// is described now is not drawn again, wherever in the picture it stood.
 class TZtFrame {
 public:
-    /// Starts a picture, without rows. `AFirstLine` is the text line at its top: rows that only
-    /// moved up or down with it are moved in the picture.
-    void Begin(const TZtFrameLook &ALook, int AFirstLine);
+    /// Starts a picture, without rows.
+    void Begin(const TZtFrameLook &ALook);
     TZtTextPainter &TextPainter() { return FText; }
     /// Gives the row at the screen line `ARow` (0-based) the host's background, from `ALeft` on.
     void ColourRow(int ARow, int ALeft, QRgb ABack);
@@ -65,12 +64,21 @@ public:
     /// Draws what differs from the picture before.
     void Finish();
 
-    const QImage &Image() const { return FImage; }
+    /// Whether nothing was drawn yet.
+    bool IsEmpty() const { return FShown.empty(); }
+    /// Copies a part of the picture, in pixels of the client area.
+    void CopyTo(QPainter &APainter, const QRect &APart) const;
     /// The rows drawn last, from the top to the bottom of the picture; rows after the text are
     /// empty.
-    const std::vector<TZtPaintRow> &Rows() const { return FDrawn; }
+    std::vector<TZtPaintRow> Rows() const;
 
 private:
+    // A place in the image that holds a drawn row.
+    struct TStrip {
+        TZtPaintRow Row;
+        bool Known = false; // whether the image shows the row
+        bool Taken = false; // by a row of this picture
+    };
     struct TButton {
         QRect Rect;
         bool Expanded;
@@ -78,28 +86,27 @@ private:
     };
 
     TZtPaintRow &Row(int ARow);
-    bool PrepareImage();
-    void MoveRows();
-    void MoveBelowChange();
-    bool MoveBand(int AFrom, int AShift);
-    int RowPixels() const;
-    void DrawRow(QPainter &APainter, int ARow);
+    bool PrepareImages(int ARowCount);
+    bool RowsCanMove() const;
+    void PlaceDrawnRows();
+    void PlaceNewRows();
+    int FindStrip(int AFrom, int AReach, const TZtPaintRow *ARow) const;
+    void DrawStrip(QPainter &APainter, int AStrip);
     void DrawRowText(QPainter &APainter, const TZtPaintRow &ARow, int ATop);
-    void DrawMargin(QPainter &APainter, int ATop, int ABottom);
     void DrawGuttor(QPainter &APainter);
 
     TZtTextPainter FText;
     TZtFrameLook FLook{};
     TZtFrameLook FDrawnLook{};
+    int FDrawnPitch = 0;            // the height of a drawn row
     std::vector<TZtPaintRow> FRows; // the first FRowCount are in use; the rest keep their memory
     int FRowCount = 0;
-    std::vector<TZtPaintRow> FDrawn;
+    QImage FImage; // the strips, one below the other
+    std::vector<TStrip> FStrips;
+    std::vector<int> FShown;      // the strip of each row
     std::vector<bool> FTextDrawn; // of the row being drawn, by piece
-    std::vector<bool> FKnown;     // whether the picture shows the row in FDrawn
-    int FFirstLine = 0;
-    int FDrawnFirstLine = 0;
+    QImage FGuttor;
     bool FGuttorKnown = false;
     std::vector<TButton> FButtons;
     std::vector<TButton> FDrawnButtons;
-    QImage FImage;
 };

@@ -127,7 +127,7 @@ TEST_F(Painting, SelectionSplitsTokens)
                                          << row.End.x() << ',' << row.End.y() << lineFeeds;
         }
     }
-    const auto &pieces = Editor.PaintedRows()[0].Pieces;
+    const auto pieces = Editor.PaintedRows()[0].Pieces;
     EXPECT_EQ(pieces[0].Left, 22);
     EXPECT_EQ(pieces[1].Left, 22 + 3 * Cell());
     EXPECT_EQ(pieces[1].Width, 3 * Cell());
@@ -426,8 +426,14 @@ struct Redrawing : testing::Test {
             [&] { AEditor.SetReadOnly(!AEditor.GetReadOnly()); },
             [&] { AEditor.SetOptions(TZtCodeOptions(Below(8))); },
             [&] { AEditor.SetBounds(0, 0, 250 + Below(200), 120 + Below(150)); },
+            [&] { AEditor.SetBounds(0, 0, Below(60), Below(60)); },
+            [&] {
+                QFont font = AEditor.GetFont();
+                font.setPointSize(8 + Below(4));
+                AEditor.SetFont(font);
+            },
         };
-        changes[Below(10)]();
+        changes[Below(int(std::size(changes)))]();
     }
     static QImage Copy(TZtCodeEdit &AEditor, TZtLangParser *ALexer)
     {
@@ -435,6 +441,7 @@ struct Redrawing : testing::Test {
         fresh.SetParser(ALexer);
         fresh.SetOnParserLineChange(AEditor.GetOnParserLineChange());
         fresh.resize(AEditor.size());
+        fresh.SetFont(AEditor.GetFont());
         fresh.show();
         fresh.GetLines()->Assign(AEditor.GetLines());
         fresh.SetReadOnly(AEditor.GetReadOnly());

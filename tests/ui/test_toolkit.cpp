@@ -1,6 +1,7 @@
 #include "uZtCustomControl.h"
 #include "uZtException.h"
 #include "uZtPlatform.h"
+#include "uZtScrollBar.h"
 #include "uZtSystemColors.h"
 
 #include <QCoreApplication>
@@ -8,9 +9,12 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScreen>
 #include <QVBoxLayout>
 
 #include <gtest/gtest.h>
+
+#include <random>
 
 namespace {
 
@@ -320,4 +324,31 @@ TEST(Control, ExceptionsStopAtTheEvent)
         EXPECT_EQ(ZtPlatform().KeyboardShift(), TShiftState());
     }
     ZtPlatform() = ZtDefaultPlatform();
+}
+
+TEST(ScrollBar, ShowsItsThumbWhereItIs)
+{
+    TScrollBar bar(nullptr);
+    bar.SetKind(TScrollBarKind::sbVertical);
+    bar.resize(20, 200);
+    bar.show();
+    QCoreApplication::processEvents();
+    std::mt19937 random(3);
+    const auto below = [&](int n) { return std::uniform_int_distribution<int>(0, n - 1)(random); };
+    for (int i = 0; i < 300; ++i) {
+        const int range = bar.GetMax();
+        const std::function<void()> changes[] = {
+            [&] { bar.SetMax(range + below(3)); },         [&] { bar.SetMax(below(2'000'000)); },
+            [&] { bar.SetPosition(below(range + 1)); },    [&] { bar.SetPosition(below(3)); },
+            [&] { bar.SetPosition(range - below(3)); },    [&] { bar.SetPageSize(below(100)); },
+            [&] { bar.resize(20, 100 + 10 * below(10)); }, [&] { bar.grab(); },
+        };
+        for (int k = below(3); k >= 0; --k)
+            changes[below(8)]();
+        QCoreApplication::processEvents();
+        const QImage seen = bar.screen()->grabWindow(bar.winId()).toImage();
+        ASSERT_EQ(seen.convertToFormat(QImage::Format_RGB32),
+                  bar.grab().toImage().convertToFormat(QImage::Format_RGB32))
+            << "step " << i;
+    }
 }

@@ -1,6 +1,7 @@
 #include "uZtScrollBar.h"
 
 #include <QStyle>
+#include <QStyleOptionSlider>
 
 TScrollBar::TScrollBar(QWidget *AOwner) : QScrollBar(AOwner)
 {
@@ -27,4 +28,25 @@ void TScrollBar::SetPageSize(int Value)
     FPageSize = Value;
     if (Value >= 0 && pageStep() != Value)
         setPageStep(Value);
+}
+
+TScrollBar::TLook TScrollBar::Look() const
+{
+    QStyleOptionSlider option;
+    initStyleOption(&option);
+    return {
+        style()->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, this),
+        value() == minimum(), value() == maximum()};
+}
+
+void TScrollBar::paintEvent(QPaintEvent *AEvent)
+{
+    FDrawn = Look();
+    QScrollBar::paintEvent(AEvent);
+}
+
+void TScrollBar::sliderChange(SliderChange AChange)
+{
+    if (AChange == SliderOrientationChange || Look() != FDrawn)
+        QScrollBar::sliderChange(AChange);
 }

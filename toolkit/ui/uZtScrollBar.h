@@ -7,7 +7,8 @@
 enum class TScrollBarKind : quint8 { sbHorizontal, sbVertical };
 
 /// A scroll bar whose position runs from 0 to `Max`. The page size sets the thumb's length and is
-/// kept as it was given, also when it is negative or larger than the range.
+/// kept as it was given, also when it is negative or larger than the range. The bar is drawn again
+/// when its thumb moves by a pixel: in a long text most changes of the range do not.
 class TScrollBar : public QScrollBar {
     Q_OBJECT
 
@@ -29,7 +30,21 @@ public:
     /// What a click beside the thumb moves by.
     void SetLargeChange(int Value) { FLargeChange = Value; }
 
+protected:
+    void paintEvent(QPaintEvent *AEvent) override;
+    void sliderChange(SliderChange AChange) override;
+
 private:
+    // What a style draws from the position and the range.
+    struct TLook {
+        QRect Thumb;
+        bool AtMinimum;
+        bool AtMaximum;
+        bool operator==(const TLook &) const = default;
+    };
+    TLook Look() const;
+
+    TLook FDrawn{}; // by the last paint
     int FPageSize = 0;
     int FLargeChange = 1;
 };
