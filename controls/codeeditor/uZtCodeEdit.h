@@ -148,7 +148,11 @@ public:
     void SetTabIndentSize(int Value) { FTabIndentSize = Value; }
     int GetParserLineNr() const { return FParserLineNr; }
     /// The index of the line that the lexer is handed next.
-    void SetParserLineNr(int Value) { FParserLineNr = Value; }
+    void SetParserLineNr(int Value)
+    {
+        FParserLineNr = Value;
+        FParserColumn = 0;
+    }
     bool GetModified() const { return FModified; }
     void SetModified(bool Value) { FModified = Value; }
 
@@ -203,6 +207,7 @@ public:
     void Paint() override;
     /// The lexer's source: with `AReset` restarts at line 0, else hands over the next line and CR
     /// LF in `S` and keeps the lexer's `LineKind` in that line's object slot; false after the last.
+    /// A line of more than 16384 units comes in pieces.
     bool ParserGetNewBuffer(bool AReset, QString &S);
     /// If `Apply`, makes `Color` a plain RGB value with each byte `Percent` per cent smaller.
     void DarkenColor(TColor &Color, bool Apply, int Percent) const;
@@ -346,6 +351,7 @@ private:
     bool BeginFrame();
     void ComposeLines();
     void StartLine(TPaintPass &APass);
+    void HandOverPiece(QString &S);
     bool NothingMoreToSee(const TPaintPass &APass) const;
     void AddToken(TPaintPass &APass);
     void AddPiece(TPaintPass &APass, QStringView S, TColor AFore, TColor ABack);
@@ -379,8 +385,9 @@ private:
     bool SelectionGiven() const;
     void ClampSelectionEnd();
     QString SelectedText() const;
+    void InsertInLine(const QString &S);
     void BreakLine();
-    void BackSpaceInLine(QString ALine);
+    void BackSpaceInLine(QString &&ALine);
     void JoinWithLineAbove(const QString &ALine);
     bool FallBackToIndentation(const QString &ALine);
     void InsertBreak(const QString &APiece);
@@ -404,6 +411,7 @@ private:
     int FGuttorWidth = 20;
     TZtLangParser *FParser = nullptr;
     int FParserLineNr = 0;
+    int FParserColumn = 0; // of the line before, where its next piece begins; 0 without one
     TZtCaret *FCaret;
     int FCharWidth = 0;
     int FLineWidth = 0;

@@ -79,9 +79,9 @@ void TZtCodeEdit::InsertText(TZtChangeType ChangeType, const QString &S)
     if (FSelStart.x() == -1)
         return;
     EnsureLine(FSelStart.y());
-    const QString line = FLines->GetStrings(FSelStart.y());
-    if (line.size() < FSelStart.x())
-        FLines->SetStrings(FSelStart.y(), line.leftJustified(FSelStart.x()));
+    if (FLines->GetLength(FSelStart.y()) < FSelStart.x())
+        FLines->SetStrings(FSelStart.y(),
+                           FLines->GetStrings(FSelStart.y()).leftJustified(FSelStart.x()));
 
     qsizetype start = 0;
     for (qsizetype i = 0; i < S.size(); ++i) {
@@ -95,9 +95,9 @@ void TZtCodeEdit::InsertText(TZtChangeType ChangeType, const QString &S)
     }
     if (start < S.size()) {
         EnsureLine(FSelStart.y());
-        QString last = FLines->GetStrings(FSelStart.y());
-        last.insert(FSelStart.x(), QStringView(S).sliced(start));
-        FLines->SetStrings(FSelStart.y(), last);
+        FLines->EditStrings(FSelStart.y(), FLines->GetStrings(FSelStart.y()), [&](QString &line) {
+            line.insert(FSelStart.x(), QStringView(S).sliced(start));
+        });
         SetCharPos(FCharPos + int(S.size() - start));
     }
     FUndoList->AddUndo(ChangeType, before, QPoint(FCharPos, FLinePos), before, QString());
@@ -125,21 +125,27 @@ void TZtCodeEdit::AddTxt(const QString &S)
         return;
     const QPoint before(FCharPos, FLinePos);
     Changed();
-    if (S == QLatin1StringView("\r")) {
+    if (S == QLatin1StringView("\r"))
         BreakLine();
-    } else {
-        EnsureLine(FLinePos);
-        QString line = FLines->GetStrings(FLinePos);
-        if (line.size() < FCharPos)
-            line = line.leftJustified(FCharPos);
-        const int at = FLinePos;
-        line.insert(FCharPos, S);
-        SetCharPos(FCharPos + int(S.size()));
-        FLines->SetStrings(at, ZtTrimRight(line)); // lines never keep trailing blanks
-    }
+    else
+        InsertInLine(S);
     FUndoList->AddUndo(TZtChangeType::ctInsert, before, QPoint(FCharPos, FLinePos), before,
                        QString());
     Invalidate();
+}
+
+void TZtCodeEdit::InsertInLine(const QString &S)
+{
+    EnsureLine(FLinePos);
+    const QPoint at(FCharPos, FLinePos);
+    QString line = FLines->GetStrings(at.y());
+    SetCharPos(at.x() + int(S.size()));
+    FLines->EditStrings(at.y(), std::move(line), [&](QString &text) {
+        if (text.size() < at.x())
+            text = text.leftJustified(at.x());
+        text.insert(at.x(), S);
+        text = ZtTrimRight(std::move(text)); // lines never keep trailing blanks
+    });
 }
 
 void TZtCodeEdit::BreakLine()
@@ -180,14 +186,21 @@ void TZtCodeEdit::DeleteSelected(TZtChangeType AChangeType, QString &Deleted)
     if (AChangeType != TZtChangeType::ctNone)
         item = FUndoList->AddUndo(AChangeType, FSelStart, FSelEnd, before, QString());
     const QPoint start = FSelStart;
-    const QString head = FLines->GetStrings(start.y()).left(start.x());
-    const QString tail = FLines->GetStrings(FSelEnd.y()).mid(FSelEnd.x());
+    const QPoint end = FSelEnd;
+    QString first = FLines->GetStrings(start.y());
+    const QString last = start.y() < end.y() ? FLines->GetStrings(end.y()) : QString();
     Deleted = SelectedText();
-    for (int i = start.y(); i < FSelEnd.y(); ++i)
+    for (int i = start.y(); i < end.y(); ++i)
         FLines->Delete(start.y());
     if (AChangeType == TZtChangeType::ctCut)
         ZtPlatform().SetClipboardText(Deleted);
-    FLines->SetStrings(start.y(), head + tail);
+    FLines->EditStrings(start.y(), std::move(first), [&](QString &text) {
+        const int column = qMax(start.x(), 0);
+        if (start.y() == end.y())
+            text.remove(column, end.x() - column);
+        else
+            text = text.left(column) + last.mid(end.x());
+    });
     FSelEnd = start;
     SetCharPos(start.x());
     SetLinePos(start.y());
@@ -199,7 +212,7 @@ void TZtCodeEdit::DeleteSelected(TZtChangeType AChangeType, QString &Deleted)
 void TZtCodeEdit::BackSpaceSelected()
 {
     EnsureLine(FLinePos);
-    const QString line = FLines->GetStrings(FLinePos);
+    QString line = FLines->GetStrings(FLinePos);
     if (FCharPos >= 1 && FLinePos >= 1) {
         if (FallBackToIndentation(line))
             return;
@@ -210,7 +223,7 @@ void TZtCodeEdit::BackSpaceSelected()
         }
     }
     if (FCharPos > 0)
-        BackSpaceInLine(line);
+        BackSpaceInLine(std::move(line));
     else if (FLinePos > 0)
         JoinWithLineAbove(line);
     else
@@ -229,19 +242,20 @@ bool TZtCodeEdit::FallBackToIndentation(const QString &ALine)
     return true;
 }
 
-void TZtCodeEdit::BackSpaceInLine(QString ALine)
+void TZtCodeEdit::BackSpaceInLine(QString &&ALine)
 {
     const int count = CharactersBefore(FCharPos);
     const QPoint caret(FCharPos, FLinePos);
     const QPoint start(FCharPos - count, FLinePos);
     FUndoList->AddUndo(TZtChangeType::ctDelete, start, caret, caret, ALine.mid(start.x(), count));
-    const bool wasEmpty = ALine.isEmpty();
-    ALine.remove(start.x(), count);
-    if (!ALine.isEmpty()) {
-        FLines->SetStrings(FLinePos, ZtTrimRight(ALine));
-        SetCharPos(start.x());
-    } else if (wasEmpty) {
+    if (ALine.isEmpty()) {
         SetCharPos(start.x()); // right of an empty first line: there is nothing to erase
+    } else if (start.x() > 0 || ALine.size() > count) {
+        FLines->EditStrings(FLinePos, std::move(ALine), [&](QString &text) {
+            text.remove(start.x(), count);
+            text = ZtTrimRight(std::move(text));
+        });
+        SetCharPos(start.x());
     } else {
         FLines->Delete(FLinePos); // erasing a line's last character removes the line
         SetLinePos(FLinePos - 1);

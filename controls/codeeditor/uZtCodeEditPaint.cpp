@@ -10,8 +10,9 @@
 
 namespace {
 
-constexpr int ReadOnlyDarker = 10; // per cent
-constexpr int TextLeft = 2;        // between the gutter and the first column, in pixels
+constexpr int LongestPiece = 16'384; // of a line that the lexer is given at once
+constexpr int ReadOnlyDarker = 10;   // per cent
+constexpr int TextLeft = 2;          // between the gutter and the first column, in pixels
 
 bool Before(const QPoint &A, const QPoint &B)
 {
@@ -52,19 +53,38 @@ struct TZtCodeEdit::TPaintPass {
 bool TZtCodeEdit::ParserGetNewBuffer(bool AReset, QString &S)
 {
     if (AReset) {
-        FParserLineNr = 0;
+        SetParserLineNr(0);
         return true;
     }
-    if (FParserLineNr >= FLines->GetCount())
-        return false;
-    FLines->SetObjects(FParserLineNr, GetParser()->GetLineKind());
-    S.resize(0); // the memory serves the next line too
-    S.reserve(FLines->GetLength(FParserLineNr) + 2);
-    FLines->AppendTo(FParserLineNr, S);
-    S.append(QLatin1StringView("\r\n"));
-    ParserLineCollapse = IsLineCollapse(FParserLineNr, ParserLineCollapsed);
-    ++FParserLineNr;
+    // The host may have changed the line between two pieces.
+    const bool more = FParserColumn > 0 && FParserLineNr <= FLines->GetCount() &&
+                      FParserColumn <= FLines->GetLength(FParserLineNr - 1);
+    if (!more) {
+        if (FParserLineNr >= FLines->GetCount())
+            return false;
+        FParserColumn = 0;
+        FLines->SetObjects(FParserLineNr, GetParser()->GetLineKind());
+        ParserLineCollapse = IsLineCollapse(FParserLineNr, ParserLineCollapsed);
+        ++FParserLineNr;
+    }
+    HandOverPiece(S);
     return true;
+}
+
+// A line and its break, or what fits into a piece of it: of a line of megabytes only the start is
+// in sight, and a lexer that is not asked for more need not be given more.
+void TZtCodeEdit::HandOverPiece(QString &S)
+{
+    const int left = FLines->GetLength(FParserLineNr - 1) - FParserColumn;
+    const int count = std::min(left, LongestPiece);
+    S.resize(0); // the memory serves the next line too
+    S.reserve(count + 2);
+    FLines->AppendTo(FParserLineNr - 1, FParserColumn, count, S);
+    FParserColumn += count;
+    if (count < left)
+        return;
+    S.append(QLatin1StringView("\r\n"));
+    FParserColumn = 0;
 }
 
 void TZtCodeEdit::DarkenColor(TColor &Color, bool Apply, int Percent) const
@@ -119,7 +139,7 @@ void TZtCodeEdit::PrepareParser()
     parser->SetRemarkEnd(QString());
     parser->SetEndLines(true);
     parser->SetLineKind(FLines->GetObjects(first));
-    FParserLineNr = first;
+    SetParserLineNr(first);
     // A host's parser may outlive the editor; it reads the end of the input then.
     parser->OnGetNewBuffer = [editor = QPointer(this)](bool reset, QString &s) {
         return editor && editor->ParserGetNewBuffer(reset, s);
@@ -162,17 +182,13 @@ void TZtCodeEdit::ComposeLines()
     }
 }
 
-// Whether the rest of a very long line is out of sight and no line below it is in sight: the lexer
-// is spared megabytes then. In all other cases it reads on, for the state at the next line's start.
+// Whether the next piece of a very long line is out of sight and no line below it is in sight: the
+// lexer is spared megabytes then. In all other cases it reads on, for the state at the next line's
+// start.
 bool TZtCodeEdit::NothingMoreToSee(const TPaintPass &APass) const
 {
-    constexpr int longLine = 10'000;
-    const int line = FParserLineNr - 1;
-    if (APass.X < GetClientWidth() || line < 0 || line >= FLines->GetCount())
-        return false;
-    const bool lastInSight =
-        line == FLines->GetCount() - 1 || (APass.Row + 1) * FLineWidth >= GetHeight();
-    return lastInSight && FLines->GetLength(line) > longLine;
+    return FParserColumn > 0 && APass.X >= GetClientWidth() &&
+           (FParserLineNr == FLines->GetCount() || (APass.Row + 1) * FLineWidth >= GetHeight());
 }
 
 void TZtCodeEdit::StartLine(TPaintPass &APass)

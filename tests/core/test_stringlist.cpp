@@ -119,8 +119,14 @@ void TListFuzz::Step()
         List.Delete(int(line));
         Lines.erase(Lines.begin() + std::ptrdiff_t(line));
         Objects.erase(Objects.begin() + std::ptrdiff_t(line));
-    } else if (operation < 9) {
+    } else if (operation == 7) {
         List.SetStrings(int(line), Lines[line] = S);
+    } else if (operation == 8) {
+        const size_t from = Below(2) ? line : Below(Lines.size());
+        const qsizetype column = qsizetype(Below(size_t(Lines[from].size()) + 1));
+        List.EditStrings(int(line), List.GetStrings(int(from)),
+                         [&](QString &text) { text.insert(column, S); });
+        Lines[line] = QString(Lines[from]).insert(column, S);
     } else if (operation == 9) {
         List.SetObjects(int(line), Objects[line] = int(Below(100)) - 50);
     } else if (operation == 10) {
@@ -193,6 +199,20 @@ TEST(StringList, AnUpdateFiresOnce)
     EXPECT_EQ(copy.Log, "-2+0-0+1-1+1") << "also a store of an equal value is a change";
 }
 
+TEST(StringList, AFailedEditKeepsTheLine)
+{
+    TListModel model;
+    for (const bool owned : {false, true}) {
+        model.List.SetText(QStringLiteral("abc"));
+        if (owned)
+            model.List.SetStrings(0, QStringLiteral("abc"));
+        EXPECT_THROW(model.List.EditStrings(0, model.List.GetStrings(0),
+                                            [](QString &) { throw std::bad_alloc(); }),
+                     std::bad_alloc);
+        EXPECT_EQ(model.List.GetText(), QStringLiteral("abc\r\n")) << owned;
+    }
+}
+
 TEST(StringList, AnIndexOutsideRaisesBeforeAnyEvent)
 {
     TListModel model;
@@ -207,6 +227,7 @@ TEST(StringList, AnIndexOutsideRaisesBeforeAnyEvent)
         EXPECT_THROW(list.View(i), EStringListError) << i;
         EXPECT_THROW(list.AppendTo(i, S), EStringListError) << i;
         EXPECT_THROW(list.SetStrings(i, S), EStringListError) << i;
+        EXPECT_THROW(list.EditStrings(i, QString(), [](QString &) {}), EStringListError) << i;
         EXPECT_THROW(list.SetObjects(i, 1), EStringListError) << i;
         EXPECT_THROW(list.Delete(i), EStringListError) << i;
     }

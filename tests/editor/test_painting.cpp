@@ -3,6 +3,7 @@
 #include "uZtPaintHelpers.h"
 #include "uZtPlatform.h"
 #include "uZtSystemColors.h"
+#include "uZtTokenDump.h"
 
 #include <QCoreApplication>
 #include <QPainter>
@@ -295,6 +296,56 @@ TEST_F(Painting, LinesKeepTheLexersState)
     Editor.SetParserLineNr(50);
     EXPECT_FALSE(Editor.ParserGetNewBuffer(false, S));
     EXPECT_EQ(Editor.GetParserLineNr(), 50);
+}
+
+// A number for each token of what a source hands over, made of all that a lexer says about it.
+static std::vector<size_t> Tokens(TZtLangParser &AParser, const TZtOnGetNewBuffer &ASource)
+{
+    std::vector<size_t> result;
+    QString token;
+    TColor back = 0, fore = 0;
+    TFontStyles style;
+    bool lineBreak = false;
+    AParser.OnGetNewBuffer = ASource;
+    AParser.ResetBuffer();
+    AParser.SetEndLines(true);
+    while (result.size() < 100'000 && AParser.GetNextToken(token, back, fore, style, lineBreak))
+        result.push_back(
+            qHashMulti(0, token, back, fore, style.toInt(), lineBreak, AParser.GetLineKind()));
+    return result;
+}
+
+TEST(LongLines, GiveTheSameTokensInPieces)
+{
+    constexpr int piece = 16'384;
+    const QString sample = QString::fromUtf16(u" 12.5..7 <= <> := :=\"a\"\"b\" 'it''s' ... (* c *) "
+                                              u"{ d } /* e */ <!-- g --> <p q='r'>&lt; "
+                                              u"@v #13#10 $FF <![CDATA[h]]> end -- /* open");
+    for (const TZtTokenLanguage &language : ZtTokenLanguages()) {
+        for (int k = 0; k <= sample.size(); ++k) {
+            TZtCodeEdit editor;
+            TStringList &lines = *editor.GetLines();
+            lines.Add(QString(piece - k, u'a') + sample);
+            lines.Add(QString(piece, u'a') + sample.left(k));
+            lines.Add(QStringLiteral("still a remark?"));
+            const std::unique_ptr<TZtLangParser> parser = language.CreateParser();
+            editor.SetParser(parser.get());
+            int next = 0;
+            const std::vector<size_t> whole =
+                Tokens(*language.CreateParser(), [&](bool reset, QString &S) {
+                    if (reset || next >= lines.GetCount())
+                        return false;
+                    S = lines.GetStrings(next++) + QStringLiteral("\r\n");
+                    return true;
+                });
+            ASSERT_EQ(
+                Tokens(*parser,
+                       [&](bool reset, QString &S) { return editor.ParserGetNewBuffer(reset, S); }),
+                whole)
+                << language.Name << k;
+            ASSERT_LT(whole.size(), 100'000u) << "no end";
+        }
+    }
 }
 
 TEST_F(Painting, AnEarlyEndLeavesTheRestEmpty)

@@ -71,11 +71,11 @@ QAnyStringView TStringList::ViewOf(const TLine &ALine)
     return *ALine.Owned;
 }
 
-TStringList::TLine TStringList::NewLine(const QString &S, int AObject)
+TStringList::TLine TStringList::NewLine(QString S, int AObject)
 {
     TLine line;
-    line.Owned = new QString(S);
     line.Length = quint32(S.size());
+    line.Owned = new QString(std::move(S));
     line.Store = quint32(TStore::Owned);
     line.Object = AObject;
     return line;
@@ -107,14 +107,39 @@ void TStringList::SetStrings(int Index, const QString &S)
 {
     Line(Index);
     Changing();
-    TLine &line = FLines[Index];
-    if (TStore(line.Store) == TStore::Owned) {
-        *line.Owned = S;
-        line.Length = quint32(S.size());
-    } else {
-        line = NewLine(S, line.Object);
-    }
+    Put(FLines[Index], S);
     Changed();
+}
+
+void TStringList::EditStrings(int Index, QString &&S, const std::function<void(QString &)> &AEdit)
+{
+    Line(Index);
+    Changing();
+    QString text = std::move(S);
+    TLine &line = FLines[Index];
+    const bool held =
+        TStore(line.Store) == TStore::Owned && line.Owned->constData() == text.constData();
+    if (held)
+        line.Owned->clear();
+    try {
+        AEdit(text);
+    } catch (...) {
+        if (held)
+            Put(line, std::move(text));
+        throw;
+    }
+    Put(line, std::move(text));
+    Changed();
+}
+
+void TStringList::Put(TLine &ALine, QString S)
+{
+    if (TStore(ALine.Store) != TStore::Owned) {
+        ALine = NewLine(std::move(S), ALine.Object);
+        return;
+    }
+    ALine.Length = quint32(S.size());
+    *ALine.Owned = std::move(S);
 }
 
 int TStringList::GetObjects(int Index) const { return Line(Index).Object; }
@@ -131,15 +156,15 @@ int TStringList::GetLength(int Index) const { return int(Line(Index).Length); }
 
 QAnyStringView TStringList::View(int Index) const { return ViewOf(Line(Index)); }
 
-void TStringList::AppendTo(int Index, QString &S) const
+void TStringList::AppendTo(int Index, int AFrom, int ACount, QString &S) const
 {
     const TLine &line = Line(Index);
     if (TStore(line.Store) == TStore::Latin1)
-        S.append(QLatin1StringView(line.Latin1, qsizetype(line.Length)));
+        S.append(QLatin1StringView(line.Latin1 + AFrom, ACount));
     else if (TStore(line.Store) == TStore::Utf16)
-        S.append(QStringView(line.Utf16, qsizetype(line.Length)));
+        S.append(QStringView(line.Utf16 + AFrom, ACount));
     else
-        S.append(QStringView(*line.Owned));
+        S.append(QStringView(*line.Owned).sliced(AFrom, ACount));
 }
 
 int TStringList::AddObject(const QString &S, int AObject)

@@ -40,6 +40,9 @@ public:
     QString GetStrings(int Index) const;
     /// Replaces a string; its object slot stays.
     void SetStrings(int Index, const QString &S);
+    /// `SetStrings` of what `AEdit` makes of `S`. Where `S` was read from that very line and nobody
+    /// else holds it, it is changed in its own memory: a line of megabytes is not copied.
+    void EditStrings(int Index, QString &&S, const std::function<void(QString &S)> &AEdit);
     int GetObjects(int Index) const;
     void SetObjects(int Index, int AObject);
 
@@ -48,7 +51,9 @@ public:
     /// A line as it is stored, without a copy: Latin-1 or UTF-16. Valid until the next change.
     QAnyStringView View(int Index) const;
     /// Appends a line to `S`, whose capacity is used.
-    void AppendTo(int Index, QString &S) const;
+    void AppendTo(int Index, QString &S) const { AppendTo(Index, 0, GetLength(Index), S); }
+    /// Appends `ACount` units of a line from `AFrom` on, both inside the line.
+    void AppendTo(int Index, int AFrom, int ACount, QString &S) const;
 
     /// Appends a string and returns its index.
     int Add(const QString &S) { return AddObject(S, 0); }
@@ -88,13 +93,14 @@ private:
         int Object;
     };
     const TLine &Line(int Index) const;
+    static void Put(TLine &ALine, QString S);
     void Changing();
     void Changed();
     void FreeLines();
     char *Allocate(qsizetype ASize);
     void AppendLoaded(QStringView S);
     static void FreeLine(const TLine &ALine);
-    static TLine NewLine(const QString &S, int AObject);
+    static TLine NewLine(QString S, int AObject);
     static QAnyStringView ViewOf(const TLine &ALine);
 
     TZtGapBuffer<TLine> FLines;

@@ -24,7 +24,11 @@ void ZtStringToList(const QString &S, const QString &ASeparator, TStringList &AL
     AList.Add(S.mid(from));
 }
 
-QString ZtTrimRight(const QString &S) { return S.left(TrimmedEnd(S)); }
+QString ZtTrimRight(QString S)
+{
+    S.truncate(TrimmedEnd(S));
+    return S;
+}
 
 QString ZtTrim(const QString &S)
 {
