@@ -235,8 +235,10 @@ public:
     }
     int ReplaceAll(const QString &S, const QString &AWith) override
     {
-        // One undo action and no picture in between.
+        // One undo action and no picture in between. Its notices of a change are switched off: for
+        // each of them it counts the characters before the change, which would take minutes.
         FEdit.setUpdatesEnabled(false);
+        FEdit.SendScintilla(QsciScintilla::SCI_SETMODEVENTMASK, 0UL);
         FEdit.beginUndoAction();
         QElapsedTimer timer;
         timer.start();
@@ -245,6 +247,8 @@ public:
              found && timer.elapsed() < 20'000; found = FEdit.findNext(), ++count)
             FEdit.replace(AWith);
         FEdit.endUndoAction();
+        FEdit.SendScintilla(QsciScintilla::SCI_SETMODEVENTMASK,
+                            (unsigned long)QsciScintilla::SC_MODEVENTMASKALL);
         FEdit.setUpdatesEnabled(true);
         return count;
     }

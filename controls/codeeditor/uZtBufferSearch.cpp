@@ -59,9 +59,10 @@ char16_t TZtBufferSearch::Fold(char16_t C) const
 
 TZtBufferSearch::TBytes TZtBufferSearch::BytesOf(char16_t AFolded) const
 {
+    // The two cases of a Latin-1 letter are 32 apart; the micro sign folds to a letter elsewhere.
     TBytes bytes;
-    for (int C = 0; C < 256 && bytes.Count < 2; ++C)
-        if (Fold(char16_t(C)) == AFolded)
+    for (const int C : {int(AFolded), AFolded - 32, 0xB5})
+        if (0 <= C && C < 256 && Fold(char16_t(C)) == AFolded && bytes.Count < 2)
             bytes.Byte[size_t(bytes.Count++)] = uchar(C);
     if (bytes.Count == 1)
         bytes.Byte[1] = bytes.Byte[0];

@@ -9,9 +9,15 @@ namespace {
 
 const bool Registered = ZtRegisterClass<TZtCodeEdit>();
 
-constexpr int Columns = 500;            // the horizontal range, whatever the lines' lengths
-constexpr int ReplacingPaintPause = 30; // milliseconds between two pictures of a replace-all
-constexpr int LinesPastEnd = 100;       // how far the text can be scrolled past its end
+constexpr int Columns = 500;      // the horizontal range, whatever the lines' lengths
+constexpr int LinesPastEnd = 100; // how far the text can be scrolled past its end
+
+// A bar is placed again at every change of the text; Qt looks long at a place that stays the same.
+void Place(TScrollBar *ABar, const QRect &APlace)
+{
+    if (ABar->geometry() != APlace)
+        ABar->setGeometry(APlace);
+}
 
 QFont DefaultFont()
 {
@@ -177,7 +183,7 @@ void TZtCodeEdit::PositionScollBars()
     const int h = FHScrollBar->height();
 
     FHScrollBar->SetKind(TScrollBarKind::sbHorizontal);
-    FHScrollBar->setGeometry(QRect(origin.x() + g, origin.y() + height - h, width - h - g, h));
+    Place(FHScrollBar, QRect(origin.x() + g, origin.y() + height - h, width - h - g, h));
     FHScrollBar->SetMax(Columns);
     const int columns = (width - g - FVScrollBar->width() - FCharWidth) / FCharWidth;
     FHScrollBar->SetPageSize(columns);
@@ -185,7 +191,7 @@ void TZtCodeEdit::PositionScollBars()
         FHScrollBar->SetLargeChange(columns);
 
     FVScrollBar->SetKind(TScrollBarKind::sbVertical);
-    FVScrollBar->setGeometry(QRect(origin.x() + width - h, origin.y(), h, height - h));
+    Place(FVScrollBar, QRect(origin.x() + width - h, origin.y(), h, height - h));
     FVScrollBar->SetMax(FLines->GetCount() + LinesPastEnd);
     const int lines = (height - FHScrollBar->height() - FLineWidth) / FLineWidth;
     FVScrollBar->SetPageSize(lines);
@@ -269,20 +275,9 @@ void TZtCodeEdit::Invalidate()
 {
     if (!FHScrollBar || !FVScrollBar)
         return; // under construction
-    if (FReplacingAll) {
-        const bool hold = FLastPaint.isValid() && FLastPaint.elapsed() < ReplacingPaintPause;
-        HoldScrollBars(hold);
-        if (hold)
-            return;
-    }
+    if (FPaintsHeld)
+        return;
     update(ClientArea().adjusted(0, 0, -FVScrollBar->width(), -FHScrollBar->height()));
-}
-
-void TZtCodeEdit::HoldScrollBars(bool AHold)
-{
-    for (TScrollBar *bar : {FHScrollBar, FVScrollBar})
-        if (bar->updatesEnabled() == AHold)
-            bar->setUpdatesEnabled(!AHold);
 }
 
 QSize TZtCodeEdit::sizeHint() const { return {640, 400}; }

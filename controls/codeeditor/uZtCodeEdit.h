@@ -400,7 +400,7 @@ private:
     void SelectMatch(const QPoint &AMatch);
     bool ReplaceMatch(const QPoint &AMatch);
     void EndReplaceAll();
-    void HoldScrollBars(bool AHold);
+    void HoldPaints(bool AHold);
 
     TBorderStyle FBorderStyle = TBorderStyle::bsSingle;
     bool FModified = false;
@@ -441,6 +441,7 @@ private:
 
     bool FSearchGiven = false;  // by the host, without the dialog
     bool FReplacingAll = false; // a chain of posted steps runs: not every step is painted
+    bool FPaintsHeld = false;   // this one is not
     QElapsedTimer FLastPaint;
     TZtFrame FFrame;
     TZtTextPainter FMetrics; // the font's measures between two paints

@@ -19,6 +19,8 @@ constexpr int ResultReplaceAll = 14;
 
 constexpr quint32 MsgSearch = quint32(TZtMsg::wmUser) + 3;
 
+constexpr int ReplacingPaintPause = 30; // milliseconds between two pictures of a replace-all
+
 using TDlgType = TFrmCodeEditSearchReplaceDlgType;
 
 // The first characters of a run; positions beyond its end count as its end.
@@ -124,6 +126,7 @@ void TZtCodeEdit::WMSearchReplace(TZtMessage &)
     if (!FSearchDlg && !FSearchGiven)
         return;
     auto ended = qScopeGuard([this] { EndReplaceAll(); }); // also by what the step raises
+    HoldPaints(FReplacingAll && FLastPaint.isValid() && FLastPaint.elapsed() < ReplacingPaintPause);
     QPoint match;
     if (!FindMatch(match)) {
         EndReplaceAll();
@@ -244,7 +247,15 @@ void TZtCodeEdit::EndReplaceAll()
 {
     if (!std::exchange(FReplacingAll, false))
         return;
-    HoldScrollBars(false);
+    HoldPaints(false);
     ResetCaret();
     Invalidate();
+}
+
+void TZtCodeEdit::HoldPaints(bool AHold)
+{
+    if (std::exchange(FPaintsHeld, AHold) == AHold)
+        return;
+    for (TScrollBar *bar : {FHScrollBar, FVScrollBar})
+        bar->setUpdatesEnabled(!AHold);
 }

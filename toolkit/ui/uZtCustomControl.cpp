@@ -76,6 +76,8 @@ int TCustomControl::EdgeWidth(TBevelEdge AEdge) const
 
 QRect TCustomControl::ClientArea() const
 {
+    if (FBevelKind == TBevelKind::bkNone)
+        return rect();
     return rect().adjusted(EdgeWidth(TBevelEdge::beLeft), EdgeWidth(TBevelEdge::beTop),
                            -EdgeWidth(TBevelEdge::beRight), -EdgeWidth(TBevelEdge::beBottom));
 }

@@ -41,12 +41,27 @@ TScrollBar::TLook TScrollBar::Look() const
 
 void TScrollBar::paintEvent(QPaintEvent *AEvent)
 {
-    FDrawn = Look();
+    FDrawn.reset();
+    if (!FLookAsked)
+        FDrawn = Look();
     QScrollBar::paintEvent(AEvent);
 }
 
 void TScrollBar::sliderChange(SliderChange AChange)
 {
-    if (AChange == SliderOrientationChange || Look() != FDrawn)
-        QScrollBar::sliderChange(AChange);
+    if (AChange == SliderOrientationChange)
+        return QScrollBar::sliderChange(AChange);
+    // Styles are slow to answer: they are asked once for all changes of an event. Where updates are
+    // off, switching them on draws the bar.
+    if (FLookAsked || !updatesEnabled())
+        return;
+    FLookAsked = true;
+    QMetaObject::invokeMethod(this, &TScrollBar::UpdateLook, Qt::QueuedConnection);
+}
+
+void TScrollBar::UpdateLook()
+{
+    FLookAsked = false;
+    if (Look() != FDrawn)
+        update();
 }

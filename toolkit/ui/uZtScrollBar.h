@@ -4,6 +4,8 @@
 
 #include <QScrollBar>
 
+#include <optional>
+
 enum class TScrollBarKind : quint8 { sbHorizontal, sbVertical };
 
 /// A scroll bar whose position runs from 0 to `Max`. The page size sets the thumb's length and is
@@ -43,8 +45,10 @@ private:
         bool operator==(const TLook &) const = default;
     };
     TLook Look() const;
+    void UpdateLook();
 
-    TLook FDrawn{}; // by the last paint
+    std::optional<TLook> FDrawn; // by the last paint, unless it came between a change and its look
+    bool FLookAsked = false;
     int FPageSize = 0;
     int FLargeChange = 1;
 };
