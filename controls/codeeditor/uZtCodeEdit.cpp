@@ -9,8 +9,9 @@ namespace {
 
 const bool Registered = ZtRegisterClass<TZtCodeEdit>();
 
-constexpr int Columns = 500;      // the horizontal range, whatever the lines' lengths
-constexpr int LinesPastEnd = 100; // how far the text can be scrolled past its end
+constexpr int Columns = 500;            // the horizontal range, whatever the lines' lengths
+constexpr int ReplacingPaintPause = 30; // milliseconds between two pictures of a replace-all
+constexpr int LinesPastEnd = 100;       // how far the text can be scrolled past its end
 
 // A bar is placed again at every change of the text; Qt looks long at a place that stays the same.
 void Place(TScrollBar *ABar, const QRect &APlace)
@@ -275,9 +276,20 @@ void TZtCodeEdit::Invalidate()
 {
     if (!FHScrollBar || !FVScrollBar)
         return; // under construction
-    if (FPaintsHeld)
-        return;
+    if (FReplacingAll) {
+        const bool hold = FLastPaint.isValid() && FLastPaint.elapsed() < ReplacingPaintPause;
+        HoldScrollBars(hold);
+        if (hold)
+            return;
+    }
     update(ClientArea().adjusted(0, 0, -FVScrollBar->width(), -FHScrollBar->height()));
+}
+
+void TZtCodeEdit::HoldScrollBars(bool AHold)
+{
+    for (TScrollBar *bar : {FHScrollBar, FVScrollBar})
+        if (bar->updatesEnabled() == AHold)
+            bar->setUpdatesEnabled(!AHold);
 }
 
 QSize TZtCodeEdit::sizeHint() const { return {640, 400}; }

@@ -211,7 +211,7 @@ public:
     bool ParserGetNewBuffer(bool AReset, QString &S);
     /// If `Apply`, makes `Color` a plain RGB value with each byte `Percent` per cent smaller.
     void DarkenColor(TColor &Color, bool Apply, int Percent) const;
-    /// The screen lines as the last paint drew them, from the top of the control.
+    /// A copy of the screen lines as the last paint drew them, from the top of the control.
     std::vector<TZtPaintRow> PaintedRows() const { return FFrame.Rows(); }
 
     // === uZtCodeEditCaret.cpp: the caret's place
@@ -400,7 +400,7 @@ private:
     void SelectMatch(const QPoint &AMatch);
     bool ReplaceMatch(const QPoint &AMatch);
     void EndReplaceAll();
-    void HoldPaints(bool AHold);
+    void HoldScrollBars(bool AHold);
 
     TBorderStyle FBorderStyle = TBorderStyle::bsSingle;
     bool FModified = false;
@@ -441,7 +441,6 @@ private:
 
     bool FSearchGiven = false;  // by the host, without the dialog
     bool FReplacingAll = false; // a chain of posted steps runs: not every step is painted
-    bool FPaintsHeld = false;   // this one is not
     QElapsedTimer FLastPaint;
     TZtFrame FFrame;
     TZtTextPainter FMetrics; // the font's measures between two paints

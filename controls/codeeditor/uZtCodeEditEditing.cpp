@@ -64,7 +64,7 @@ QString TZtCodeEdit::SelectedText() const
         FLines->AppendTo(i, text);
         text += lineBreak;
     }
-    return text + FLines->GetStrings(FSelEnd.y()).left(FSelEnd.x());
+    return text + FLines->GetStrings(FSelEnd.y()).left(qMax(FSelEnd.x(), 0));
 }
 
 // --- inserting -----------------------------------------------------------------------------------
@@ -73,6 +73,7 @@ void TZtCodeEdit::InsertText(TZtChangeType ChangeType, const QString &S)
 {
     if (GetReadOnly())
         return;
+    const QString text = S; // the host's events may change what was handed over
     const QPoint before(FCharPos, FLinePos);
     Changed();
     FSelStart = FSelEnd = QPoint(FCharPos, FLinePos);
@@ -84,21 +85,21 @@ void TZtCodeEdit::InsertText(TZtChangeType ChangeType, const QString &S)
                            FLines->GetStrings(FSelStart.y()).leftJustified(FSelStart.x()));
 
     qsizetype start = 0;
-    for (qsizetype i = 0; i < S.size(); ++i) {
-        if (!IsBreak(S.at(i)))
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (!IsBreak(text.at(i)))
             continue;
         const qsizetype end = i;
-        if (i + 1 < S.size() && IsBreak(S.at(i + 1)))
+        if (i + 1 < text.size() && IsBreak(text.at(i + 1)))
             ++i; // any two of them are one break, two CRs as well
-        InsertBreak(S.mid(start, end - start));
+        InsertBreak(text.mid(start, end - start));
         start = i + 1;
     }
-    if (start < S.size()) {
+    if (start < text.size()) {
         EnsureLine(FSelStart.y());
         FLines->EditStrings(FSelStart.y(), FLines->GetStrings(FSelStart.y()), [&](QString &line) {
-            line.insert(FSelStart.x(), QStringView(S).sliced(start));
+            line.insert(FSelStart.x(), QStringView(text).sliced(start));
         });
-        SetCharPos(FCharPos + int(S.size() - start));
+        SetCharPos(FCharPos + int(text.size() - start));
     }
     FUndoList->AddUndo(ChangeType, before, QPoint(FCharPos, FLinePos), before, QString());
     Invalidate();
@@ -123,12 +124,13 @@ void TZtCodeEdit::AddTxt(const QString &S)
 {
     if (GetReadOnly())
         return;
+    const QString text = S; // the host's events may change what was handed over
     const QPoint before(FCharPos, FLinePos);
     Changed();
-    if (S == QLatin1StringView("\r"))
+    if (text == QLatin1StringView("\r"))
         BreakLine();
     else
-        InsertInLine(S);
+        InsertInLine(text);
     FUndoList->AddUndo(TZtChangeType::ctInsert, before, QPoint(FCharPos, FLinePos), before,
                        QString());
     Invalidate();
@@ -144,7 +146,7 @@ void TZtCodeEdit::InsertInLine(const QString &S)
         if (text.size() < at.x())
             text = text.leftJustified(at.x());
         text.insert(at.x(), S);
-        text = ZtTrimRight(std::move(text)); // lines never keep trailing blanks
+        ZtChopBlanks(text); // lines never keep trailing blanks
     });
 }
 
@@ -253,7 +255,7 @@ void TZtCodeEdit::BackSpaceInLine(QString &&ALine)
     } else if (start.x() > 0 || ALine.size() > count) {
         FLines->EditStrings(FLinePos, std::move(ALine), [&](QString &text) {
             text.remove(start.x(), count);
-            text = ZtTrimRight(std::move(text));
+            ZtChopBlanks(text);
         });
         SetCharPos(start.x());
     } else {

@@ -56,9 +56,7 @@ bool TZtCodeEdit::ParserGetNewBuffer(bool AReset, QString &S)
         SetParserLineNr(0);
         return true;
     }
-    // The host may have changed the line between two pieces.
-    const bool more = FParserColumn > 0 && FParserLineNr <= FLines->GetCount() &&
-                      FParserColumn <= FLines->GetLength(FParserLineNr - 1);
+    const bool more = FParserColumn > 0 && FParserLineNr <= FLines->GetCount();
     if (!more) {
         if (FParserLineNr >= FLines->GetCount())
             return false;
@@ -75,12 +73,14 @@ bool TZtCodeEdit::ParserGetNewBuffer(bool AReset, QString &S)
 // in sight, and a lexer that is not asked for more need not be given more.
 void TZtCodeEdit::HandOverPiece(QString &S)
 {
-    const int left = FLines->GetLength(FParserLineNr - 1) - FParserColumn;
+    const int length = FLines->GetLength(FParserLineNr - 1);
+    const int from = std::min(FParserColumn, length); // the host may have cut it since
+    const int left = length - from;
     const int count = std::min(left, LongestPiece);
     S.resize(0); // the memory serves the next line too
     S.reserve(count + 2);
-    FLines->AppendTo(FParserLineNr - 1, FParserColumn, count, S);
-    FParserColumn += count;
+    FLines->AppendTo(FParserLineNr - 1, from, count, S);
+    FParserColumn = from + count;
     if (count < left)
         return;
     S.append(QLatin1StringView("\r\n"));
@@ -313,7 +313,7 @@ void TZtCodeEdit::paintEvent(QPaintEvent *AEvent)
     const QPoint origin = ClientArea().topLeft();
     const QRect asked = AEvent->region().boundingRect().translated(-origin);
     const int border = FBorderStyle == TBorderStyle::bsSingle && !GetCtl3D() ? 1 : 0;
-    const bool caretOnly = FCaret->Covers(asked) && !FFrame.IsEmpty() &&
+    const bool caretOnly = FCaret->Covers(asked) && FFrame.IsComplete() &&
                            PictureArea().adjusted(border, border, 0, 0).contains(asked);
     if (!caretOnly)
         TCustomControl::paintEvent(AEvent);

@@ -19,8 +19,6 @@ constexpr int ResultReplaceAll = 14;
 
 constexpr quint32 MsgSearch = quint32(TZtMsg::wmUser) + 3;
 
-constexpr int ReplacingPaintPause = 30; // milliseconds between two pictures of a replace-all
-
 using TDlgType = TFrmCodeEditSearchReplaceDlgType;
 
 // The first characters of a run; positions beyond its end count as its end.
@@ -125,8 +123,10 @@ void TZtCodeEdit::WMSearchReplace(TZtMessage &)
 {
     if (!FSearchDlg && !FSearchGiven)
         return;
-    auto ended = qScopeGuard([this] { EndReplaceAll(); }); // also by what the step raises
-    HoldPaints(FReplacingAll && FLastPaint.isValid() && FLastPaint.elapsed() < ReplacingPaintPause);
+    auto ended = qScopeGuard([editor = QPointer(this)] { // also by what the step raises
+        if (editor)
+            editor->EndReplaceAll();
+    });
     QPoint match;
     if (!FindMatch(match)) {
         EndReplaceAll();
@@ -247,15 +247,7 @@ void TZtCodeEdit::EndReplaceAll()
 {
     if (!std::exchange(FReplacingAll, false))
         return;
-    HoldPaints(false);
+    HoldScrollBars(false);
     ResetCaret();
     Invalidate();
-}
-
-void TZtCodeEdit::HoldPaints(bool AHold)
-{
-    if (std::exchange(FPaintsHeld, AHold) == AHold)
-        return;
-    for (TScrollBar *bar : {FHScrollBar, FVScrollBar})
-        bar->setUpdatesEnabled(!AHold);
 }

@@ -22,8 +22,8 @@ class EZtParser : public EZtException {
 enum class TlngToken : quint8 { tUnknown, tLineBreak, tLine, tEndOfFile };
 
 /// With `AReset` true announces a restart; with false asks for the next piece of text in `S` and
-/// answers false when there is none. `S` arrives empty; it may keep the capacity of the piece
-/// before.
+/// answers false when there is none. The editor's pieces are lines with their CR LF, a very long
+/// line in several. `S` arrives empty; it may keep the capacity of the piece before.
 using TZtOnGetNewBuffer = std::function<bool(bool AReset, QString &S)>;
 
 /// Lets the application recolour a token.

@@ -69,7 +69,9 @@ void TZtFrame::Finish()
 {
     const int pitch = std::max(FText.LineHeight(), 1);
     const int count = (FLook.Size.height() + pitch - 1) / pitch;
-    if (!PrepareImages(count))
+    const bool prepared = PrepareImages(count);
+    FComplete = false; // nothing is known when the drawing fails
+    if (!prepared)
         return;
     Row(count - 1); // rows after the text are empty ones
     PlaceDrawnRows();
@@ -80,12 +82,13 @@ void TZtFrame::Finish()
         FDrawnButtons = FButtons;
         FGuttorKnown = true;
     }
+    FComplete = true;
 }
 
 // Images of the right size, in which nothing is known when the look has changed.
 bool TZtFrame::PrepareImages(int ARowCount)
 {
-    if (FLook == FDrawnLook && !FImage.isNull())
+    if (FComplete && FLook == FDrawnLook)
         return true;
     const auto prepare = [this](QImage &AImage, const QSize &ASize) {
         const QSize pixels = (QSizeF(ASize) * FLook.PixelRatio).toSize();
@@ -94,9 +97,9 @@ bool TZtFrame::PrepareImages(int ARowCount)
         AImage.setDevicePixelRatio(FLook.PixelRatio);
     };
     prepare(FImage, QSize(FLook.Size.width(), ARowCount * FText.LineHeight()));
-    prepare(FGuttor, QSize(FLook.GuttorWidth, FLook.Size.height()));
     if (FImage.isNull())
         return false;
+    prepare(FGuttor, QSize(FLook.GuttorWidth, FLook.Size.height()));
     FDrawnLook = FLook;
     FDrawnPitch = FText.LineHeight();
     FGuttorKnown = false;
@@ -116,8 +119,9 @@ bool TZtFrame::RowsCanMove() const
     return pixels == std::floor(pixels);
 }
 
-// Gives the rows that are drawn already their strips. What scrolled, or stands below an inserted or
-// removed line, follows strip by strip, so that the search ends at its first step.
+// Gives the rows that are drawn already their strips. Rows that scrolled, or stand below an
+// inserted or removed line, follow each other strip by strip: the search mostly ends at its first
+// step.
 void TZtFrame::PlaceDrawnRows()
 {
     const int count = int(FShown.size());
@@ -175,12 +179,14 @@ void TZtFrame::CopyTo(QPainter &APainter, const QRect &APart) const
                            QRectF(QPointF(ATarget.topLeft() + QPoint(0, AShift)) * ratio,
                                   QSizeF(ATarget.size()) * ratio));
     };
+    if (!FComplete)
+        return;
     // What was drawn, which is older than the look when a paint was broken off.
     const int pitch = FDrawnPitch;
     const int guttorWidth = FDrawnLook.GuttorWidth;
     const QRect part = APart.intersected(QRect(QPoint(), FDrawnLook.Size));
     const QRect text = part.adjusted(std::max(guttorWidth - part.left(), 0), 0, 0, 0);
-    int first = IsEmpty() || text.isEmpty() ? int(FShown.size()) : text.top() / pitch;
+    int first = text.isEmpty() ? int(FShown.size()) : text.top() / pitch;
     while (first < int(FShown.size()) && first * pitch <= text.bottom()) {
         // Rows whose strips follow each other are copied as one.
         int end = first + 1;
@@ -198,7 +204,7 @@ void TZtFrame::CopyTo(QPainter &APainter, const QRect &APart) const
 std::vector<TZtPaintRow> TZtFrame::Rows() const
 {
     std::vector<TZtPaintRow> rows;
-    for (const int strip : FShown)
+    for (const int strip : FComplete ? FShown : std::vector<int>())
         rows.push_back(FStrips[size_t(strip)].Row);
     return rows;
 }

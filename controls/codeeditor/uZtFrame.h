@@ -48,7 +48,8 @@ struct TZtFrameLook {
 };
 
 /// The editor's picture. A paint describes the rows from the top; a row that was drawn before as it
-/// is described now is not drawn again, wherever in the picture it stood.
+/// is described now is not drawn again, wherever in the picture it stood (in its own place alone,
+/// where rows are not whole device pixels).
 class TZtFrame {
 public:
     /// Starts a picture, without rows.
@@ -64,8 +65,8 @@ public:
     /// Draws what differs from the picture before.
     void Finish();
 
-    /// Whether nothing was drawn yet.
-    bool IsEmpty() const { return FShown.empty(); }
+    /// Whether there is a picture to be copied.
+    bool IsComplete() const { return FComplete; }
     /// Copies a part of the picture, in pixels of the client area.
     void CopyTo(QPainter &APainter, const QRect &APart) const;
     /// The rows drawn last, from the top to the bottom of the picture; rows after the text are
@@ -98,7 +99,8 @@ private:
     TZtTextPainter FText;
     TZtFrameLook FLook{};
     TZtFrameLook FDrawnLook{};
-    int FDrawnPitch = 0;            // the height of a drawn row
+    int FDrawnPitch = 0;    // the height of a drawn row
+    bool FComplete = false; // the picture is the one that was described to the last `Finish`
     std::vector<TZtPaintRow> FRows; // the first FRowCount are in use; the rest keep their memory
     int FRowCount = 0;
     QImage FImage; // the strips, one below the other

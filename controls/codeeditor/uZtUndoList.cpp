@@ -43,10 +43,11 @@ void TZtUndoList::PutBack(const TZtUndoItem &AItem)
 {
     TStringList *lines = FOwner->GetLines();
     const QPoint start = AItem.GetStartPos();
+    const int column = qMax(start.x(), 0);
     const QString line = lines->GetStrings(start.y());
     TStringList pieces;
-    ZtStringToList(line.left(start.x()) + AItem.GetValue() + line.mid(start.x()),
-                   QStringLiteral("\r\n"), pieces);
+    ZtStringToList(line.left(column) + AItem.GetValue() + line.mid(column), QStringLiteral("\r\n"),
+                   pieces);
     lines->Delete(start.y());
     for (int i = 0; i < pieces.GetCount(); ++i)
         lines->Insert(start.y() + i, pieces.GetStrings(i));

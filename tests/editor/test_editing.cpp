@@ -191,6 +191,24 @@ TEST_F(TEditing, OnChangeSeesTheOldText)
     EXPECT_EQ(seen, "ab\r\n");
 }
 
+TEST_F(TEditing, TheHostMayTakeBackWhatItHandedOver)
+{
+    for (const bool typed : {true, false}) {
+        Rig.SetMarked("a|b");
+        QString pending = "xyz";
+        Edit.SetOnCursorChange([&](QObject *) {
+            pending.clear();
+            Edit.GetLines()->SetStrings(0, "changed");
+        });
+        if (typed)
+            Edit.AddTxt(pending);
+        else
+            Edit.InsertText(TZtChangeType::ctPaste, pending);
+        Edit.SetOnCursorChange(nullptr);
+        EXPECT_EQ(Edit.GetText(), typed ? "axyzb\r\n" : "changed\r\n");
+    }
+}
+
 TEST_F(TEditing, SearchKeysPostTheirMessages)
 {
     struct {
@@ -312,6 +330,12 @@ TEST_F(TEditing, SelectionsAtAndBelowTheEnd)
     select({INT_MAX, 0}, {4, 1});
     Edit.DeleteSelected(TZtChangeType::ctDelete, text);
     EXPECT_EQ(Rig.Marked(), "ab|ghijkl") << "a line's end as the start is a place in the text";
+    select({-5, 0}, {3, 1});
+    Edit.DeleteSelected(TZtChangeType::ctDelete, text);
+    EXPECT_EQ(text, "ab\r\ncde");
+    EXPECT_EQ(Edit.GetText(), "fghijkl\r\n") << "columns below 0 are the line's start";
+    Rig.Keys("#772");
+    EXPECT_EQ(Edit.GetText(), "ab\r\ncdefghijkl\r\n");
     select({2, -1}, {1, 0});
     Edit.DeleteSelected(TZtChangeType::ctDelete, text);
     EXPECT_EQ(text, "");

@@ -348,6 +348,30 @@ TEST(LongLines, GiveTheSameTokensInPieces)
     }
 }
 
+TEST(LongLines, MayBeCutWhileTheyAreDrawn)
+{
+    for (const int left : {20'000, 1000, -1}) {
+        TZtCodeEdit editor;
+        TStringList &lines = *editor.GetLines();
+        lines.Add(QString(40'000, u'a'));
+        lines.Add(QStringLiteral("b"));
+        int calls = 0;
+        TZtCodePascalParser lexer;
+        editor.SetParser(&lexer);
+        QString piece;
+        while (editor.ParserGetNewBuffer(false, piece) && ++calls < 9) {
+            if (calls > 1)
+                continue;
+            if (left < 0)
+                lines.Delete(0);
+            else
+                lines.SetStrings(0, QString(left, u'a'));
+        }
+        EXPECT_EQ(piece, left < 0 ? QStringLiteral("\r\n") : QStringLiteral("b\r\n")) << left;
+        EXPECT_EQ(calls, left == 20'000 || left == 1000 ? 3 : 2) << left;
+    }
+}
+
 TEST_F(Painting, AnEarlyEndLeavesTheRestEmpty)
 {
     SetText("ab\n1$2\ncd");

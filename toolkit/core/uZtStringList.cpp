@@ -134,6 +134,10 @@ void TStringList::EditStrings(int Index, QString &&S, const std::function<void(Q
 
 void TStringList::Put(TLine &ALine, QString S)
 {
+    // Most of a long line was deleted: its memory goes too.
+    constexpr qsizetype worthIt = 4096;
+    if (S.capacity() > worthIt && S.capacity() / 4 > S.size())
+        S.squeeze();
     if (TStore(ALine.Store) != TStore::Owned) {
         ALine = NewLine(std::move(S), ALine.Object);
         return;

@@ -41,7 +41,8 @@ public:
     /// Replaces a string; its object slot stays.
     void SetStrings(int Index, const QString &S);
     /// `SetStrings` of what `AEdit` makes of `S`. Where `S` was read from that very line and nobody
-    /// else holds it, it is changed in its own memory: a line of megabytes is not copied.
+    /// else holds it, it is changed in its own memory: a line of megabytes is not copied. If
+    /// `AEdit` raises, the line is what it left of `S`, or as it was.
     void EditStrings(int Index, QString &&S, const std::function<void(QString &S)> &AEdit);
     int GetObjects(int Index) const;
     void SetObjects(int Index, int AObject);

@@ -24,11 +24,9 @@ void ZtStringToList(const QString &S, const QString &ASeparator, TStringList &AL
     AList.Add(S.mid(from));
 }
 
-QString ZtTrimRight(QString S)
-{
-    S.truncate(TrimmedEnd(S));
-    return S;
-}
+QString ZtTrimRight(const QString &S) { return S.left(TrimmedEnd(S)); }
+
+void ZtChopBlanks(QString &S) { S.truncate(TrimmedEnd(S)); }
 
 QString ZtTrim(const QString &S)
 {

@@ -14,5 +14,7 @@ inline bool ZtCharInSet(char16_t C, const TZtCharSet &ASet) { return ASet.contai
 void ZtStringToList(const QString &S, const QString &ASeparator, TStringList &AList);
 
 /// `S` without the characters of codes up to 32 at its end, or at both ends.
-QString ZtTrimRight(QString S);
+QString ZtTrimRight(const QString &S);
 QString ZtTrim(const QString &S);
+/// `ZtTrimRight` of a string in its own memory.
+void ZtChopBlanks(QString &S);

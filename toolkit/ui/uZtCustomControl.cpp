@@ -68,7 +68,7 @@ void TCustomControl::SetCtl3D(bool Value)
 
 int TCustomControl::EdgeWidth(TBevelEdge AEdge) const
 {
-    if (FBevelKind == TBevelKind::bkNone || !FBevelEdges.testFlag(AEdge))
+    if (!FBevelEdges.testFlag(AEdge))
         return 0;
     const int cuts = (FBevelOuter != TBevelCut::bvNone) + (FBevelInner != TBevelCut::bvNone);
     return cuts * std::max(FBevelWidth, 0);

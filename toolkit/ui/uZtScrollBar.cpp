@@ -47,10 +47,8 @@ void TScrollBar::paintEvent(QPaintEvent *AEvent)
     QScrollBar::paintEvent(AEvent);
 }
 
-void TScrollBar::sliderChange(SliderChange AChange)
+void TScrollBar::sliderChange(SliderChange)
 {
-    if (AChange == SliderOrientationChange)
-        return QScrollBar::sliderChange(AChange);
     // Styles are slow to answer: they are asked once for all changes of an event. Where updates are
     // off, switching them on draws the bar.
     if (FLookAsked || !updatesEnabled())
