@@ -235,6 +235,21 @@ void BM_Backspace(benchmark::State &AState)
     TypeAt(AState, Qt::Key_Backspace, QStringLiteral("\b"), Qt::Key_Return, QStringLiteral("\r"));
 }
 
+// A key in a line of ten megabytes, which is the last one (0) or has another below it in sight (1).
+void BM_TypeInLongLine(benchmark::State &AState)
+{
+    QByteArray text = ShortLines(10 * Megabyte).replace('\n', ' ');
+    if (AState.range(0) == 1)
+        text += "\nend.\n";
+    TBench bench(text);
+    const auto start = std::chrono::steady_clock::now();
+    bench.Key(Qt::Key_X, QStringLiteral("x"));
+    const std::chrono::duration<double, std::milli> first =
+        std::chrono::steady_clock::now() - start;
+    Measure(AState, [&] { bench.Key(Qt::Key_X, QStringLiteral("x")); });
+    AState.counters["first_ms"] = first.count();
+}
+
 void BM_Paste1MBInto10MB(benchmark::State &AState)
 {
     const QString pasted = QString::fromLatin1(ShortLines(Megabyte));
@@ -345,6 +360,11 @@ BENCHMARK(BM_TypeCharacter)
     ->Iterations(300);
 BENCHMARK(BM_Enter)->Arg(0)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(300);
 BENCHMARK(BM_Backspace)->Arg(0)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(300);
+BENCHMARK(BM_TypeInLongLine)
+    ->DenseRange(0, 1)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(20);
 BENCHMARK(BM_Paste1MBInto10MB)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(7);
 
 } // namespace

@@ -27,6 +27,7 @@ struct TZtCodeEdit::TPaintPass {
     QPoint End;
     int Row = 0; // the screen line
     int Left = 0;
+    int Right = 0;
     int X = 0;
     int Col = 0; // characters drawn on the line so far
     int LastLine = -1;
@@ -156,6 +157,7 @@ void TZtCodeEdit::ComposeLines()
     pass.Begin = reversed ? FSelEnd : FSelStart;
     pass.End = reversed ? FSelStart : FSelEnd;
     pass.Left = RealGuttorWidth() - FHScrollBar->GetPosition() * FCharWidth + TextLeft;
+    pass.Right = GetClientWidth();
     pass.X = pass.Left;
     for (quint32 i = 0; i < pass.SystemColours.size(); ++i)
         pass.SystemColours[i] = ZtToQColor(ZtSystemColor(i), palette()).rgb();
@@ -174,20 +176,21 @@ void TZtCodeEdit::ComposeLines()
             ++pass.Row;
             pass.X = pass.Left;
             pass.Col = 0;
-        } else if (!lineFeed) {
-            AddToken(pass);
+        } else if (pass.X >= pass.Right) {
             if (NothingMoreToSee(pass))
                 break;
+        } else if (!lineFeed) {
+            AddToken(pass);
         }
     }
 }
 
-// Whether the next piece of a very long line is out of sight and no line below it is in sight: the
-// lexer is spared megabytes then. In all other cases it reads on, for the state at the next line's
-// start.
+// Asked right of the picture: whether a very long line has more pieces and no line below it is in
+// sight. The lexer is spared megabytes then. In all other cases it reads on, for the state at the
+// next line's start.
 bool TZtCodeEdit::NothingMoreToSee(const TPaintPass &APass) const
 {
-    return FParserColumn > 0 && APass.X >= GetClientWidth() &&
+    return FParserColumn > 0 &&
            (FParserLineNr == FLines->GetCount() || (APass.Row + 1) * FLineWidth >= GetHeight());
 }
 
