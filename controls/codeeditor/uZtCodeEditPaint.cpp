@@ -27,7 +27,7 @@ struct TZtCodeEdit::TPaintPass {
     QPoint End;
     int Row = 0; // the screen line
     int Left = 0;
-    int Right = 0;
+    int Right = 0; // of the client area: what stands there is out of sight
     int X = 0;
     int Col = 0; // characters drawn on the line so far
     int LastLine = -1;

@@ -204,7 +204,9 @@ void TZtFrame::CopyTo(QPainter &APainter, const QRect &APart) const
 std::vector<TZtPaintRow> TZtFrame::Rows() const
 {
     std::vector<TZtPaintRow> rows;
-    for (const int strip : FComplete ? FShown : std::vector<int>())
+    if (!FComplete)
+        return rows;
+    for (const int strip : FShown)
         rows.push_back(FStrips[size_t(strip)].Row);
     return rows;
 }

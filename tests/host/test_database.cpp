@@ -1,9 +1,9 @@
 #include "DbDocument.h"
 #include "DbFieldsDialog.h"
 #include "MainWindow.h"
+#include "message_boxes.h"
 
 #include "uZtDbCodeEdit.h"
-#include "uZtPlatform.h"
 
 #include <QAction>
 #include <QApplication>
@@ -16,25 +16,15 @@
 #include <QTemporaryDir>
 #include <QTimer>
 
-#include <gtest/gtest.h>
-
 using namespace Qt::StringLiterals;
 
 namespace {
 
-// A database file that the host has open, and a second connection to it. Answers the message boxes
-// and keeps what they said.
-class HostDatabase : public testing::Test {
+// A database file that the host has open, and a second connection to it.
+class HostDatabase : public TMessageBoxes {
 protected:
     HostDatabase()
     {
-        const auto box = [this](const QString &text, const QString &) {
-            Asked.append(text);
-            return Answer;
-        };
-        ZtPlatform().MsgBoxInfo = box;
-        ZtPlatform().MsgBoxYesNo = box;
-        ZtPlatform().MsgBoxYesNoCancel = box;
         Theirs = QSqlDatabase::addDatabase(u"QSQLITE"_s, u"theirs"_s);
         Theirs.setDatabaseName(Place.File);
         EXPECT_TRUE(Theirs.open());
@@ -50,7 +40,6 @@ protected:
         Window.reset();
         Theirs = QSqlDatabase();
         QSqlDatabase::removeDatabase(u"theirs"_s);
-        ZtPlatform() = ZtDefaultPlatform();
     }
 
     QString Ask(const QString &ASql)
@@ -80,8 +69,6 @@ protected:
     QTemporaryDir Folder;
     TDbPlace Place{Folder.filePath(u"a.sqlite"_s), u"t"_s, u"source"_s, {}};
     QSqlDatabase Theirs;
-    QStringList Asked;
-    int Answer = mrYes;
     std::unique_ptr<TMainWindow> Window;
 };
 

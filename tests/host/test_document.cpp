@@ -1,10 +1,10 @@
 #include "Document.h"
 #include "MainWindow.h"
 #include "SaveFlow.h"
+#include "message_boxes.h"
 
 #include "uZtCodeEdit.h"
 #include "uZtException.h"
-#include "uZtPlatform.h"
 
 #include <QApplication>
 #include <QFile>
@@ -12,27 +12,12 @@
 #include <QTabBar>
 #include <QTemporaryDir>
 
-#include <gtest/gtest.h>
-
 using namespace Qt::StringLiterals;
 
 namespace {
 
-// Answers the message boxes and keeps what they said.
-class Host : public testing::Test {
+class Host : public TMessageBoxes {
 protected:
-    Host()
-    {
-        const auto box = [this](const QString &text, const QString &) {
-            Asked.append(text);
-            return Answer;
-        };
-        ZtPlatform().MsgBoxInfo = box;
-        ZtPlatform().MsgBoxYesNo = box;
-        ZtPlatform().MsgBoxYesNoCancel = box;
-    }
-    ~Host() override { ZtPlatform() = ZtDefaultPlatform(); }
-
     QString Make(const char *AName, const QByteArray &ABytes) const
     {
         QFile file(Folder.filePath(QString::fromLatin1(AName)));
@@ -53,8 +38,6 @@ protected:
     }
 
     QTemporaryDir Folder;
-    QStringList Asked;
-    int Answer = mrYes;
     bool Saved = false;
 };
 
