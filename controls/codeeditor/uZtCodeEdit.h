@@ -79,7 +79,7 @@ inline constexpr int ZtEndOfLine = std::numeric_limits<int>::max();
 ///
 /// Everything runs on the thread of the user interface. Setters store and ask for a paint; only
 /// `Paint` draws.
-class TZtCodeEdit : public TCustomControl {
+class TZtCodeEdit : public TCustomControl, public TZtUndoTarget {
     Q_OBJECT
     Q_PROPERTY(TBorderStyle BorderStyle READ GetBorderStyle WRITE SetBorderStyle)
     Q_PROPERTY(TStringList *Lines READ GetLines WRITE SetLines)
@@ -114,7 +114,7 @@ public:
     /// Stored only; the next paint draws the border.
     void SetBorderStyle(TBorderStyle Value) { FBorderStyle = Value; }
     /// The live text. The host may edit it; nothing is recorded for undo then.
-    TStringList *GetLines() const { return FLines; }
+    TStringList *GetLines() const final { return FLines; }
     /// Takes over the lines of `Value`, which stays the caller's, and clears `Modified`. Nothing is
     /// recorded for undo and no event fires.
     void SetLines(const TStringList *Value);
@@ -221,10 +221,10 @@ public:
     /// Moves the caret in its line; right of the line's end is allowed. A negative column gives
     /// column 0 of the line above. Scrolls it into view and fires `OnCursorChange`; the selection
     /// follows.
-    void SetCharPos(int Value);
+    void SetCharPos(int Value) final;
     int GetLinePos() const { return FLinePos; }
     /// Moves the caret to a line, clamped to the text. The column stays.
-    void SetLinePos(int Value);
+    void SetLinePos(int Value) final;
     /// Puts the caret's mark where the caret is, or hides it outside the text area.
     void ResetCaret();
     TZtCaret *GetCaret() const { return FCaret; }
@@ -268,7 +268,7 @@ public:
     virtual void AddTxt(const QString &S);
     /// Removes the selected text and returns it in `Deleted` (untouched in a read-only editor).
     /// With `ctCut` it goes to the clipboard; with `ctNone` nothing is recorded for undo.
-    void DeleteSelected(TZtChangeType AChangeType, QString &Deleted);
+    void DeleteSelected(TZtChangeType AChangeType, QString &Deleted) final;
     /// The Backspace key's work at the caret, also in a read-only editor.
     void BackSpaceSelected();
     void WMChar(TZtMessage &Message) override;
@@ -288,9 +288,9 @@ public:
     // ========================================
 
     QPoint GetSelStart() const { return FSelStart; }
-    void SetSelStart(const QPoint &P);
+    void SetSelStart(const QPoint &P) final;
     QPoint GetSelEnd() const { return FSelEnd; }
-    void SetSelEnd(const QPoint &P);
+    void SetSelEnd(const QPoint &P) final;
     /// Moves the selection's end to the caret, and its anchor too unless Shift is down or a drag
     /// goes on; with `ACollapse` Shift does not count.
     void SetSelection(bool ACollapse);

@@ -1,6 +1,6 @@
 #include "uZtBlobStream.h"
 
-#include "uZtDataSet.h"
+#include "uZtField.h"
 
 TBlobStream::TBlobStream(TField *AField, TBlobStreamMode AMode) : FField(AField), FMode(AMode)
 {

@@ -1,7 +1,5 @@
 #include "uZtDataSet.h"
 
-#include "uZtDataSource.h"
-
 #include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlField>
@@ -22,20 +20,18 @@ TDataSet::TDataSet(QObject *AOwner) : QObject(AOwner) {}
 
 TDataSet::~TDataSet()
 {
-    while (!FSources.empty())
-        FSources.back()->SetDataSet(nullptr);
+    while (!FListeners.empty())
+        FListeners.back()->DataSetRemoved();
 }
 
 // --- notifications -------------------------------------------------------------------------------
 
-void TDataSet::RemoveDataSource(TDataSource *ASource) { std::erase(FSources, ASource); }
-
 void TDataSet::Notify(TDataEvent AEvent, TField *AField)
 {
-    const std::vector<TDataSource *> sources = FSources; // a listener may detach one
-    for (TDataSource *source : sources)
-        if (std::find(FSources.begin(), FSources.end(), source) != FSources.end())
-            source->DataEvent(AEvent, AField);
+    const std::vector<TDataSetListener *> listeners = FListeners; // one may detach another
+    for (TDataSetListener *listener : listeners)
+        if (std::find(FListeners.begin(), FListeners.end(), listener) != FListeners.end())
+            listener->DataEvent(AEvent, AField);
 }
 
 void TDataSet::SetState(TDataSetState AState)
@@ -105,7 +101,7 @@ void TDataSet::CreateFields()
     const QSqlRecord record = FModel->record();
     FFields.clear();
     for (int i = 0; i < record.count(); ++i)
-        FFields.push_back(std::make_unique<TField>(this, i, record.field(i)));
+        FFields.emplace_back(new TField(this, i, record.field(i)));
 }
 
 void TDataSet::Open()
@@ -162,10 +158,14 @@ std::unique_ptr<TBlobStream> TDataSet::CreateBlobStream(TField *AField, TBlobStr
     return std::make_unique<TBlobStream>(AField, AMode);
 }
 
-void TDataSet::StoreValue(int AIndex, const QVariant &AValue)
+QVariant TDataSet::ExchangeValue(int AIndex, const QVariant &AValue)
 {
-    FValues[size_t(AIndex)] = AValue;
-    FStoredInto[size_t(AIndex)] = true;
+    return std::exchange(FValues.at(size_t(AIndex)), AValue);
+}
+
+void TDataSet::ValueStored(int AIndex)
+{
+    FStoredInto.at(size_t(AIndex)) = true;
     FModified = true;
     Notify(TDataEvent::deDataChange, GetFields(AIndex));
 }
@@ -339,7 +339,7 @@ void TDataSet::Refresh()
 // --- the table -----------------------------------------------------------------------------------
 
 // The columns that tell the record from all others, with their values.
-QSqlRecord TDataSet::KeyOf(const TValues &AValues) const
+QSqlRecord TDataSet::KeyOf(const TZtValues &AValues) const
 {
     QSqlRecord key;
     if (const QSqlTableModel *table = Table())
@@ -418,7 +418,7 @@ void TDataSet::StoreInsert()
         Raise(table->lastError());
     SubmitRow(FInsertRow);
     FRow = FInsertRow;
-    const TValues written = FValues;
+    const TZtValues written = FValues;
     QSqlRecord stored;
     for (const auto &field : FFields)
         if (FStoredInto[size_t(field->GetIndex())])
@@ -433,7 +433,7 @@ void TDataSet::StoreInsert()
 }
 
 // The last row whose values in `AColumns` are these, or -1.
-int TDataSet::FindRow(const TValues &AValues, const QSqlRecord &AColumns) const
+int TDataSet::FindRow(const TZtValues &AValues, const QSqlRecord &AColumns) const
 {
     if (AColumns.isEmpty() || AValues.empty())
         return -1;
@@ -450,7 +450,7 @@ int TDataSet::FindRow(const TValues &AValues, const QSqlRecord &AColumns) const
 }
 
 // Reads the records anew and goes to the one with these values, or else stays at the same number.
-void TDataSet::Reselect(const TValues &AValues, const QSqlRecord &AColumns)
+void TDataSet::Reselect(const TZtValues &AValues, const QSqlRecord &AColumns)
 {
     try {
         Select();

@@ -1,41 +1,28 @@
 #pragma once
 
 #include "uZtBlobStream.h"
-#include "uZtException.h"
+#include "uZtDbTypes.h"
 #include "uZtField.h"
 
 #include <QObject>
 #include <QPointer>
 #include <QSqlQueryModel>
-#include <QVariant>
 
 #include <memory>
-#include <vector>
 
-class TDataSource;
 class QSqlError;
 class QSqlRecord;
 class QSqlTableModel;
 
-/// A fault of the database, with its driver's own words, or an operation that a dataset, a field or
-/// a data source cannot do as it is.
-class EDatabaseError : public EZtException {
-    using EZtException::EZtException;
-};
+/// Who is told of what happens to a dataset.
+class TDataSetListener {
+public:
+    virtual void DataEvent(TDataEvent AEvent, TField *AField) = 0;
+    /// The dataset is about to go; the listener lets go of it.
+    virtual void DataSetRemoved() = 0;
 
-enum class TDataSetState : quint8 {
-    dsInactive, ///< closed: no records and no fields
-    dsBrowse,   ///< looking at a record
-    dsEdit,     ///< changing a record
-    dsInsert    ///< writing a new one
-};
-
-/// What a dataset tells its data sources and these tell their links.
-enum class TDataEvent : quint8 {
-    deAttach,      ///< source or dataset were exchanged
-    deUpdateState, ///< the state is another one
-    deDataChange,  ///< the record or, when a field comes with it, this field is another one
-    deUpdateRecord ///< what is still in the controls is to be stored into the fields
+protected:
+    ~TDataSetListener() = default;
 };
 
 /// The records of an SQL model, one of which is the current one, and their editing.
@@ -47,7 +34,7 @@ enum class TDataEvent : quint8 {
 ///
 /// What fails raises `EDatabaseError`. A post that fails leaves the state and the fields as they
 /// are, so that it can be repeated.
-class TDataSet : public QObject {
+class TDataSet : public QObject, private TFieldRecord {
     Q_OBJECT
     Q_PROPERTY(bool Active READ GetActive WRITE SetActive)
     Q_PROPERTY(bool ReadOnly READ GetReadOnly WRITE SetReadOnly)
@@ -72,7 +59,7 @@ public:
     /// Forbids `Edit`, `Insert`, `Append` and `Delete`; no one is told.
     void SetReadOnly(bool Value) { FReadOnly = Value; }
     /// Whether the records can be changed at all: a table, and not read-only.
-    bool CanModify() const;
+    bool CanModify() const final;
     /// Whether a field of the pending record was stored into.
     bool GetModified() const { return FModified; }
 
@@ -126,19 +113,22 @@ public:
     /// Posts or cancels a pending record, as a move does.
     void CheckBrowseMode();
 
+    void AddListener(TDataSetListener *AListener) { FListeners.push_back(AListener); }
+    void RemoveListener(TDataSetListener *AListener) { std::erase(FListeners, AListener); }
+
 private:
-    friend class TDataSource;
-    friend class TField;
-    using TValues = std::vector<QVariant>;
+    // as its fields see it
+    TDataSet *RecordDataSet() final { return this; }
+    void CheckPending() const final;
+    QVariant GetValue(int AIndex) const final { return FValues.at(size_t(AIndex)); }
+    QVariant ExchangeValue(int AIndex, const QVariant &AValue) final;
+    void ValueStored(int AIndex) final;
 
     bool IsPending() const { return FState >= TDataSetState::dsEdit; }
-    void AddDataSource(TDataSource *ASource) { FSources.push_back(ASource); }
-    void RemoveDataSource(TDataSource *ASource);
     void Notify(TDataEvent AEvent, TField *AField = nullptr);
     void SetState(TDataSetState AState);
     void CheckActive() const;
     void CheckCanModify() const;
-    void CheckPending() const;
     // records
     QSqlTableModel *Table() const;
     void Select();
@@ -146,15 +136,14 @@ private:
     void ReadRecord(int ARow);
     void MoveTo(int ARow);
     void StartInsert(bool AAtEnd);
-    QSqlRecord KeyOf(const TValues &AValues) const;
+    QSqlRecord KeyOf(const TZtValues &AValues) const;
     void CheckRecordIsThere() const;
     void StoreEdit();
     void StoreInsert();
     void StorePending();
     void SubmitRow(int ARow);
-    void Reselect(const TValues &AValues, const QSqlRecord &AColumns);
-    int FindRow(const TValues &AValues, const QSqlRecord &AColumns) const;
-    void StoreValue(int AIndex, const QVariant &AValue);
+    void Reselect(const TZtValues &AValues, const QSqlRecord &AColumns);
+    int FindRow(const TZtValues &AValues, const QSqlRecord &AColumns) const;
 
     QPointer<QSqlQueryModel> FModel;
     TDataSetState FState = TDataSetState::dsInactive;
@@ -165,8 +154,8 @@ private:
     int FRow = -1; // of the current record in the model
     int FInsertRow = 0;
     std::vector<std::unique_ptr<TField>> FFields;
-    TValues FValues;               // of the current or pending record, one a field
-    TValues FStored;               // as they were read
+    TZtValues FValues;               // of the current or pending record, one a field
+    TZtValues FStored;               // as they were read
     std::vector<bool> FStoredInto; // since the record is pending
-    std::vector<TDataSource *> FSources;
+    std::vector<TDataSetListener *> FListeners;
 };

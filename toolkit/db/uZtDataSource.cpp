@@ -1,7 +1,6 @@
 #include "uZtDataSource.h"
 
 #include "uZtClassRegistry.h"
-#include "uZtFieldDataLink.h"
 
 #include <algorithm>
 
@@ -18,7 +17,7 @@ TDataSource::~TDataSource()
     OnStateChange = nullptr;
     OnDataChange = nullptr;
     while (!FLinks.empty())
-        FLinks.back()->DetachSource();
+        FLinks.back()->DataSourceRemoved();
     SetDataSet(nullptr);
 }
 
@@ -32,13 +31,13 @@ void TDataSource::SetDataSet(TDataSet *Value)
     if (Value == FDataSet)
         return;
     if (FDataSet) {
-        FDataSet->RemoveDataSource(this);
+        FDataSet->RemoveListener(this);
         FDataSet = nullptr;
         TellOfDataSet();
     }
     FDataSet = Value;
     if (FDataSet) {
-        FDataSet->AddDataSource(this);
+        FDataSet->AddListener(this);
         TellOfDataSet();
     }
 }
@@ -60,8 +59,8 @@ void TDataSource::DataEvent(TDataEvent AEvent, TField *AField)
     const bool isState = AEvent == TDataEvent::deAttach || AEvent == TDataEvent::deUpdateState;
     if (isState && OnStateChange)
         OnStateChange(this);
-    const std::vector<TFieldDataLink *> links = FLinks; // a listener may detach one
-    for (TFieldDataLink *link : links)
+    const std::vector<TDataLink *> links = FLinks; // a listener may detach one
+    for (TDataLink *link : links)
         if (std::find(FLinks.begin(), FLinks.end(), link) != FLinks.end())
             link->DataEvent(AEvent, AField);
     if (AEvent == TDataEvent::deDataChange && OnDataChange)

@@ -3,12 +3,21 @@
 #include "uZtDataSet.h"
 #include "uZtStringList.h"
 
-class TFieldDataLink;
+/// Who is told of what happens to a data source.
+class TDataLink {
+public:
+    virtual void DataEvent(TDataEvent AEvent, TField *AField) = 0;
+    /// The data source is about to go; the link lets go of it.
+    virtual void DataSourceRemoved() = 0;
+
+protected:
+    ~TDataLink() = default;
+};
 
 using TDataChangeEvent = std::function<void(QObject *Sender, TField *Field)>;
 
 /// Connects a dataset with the controls that show it.
-class TDataSource : public QObject {
+class TDataSource : public QObject, private TDataSetListener {
     Q_OBJECT
     Q_PROPERTY(TDataSet *DataSet READ GetDataSet WRITE SetDataSet)
     Q_PROPERTY(bool AutoEdit READ GetAutoEdit WRITE SetAutoEdit)
@@ -37,16 +46,15 @@ public:
     /// Puts the dataset into edit state if that is automatic and it is in browse state.
     void Edit();
 
-private:
-    friend class TDataSet;
-    friend class TFieldDataLink;
+    void AddDataLink(TDataLink *ALink) { FLinks.push_back(ALink); }
+    void RemoveDataLink(TDataLink *ALink) { std::erase(FLinks, ALink); }
 
-    void AddDataLink(TFieldDataLink *ALink) { FLinks.push_back(ALink); }
-    void RemoveDataLink(TFieldDataLink *ALink) { std::erase(FLinks, ALink); }
+private:
     void TellOfDataSet();
-    void DataEvent(TDataEvent AEvent, TField *AField);
+    void DataEvent(TDataEvent AEvent, TField *AField) final;
+    void DataSetRemoved() final { SetDataSet(nullptr); }
 
     TDataSet *FDataSet = nullptr;
     bool FAutoEdit = true;
-    std::vector<TFieldDataLink *> FLinks;
+    std::vector<TDataLink *> FLinks;
 };

@@ -1,6 +1,6 @@
 #include "uZtField.h"
 
-#include "uZtDataSet.h"
+#include "uZtDbTypes.h"
 #include "uZtStringStream.h"
 
 namespace {
@@ -17,14 +17,14 @@ QString Decoded(const QByteArray &ABytes)
 
 } // namespace
 
-TField::TField(TDataSet *ADataSet, int AIndex, const QSqlField &AColumn)
-    : FDataSet(ADataSet), FIndex(AIndex), FColumn(AColumn), FReadOnly(AColumn.isReadOnly())
+TField::TField(TFieldRecord *ARecord, int AIndex, const QSqlField &AColumn)
+    : FRecord(ARecord), FIndex(AIndex), FColumn(AColumn), FReadOnly(AColumn.isReadOnly())
 {
 }
 
-bool TField::CanModify() const { return !FReadOnly && FDataSet->CanModify(); }
+bool TField::CanModify() const { return !FReadOnly && FRecord->CanModify(); }
 
-QVariant TField::GetValue() const { return FDataSet->FValues.at(size_t(FIndex)); }
+QVariant TField::GetValue() const { return FRecord->GetValue(FIndex); }
 
 QString TField::GetAsString() const
 {
@@ -43,7 +43,7 @@ QByteArray TField::GetAsBytes() const
 
 void TField::CheckStore() const
 {
-    FDataSet->CheckPending();
+    FRecord->CheckPending();
     if (FReadOnly)
         throw EDatabaseError(QStringLiteral("The field \"%1\" is read-only.").arg(GetFieldName()));
 }
@@ -53,15 +53,14 @@ void TField::Clear() { SetValue(NullValue()); }
 void TField::SetValue(const QVariant &Value)
 {
     CheckStore();
-    QVariant &value = FDataSet->FValues.at(size_t(FIndex));
-    const QVariant old = std::exchange(value, Value);
+    const QVariant old = FRecord->ExchangeValue(FIndex, Value);
     try {
         Validate();
     } catch (...) {
-        value = old;
+        FRecord->ExchangeValue(FIndex, old);
         throw;
     }
-    FDataSet->StoreValue(FIndex, Value);
+    FRecord->ValueStored(FIndex);
 }
 
 QVariant TField::FromText(const QString &AText) const
@@ -86,14 +85,14 @@ void TField::SetAsString(const QString &Value)
     SetValue(FromText(Value));
 }
 
-// A text in a column of bytes stays a text. The type of a null says nothing.
 void TField::StoreBytes(const QByteArray &ABytes)
 {
     CheckStore();
-    if (IsNull() ? !IsBlob() : GetValue().typeId() == QMetaType::QString)
-        FDataSet->StoreValue(FIndex, NotNull(QString::fromUtf8(ABytes)));
-    else
-        FDataSet->StoreValue(FIndex, NotNull(ABytes));
+    // The type of a null says nothing.
+    const bool text = IsNull() ? !IsBlob() : GetValue().typeId() == QMetaType::QString;
+    FRecord->ExchangeValue(FIndex, text ? QVariant(NotNull(QString::fromUtf8(ABytes)))
+                                        : QVariant(NotNull(ABytes)));
+    FRecord->ValueStored(FIndex);
 }
 
 void TField::Validate()

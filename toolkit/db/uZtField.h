@@ -7,7 +7,23 @@
 #include <functional>
 
 class TDataSet;
-class TBlobStream;
+
+/// The record that a field belongs to, as the field sees it. Columns are counted from 0.
+class TFieldRecord {
+public:
+    virtual TDataSet *RecordDataSet() = 0;
+    /// Raises without a pending record.
+    virtual void CheckPending() const = 0;
+    virtual bool CanModify() const = 0;
+    virtual QVariant GetValue(int AIndex) const = 0;
+    /// Puts a value into the record and returns the one before; nobody is told.
+    virtual QVariant ExchangeValue(int AIndex, const QVariant &AValue) = 0;
+    /// Marks a field as stored into and tells who shows it.
+    virtual void ValueStored(int AIndex) = 0;
+
+protected:
+    ~TFieldRecord() = default;
+};
 
 /// A column of a dataset and its value in the current record.
 ///
@@ -15,14 +31,14 @@ class TBlobStream;
 /// `EDatabaseError` otherwise. It is checked by `OnValidate`, and tells the data sources at once.
 class TField {
 public:
-    TField(TDataSet *ADataSet, int AIndex, const QSqlField &AColumn);
+    TField(TFieldRecord *ARecord, int AIndex, const QSqlField &AColumn);
     TField(const TField &) = delete;
     TField &operator=(const TField &) = delete;
 
     /// Looks at the new value; what it raises undoes the store.
     std::function<void(TField *Sender)> OnValidate;
 
-    TDataSet *GetDataSet() const { return FDataSet; }
+    TDataSet *GetDataSet() const { return FRecord->RecordDataSet(); }
     QString GetFieldName() const { return FColumn.name(); }
     /// 0-based.
     int GetIndex() const { return FIndex; }
@@ -57,17 +73,17 @@ public:
     QString GetEditText() const { return GetAsString(); }
     /// Runs `OnValidate` on the value as it is.
     void Validate();
-
-private:
-    friend class TBlobStream;
-    friend class TDataSet;
-
+    /// Null, of the column's type.
     QVariant NullValue() const { return QVariant(FColumn.metaType()); }
-    QVariant FromText(const QString &AText) const;
+    /// Raises when the field cannot be stored into as it is.
     void CheckStore() const;
+    /// Stores bytes as they are, without a validation. A text in a column of bytes stays a text.
     void StoreBytes(const QByteArray &ABytes);
 
-    TDataSet *FDataSet;
+private:
+    QVariant FromText(const QString &AText) const;
+
+    TFieldRecord *FRecord;
     int FIndex;
     QSqlField FColumn;
     bool FReadOnly;

@@ -27,7 +27,7 @@ void TFieldDataLink::SetDataSource(TDataSource *Value)
     if (FDataSourceFixed)
         throw EDatabaseError(QStringLiteral("The data source is fixed."));
     if (FDataSource)
-        DetachSource();
+        DataSourceRemoved();
     FDataSource = Value;
     if (!FDataSource)
         return;
@@ -36,7 +36,7 @@ void TFieldDataLink::SetDataSource(TDataSource *Value)
     RecordChanged(nullptr);
 }
 
-void TFieldDataLink::DetachSource()
+void TFieldDataLink::DataSourceRemoved()
 {
     FDataSource->RemoveDataLink(this);
     FDataSource = nullptr;

@@ -7,12 +7,12 @@
 /// The link is editing while the dataset is in edit or insert state and neither the link nor the
 /// field is read-only. A read-only flag that is set takes effect, and is told, with the next change
 /// of the state.
-class TFieldDataLink {
+class TFieldDataLink : private TDataLink {
 public:
     /// `AControl` is the control that holds the link; it is not used by the link itself.
     explicit TFieldDataLink(QObject *AControl = nullptr);
     /// Detaches without a notification.
-    ~TFieldDataLink();
+    virtual ~TFieldDataLink();
     TFieldDataLink(const TFieldDataLink &) = delete;
     TFieldDataLink &operator=(const TFieldDataLink &) = delete;
 
@@ -58,10 +58,8 @@ public:
     void UpdateRecord();
 
 private:
-    friend class TDataSource;
-
-    void DataEvent(TDataEvent AEvent, TField *AField);
-    void DetachSource();
+    void DataEvent(TDataEvent AEvent, TField *AField) final;
+    void DataSourceRemoved() final;
     void Attach();
     void UpdateField();
     void UpdateState();

@@ -1,6 +1,6 @@
 #include "uZtUndoList.h"
 
-#include "uZtCodeEdit.h"
+#include "uZtStringList.h"
 #include "uZtStrings.h"
 
 TZtUndoItem *TZtUndoList::AddUndo(TZtChangeType AChangeType, const QPoint &AStartPos,

@@ -6,9 +6,23 @@
 #include <deque>
 #include <memory>
 
-class TZtCodeEdit;
+class TStringList;
 
 enum class TZtChangeType : quint8 { ctNone, ctCut, ctPaste, ctDelete, ctInsert };
+
+/// What an undo acts on: a text with a caret and a selection. Positions are (character, line),
+/// 0-based.
+class TZtUndoTarget {
+public:
+    virtual ~TZtUndoTarget() = default;
+    virtual TStringList *GetLines() const = 0;
+    virtual void SetCharPos(int Value) = 0;
+    virtual void SetLinePos(int Value) = 0;
+    virtual void SetSelStart(const QPoint &P) = 0;
+    virtual void SetSelEnd(const QPoint &P) = 0;
+    /// Removes the selected text and returns it; with `ctNone` nothing is recorded.
+    virtual void DeleteSelected(TZtChangeType AChangeType, QString &Deleted) = 0;
+};
 
 /// One change of the text. Positions are (character, line), 0-based.
 class TZtUndoItem {
@@ -40,7 +54,7 @@ private:
 /// The last 100 changes of an editor, each undone by itself. There is no redo.
 class TZtUndoList {
 public:
-    explicit TZtUndoList(TZtCodeEdit *AOwner) : FOwner(AOwner) {}
+    explicit TZtUndoList(TZtUndoTarget *AOwner) : FOwner(AOwner) {}
 
     /// Records a change; beyond 100 items the oldest is dropped. The list owns the item.
     TZtUndoItem *AddUndo(TZtChangeType AChangeType, const QPoint &AStartPos, const QPoint &AEndPos,
@@ -62,6 +76,6 @@ private:
     void TakeOut(const TZtUndoItem &AItem);
 
     int FMaxUndo = 100;
-    TZtCodeEdit *FOwner;
+    TZtUndoTarget *FOwner;
     std::deque<std::unique_ptr<TZtUndoItem>> FUndoList;
 };
