@@ -86,7 +86,7 @@ private:
         if (!TakeWord("array"))
             return Name(QStringLiteral("a type"));
         ExpectWord("of");
-        return QStringLiteral("array of ") + Name(QStringLiteral("a type"));
+        return Name(QStringLiteral("a type")); // an open array is known by its elements
     }
 
     /// The word at the position; it may hold periods, as a qualified name does.

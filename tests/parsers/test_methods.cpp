@@ -59,7 +59,7 @@ TEST(MethodDescription, OfARegisteredSignature)
         {"procedure(A, b_1: Integer; var C: System.Word; const D: string; out E: T)",
          "procedure (var A Integer, var b_1 Integer, var C System.Word, const D string, out E T) "},
         {"procedure(var A, B; const C; D: array of TObject)",
-         "procedure (var A , var B , const C , var D array of TObject) "},
+         "procedure (var A , var B , const C , var D TObject) "},
         {"function:Boolean of object", "function () Boolean"},
         {"function(variable, outer: T): R", "function (var variable T, var outer T) R"},
     };

@@ -15,13 +15,17 @@ enum TZtMsgBoxResult : int { mrOk = 1, mrCancel = 2, mrYes = 6, mrNo = 7 };
 struct TZtPlatform {
     /// The modifier keys that are down now.
     std::function<TShiftState()> KeyboardShift;
-    /// The clipboard as plain text.
+    /// The clipboard as plain text, CR LF at each of its line breaks, whatever the program that put
+    /// it there uses.
     std::function<QString()> ClipboardText;
+    /// Puts text on the clipboard; the desktop's programs get their own line breaks.
     std::function<void(const QString &)> SetClipboardText;
     /// Lines that one notch of the wheel scrolls; may be less than 1.
     std::function<int()> WheelLines;
     std::function<void(const QString &AText, const QString &ACaption)> MsgBoxInfo;
+    std::function<void(const QString &AText, const QString &ACaption)> MsgBoxError;
     std::function<int(const QString &AText, const QString &ACaption)> MsgBoxYesNo;
+    std::function<int(const QString &AText, const QString &ACaption)> MsgBoxConfirm;
     std::function<int(const QString &AText, const QString &ACaption)> MsgBoxYesNoCancel;
     /// Reports what was raised inside an event; the silent abort does not get here.
     std::function<void(const QString &AMessage)> ShowException;
@@ -37,6 +41,17 @@ inline void ZtMsgBoxInfo(const QString &AText, const QString &ACaption)
 {
     ZtPlatform().MsgBoxInfo(AText, ACaption);
 }
+/// A modal notice of something that went wrong, with OK.
+inline void ZtMsgBoxError(const QString &AText, const QString &ACaption)
+{
+    ZtPlatform().MsgBoxError(AText, ACaption);
+}
+/// A modal question before something is lost for good: as `ZtMsgBoxYesNo`, with No as what Enter
+/// answers.
+inline int ZtMsgBoxConfirm(const QString &AText, const QString &ACaption)
+{
+    return ZtPlatform().MsgBoxConfirm(AText, ACaption);
+}
 /// A modal question; 6 is Yes, any other value counts as No.
 inline int ZtMsgBoxYesNo(const QString &AText, const QString &ACaption)
 {
@@ -47,6 +62,9 @@ inline int ZtMsgBoxYesNoCancel(const QString &AText, const QString &ACaption)
 {
     return ZtPlatform().MsgBoxYesNoCancel(AText, ACaption);
 }
+
+/// The words of what is handled now by a `catch` block, for a user; empty for the silent abort.
+QString ZtCurrentExceptionMessage();
 
 /// Reports an exception that reached a control's event boundary. The silent abort says nothing.
 void ZtHandleException(std::exception_ptr AException);

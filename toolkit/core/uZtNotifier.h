@@ -1,0 +1,108 @@
+#pragma once
+
+#include <exception>
+#include <new>
+#include <type_traits>
+#include <utility>
+
+/// Base of objects that fire a host's handlers.
+///
+/// A handler may do anything with the object that fired it: exchange itself, call every operation,
+/// delete the object. An object that is deleted while one of its handlers runs fires nothing any
+/// more and goes when the event loop comes round; `QObject::destroyed` tells when it has gone.
+class TZtNotifier {
+public:
+    /// Whether a handler of the object runs, or somebody holds the object.
+    bool IsBusy() const { return FBusy > 0; }
+    /// Whether the object was deleted and is only kept until it is not busy any more.
+    bool IsAbandoned() const { return FAbandoned; }
+
+    /// While one lives, a deletion of the object waits.
+    class THold {
+    public:
+        explicit THold(const TZtNotifier &AObject) : FObject(AObject) { ++FObject.FBusy; }
+        ~THold() { --FObject.FBusy; }
+        THold(const THold &) = delete;
+        THold &operator=(const THold &) = delete;
+
+    private:
+        const TZtNotifier &FObject;
+    };
+
+protected:
+    ~TZtNotifier() = default;
+    TZtNotifier() = default;
+    TZtNotifier(const TZtNotifier &) = delete;
+    TZtNotifier &operator=(const TZtNotifier &) = delete;
+
+    /// Calls a handler; nothing happens, and a default value is the answer, when it is empty or the
+    /// object was deleted.
+    template <typename THandler, typename... TArguments>
+    auto Fire(const THandler &AHandler, TArguments &&...AArguments) const
+    {
+        using TResult = std::invoke_result_t<const THandler &, TArguments...>;
+        if (!AHandler || FAbandoned)
+            return TResult();
+        const THold hold(*this);
+        const THandler handler = AHandler; // which may take itself away while it runs
+        return handler(std::forward<TArguments>(AArguments)...);
+    }
+
+    /// Called once when the object is deleted while it is busy: it takes itself out of sight.
+    virtual void Abandoned() {}
+
+    /// What a class that is derived from this one, and not from another one that does so, makes its
+    /// `delete` do.
+    template <typename T> static void DeleteWhenIdle(T *AObject)
+    {
+        TZtNotifier *notifier = AObject;
+        if (!notifier->IsBusy()) {
+            void *memory = dynamic_cast<void *>(AObject);
+            AObject->~T();
+            ::operator delete(memory);
+            return;
+        }
+        if (!std::exchange(notifier->FAbandoned, true))
+            notifier->Abandoned();
+        AObject->deleteLater();
+    }
+
+private:
+    mutable int FBusy = 0;
+    bool FAbandoned = false;
+};
+
+/// Declares the `delete` of a class derived from `TZtNotifier`. The second one frees the memory of
+/// an object whose constructor has raised.
+#define ZT_DELETE_WHEN_IDLE(T)                                                                     \
+    static void operator delete(T *AObject, std::destroying_delete_t)                              \
+    {                                                                                              \
+        DeleteWhenIdle(AObject);                                                                   \
+    }                                                                                              \
+    static void operator delete(void *AMemory) { ::operator delete(AMemory); }
+
+/// Keeps the first exception of several steps that are all to be run, to be raised after them.
+class TZtFirstException {
+public:
+    template <typename TStep> void Run(TStep AStep)
+    {
+        try {
+            AStep();
+        } catch (...) {
+            Keep(std::current_exception());
+        }
+    }
+    void Keep(std::exception_ptr AException)
+    {
+        if (!FException)
+            FException = std::move(AException);
+    }
+    void Raise()
+    {
+        if (FException)
+            std::rethrow_exception(std::exchange(FException, nullptr));
+    }
+
+private:
+    std::exception_ptr FException;
+};
