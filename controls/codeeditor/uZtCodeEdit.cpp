@@ -1,9 +1,11 @@
 #include "uZtCodeEdit.h"
 
+#include "fZtCodeEditSearchReplaceDlg.h"
 #include "uZtClassRegistry.h"
 #include "uZtPlatform.h"
 
 #include <QFont>
+#include <QScopeGuard>
 
 namespace {
 
@@ -42,7 +44,10 @@ TZtCodeEdit::TZtCodeEdit(QWidget *AOwner) : TCustomControl(AOwner)
     setCursor(Qt::IBeamCursor);
     FCaret = new TZtCaret(this);
     FLines = new TStringList(this);
-    FLines->OnChanging = [this](QObject *sender) { LinesChanged(sender); };
+    FLines->OnChanging = [this](QObject *sender) {
+        const THold hold(*this);
+        LinesChanged(sender);
+    };
     FOptions.setFlag(TZtCodeOption::coShowGuttor);
     setFont(DefaultFont());
     for (TScrollBar **bar : {&FHScrollBar, &FVScrollBar}) {
@@ -50,7 +55,10 @@ TZtCodeEdit::TZtCodeEdit(QWidget *AOwner) : TCustomControl(AOwner)
         (*bar)->setCursor(Qt::ArrowCursor);
         (*bar)->OnChange = [this](QObject *sender) { ScrollChange(sender); };
     }
-    FLines->OnChange = [this](QObject *sender) { CodeChange(sender); };
+    FLines->OnChange = [this](QObject *sender) {
+        const THold hold(*this);
+        CodeChange(sender);
+    };
     FSelStart = FSelEnd = QPoint(-1, -1);
     FUndoList = std::make_unique<TZtUndoList>(this);
 }
@@ -72,8 +80,10 @@ TZtCodeEdit::~TZtCodeEdit()
 
 TZtLangParser *TZtCodeEdit::GetParser()
 {
-    if (!FParser)
+    if (!FParser || FParser->IsAbandoned()) {
         FParser = new TZtLangParser(this);
+        FreeNotification(FParser);
+    }
     return FParser;
 }
 
@@ -217,13 +227,44 @@ void TZtCodeEdit::CodeChange(QObject *)
     if (InPaint)
         return; // only the lexer's states are stored while painting
     PositionScollBars();
-    Q_EMIT textChanged();
+    Tell([this] { Q_EMIT textChanged(); });
 }
 
 void TZtCodeEdit::Changed()
 {
-    if (FOnChange)
-        FOnChange(this);
+    Outside([this] { Fire(FOnChange, this); });
+}
+
+// Runs an operation of which nothing may be left half done because a handler raised. Within another
+// one it is a part of that.
+void TZtCodeEdit::RunToEnd(const std::function<void()> &AStep)
+{
+    if (FLines->GetRaised())
+        return AStep();
+    const THold hold(*this);
+    TZtFirstException raised;
+    FLines->SetRaised(&raised);
+    raised.Run(AStep);
+    FLines->SetRaised(nullptr);
+    raised.Raise();
+}
+
+// Runs what leads to a host's code. What that begins is an operation of its own.
+void TZtCodeEdit::Outside(const std::function<void()> &AStep)
+{
+    const THold hold(*this);
+    const auto restore = qScopeGuard(
+        [this, outer = FLines->GetRaised()] { FLines->SetRaised(outer); });
+    FLines->SetRaised(nullptr);
+    AStep();
+}
+
+// `Outside`; what it raises does not end the operation that runs.
+void TZtCodeEdit::Tell(const std::function<void()> &AStep)
+{
+    TZtFirstException raised;
+    raised.Run([&] { Outside(AStep); });
+    raised.RaiseInto(FLines->GetRaised());
 }
 
 void TZtCodeEdit::ScrollChange(QObject *)
@@ -249,6 +290,13 @@ void TZtCodeEdit::Notification(QObject *AComponent, TOperation Operation)
         FParser = nullptr;
     else if (AComponent == FPopupMenu)
         FPopupMenu = nullptr;
+}
+
+void TZtCodeEdit::Abandoned()
+{
+    if (FSearchDlg)
+        FSearchDlg->reject();
+    TCustomControl::Abandoned();
 }
 
 void TZtCodeEdit::SetParent(QWidget *AParent)

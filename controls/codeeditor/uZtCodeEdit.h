@@ -79,6 +79,12 @@ inline constexpr int ZtEndOfLine = std::numeric_limits<int>::max();
 ///
 /// Everything runs on the thread of the user interface. Setters store and ask for a paint; only
 /// `Paint` draws.
+///
+/// What a handler may do: everything. It may call any operation, change the text, the lexer or
+/// itself, open a message box, and delete the editor (see `TZtNotifier`). What `OnChange` raises
+/// prevents the change that it announces. What any other handler raises in the middle of an
+/// operation is raised when the operation has come to its end: it is done then, with its undo item.
+/// An operation that finds a line gone which a handler took away raises `EStringListError`.
 class TZtCodeEdit : public TCustomControl, public TZtUndoTarget {
     Q_OBJECT
     Q_PROPERTY(TBorderStyle BorderStyle READ GetBorderStyle WRITE SetBorderStyle)
@@ -205,11 +211,15 @@ public:
 
     /// Lexes the visible lines and draws them. Re-entrant calls do nothing.
     void Paint() override;
+    /// Makes `ParserGetNewBuffer` go on with the next line that holds `AText`, or be at its end
+    /// when there is none.
+    void ParserSkipTo(const QString &AText);
     /// The lexer's source: with `AReset` restarts at line 0, else hands over the next line and CR
     /// LF in `S` and keeps the lexer's `LineKind` in that line's object slot; false after the last.
     /// A line of more than 16384 units comes in pieces.
     bool ParserGetNewBuffer(bool AReset, QString &S);
-    /// If `Apply`, makes `Color` a plain RGB value with each byte `Percent` per cent smaller.
+    /// If `Apply`, makes `Color` a plain RGB value with each of its four bytes `Percent` per cent
+    /// smaller.
     void DarkenColor(TColor &Color, bool Apply, int Percent) const;
     /// A copy of the screen lines as the last paint drew them, from the top of the control.
     std::vector<TZtPaintRow> PaintedRows() const { return FFrame.Rows(); }
@@ -283,6 +293,7 @@ public:
     /// cannot be read; the text is left then, the caret and the view are at the start already.
     virtual void LoadFromFile(const QString &aFileName);
     TZtUndoList *GetUndoList() const { return FUndoList.get(); }
+    void RunToEnd(const std::function<void()> &AStep) final;
 
     // === uZtCodeEditSelection.cpp: selection and clipboard
     // ========================================
@@ -342,6 +353,7 @@ protected:
     QVariant inputMethodQuery(Qt::InputMethodQuery AQuery) const override;
     void LayoutChanged() override;
     void FocusPaused(bool AActive) override;
+    void Abandoned() override;
 
 private:
     struct TPaintPass;
@@ -362,7 +374,11 @@ private:
     void UpdatePageSizes();
     void PaintComposition(QPainter &APainter) const;
     void PrepareParser();
+    // handlers
+    void Outside(const std::function<void()> &AStep);
+    void Tell(const std::function<void()> &AStep);
     // caret
+    void MoveToColumn(int AColumn);
     void CaretMoved();
     // keys; a handler answers false where the key press ends
     bool KeyLeft(TShiftState AShift);
@@ -385,8 +401,12 @@ private:
     bool SelectionGiven() const;
     void ClampSelectionEnd();
     QString SelectedText() const;
+    void InsertLines(const QString &S);
     void InsertInLine(const QString &S);
     void BreakLine();
+    void DeleteLines(TZtChangeType AChangeType, const QString &ADeleted);
+    void CheckFits(qsizetype AMore) const;
+    void BackSpaceAtCaret();
     void BackSpaceInLine(QString &&ALine);
     void JoinWithLineAbove(const QString &ALine);
     bool FallBackToIndentation(const QString &ALine);

@@ -17,16 +17,26 @@ void TZtCodeEdit::ResetCaret()
 
 void TZtCodeEdit::SetCharPos(int Value)
 {
-    FCharPos = Value;
-    if (FCharPos < 0) {
-        // Lands on column 0 of the line above, not on its end; gutter clicks pass through here.
+    if (Value >= 0) {
+        MoveToColumn(Value);
+        return;
+    }
+    // Lands on column 0 of the line above, not on its end; gutter clicks pass through here.
+    RunToEnd([this, Value] {
+        FCharPos = Value;
         SetCharPos(0);
         if (FLinePos > 0) {
             SetLinePos(FLinePos - 1);
             if (FLinePos > FLines->GetCount())
                 SetCharPos(FLines->GetLength(FLinePos));
         }
-    }
+        MoveToColumn(FCharPos);
+    });
+}
+
+void TZtCodeEdit::MoveToColumn(int AColumn)
+{
+    FCharPos = AColumn;
     const int position = FHScrollBar->GetPosition();
     const int page = FHScrollBar->GetPageSize();
     if (FCharPos < position)
@@ -51,10 +61,11 @@ void TZtCodeEdit::SetLinePos(int Value)
 void TZtCodeEdit::CaretMoved()
 {
     ResetCaret();
-    if (FOnCursorChange)
-        FOnCursorChange(this);
-    Q_EMIT cursorPositionChanged();
-    SetSelection(false);
+    RunToEnd([this] {
+        Tell([this] { Fire(FOnCursorChange, this); });
+        Tell([this] { Q_EMIT cursorPositionChanged(); });
+        SetSelection(false);
+    });
 }
 
 void TZtCodeEdit::CMEnter()

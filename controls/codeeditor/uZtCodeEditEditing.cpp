@@ -25,10 +25,18 @@ bool IsTypeable(char16_t C)
 
 // --- shared steps --------------------------------------------------------------------------------
 
+// As many lines as are missing now: a handler may take each of them away again.
 void TZtCodeEdit::EnsureLine(int ALine)
 {
-    while (FLines->GetCount() <= ALine)
+    for (int missing = ALine + 1 - FLines->GetCount(); missing > 0; --missing)
         FLines->Add(QString());
+}
+
+// Raises when the caret's line would become too long by what is about to be put there.
+void TZtCodeEdit::CheckFits(qsizetype AMore) const
+{
+    const int length = FLinePos < FLines->GetCount() ? FLines->GetLength(FLinePos) : 0;
+    TStringList::CheckLength(std::max(length, FCharPos) + AMore);
 }
 
 bool TZtCodeEdit::SelectionReversed() const
@@ -79,30 +87,38 @@ void TZtCodeEdit::InsertText(TZtChangeType ChangeType, const QString &S)
     FSelStart = FSelEnd = QPoint(FCharPos, FLinePos);
     if (FSelStart.x() == -1)
         return;
+    CheckFits(text.size());
+    RunToEnd([&] {
+        FLines->GetRaised()->Run([&] { InsertLines(text); });
+        FUndoList->AddUndo(ChangeType, before, QPoint(FCharPos, FLinePos), before, QString());
+        Invalidate();
+    });
+}
+
+void TZtCodeEdit::InsertLines(const QString &S)
+{
     EnsureLine(FSelStart.y());
     if (FLines->GetLength(FSelStart.y()) < FSelStart.x())
         FLines->SetStrings(FSelStart.y(),
                            FLines->GetStrings(FSelStart.y()).leftJustified(FSelStart.x()));
 
     qsizetype start = 0;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        if (!IsBreak(text.at(i)))
+    for (qsizetype i = 0; i < S.size(); ++i) {
+        if (!IsBreak(S.at(i)))
             continue;
         const qsizetype end = i;
-        if (i + 1 < text.size() && IsBreak(text.at(i + 1)))
+        if (i + 1 < S.size() && IsBreak(S.at(i + 1)))
             ++i; // any two of them are one break, two CRs as well
-        InsertBreak(text.mid(start, end - start));
+        InsertBreak(S.mid(start, end - start));
         start = i + 1;
     }
-    if (start < text.size()) {
+    if (start < S.size()) {
         EnsureLine(FSelStart.y());
         FLines->EditStrings(FSelStart.y(), FLines->GetStrings(FSelStart.y()), [&](QString &line) {
-            line.insert(FSelStart.x(), QStringView(text).sliced(start));
+            line.insert(FSelStart.x(), QStringView(S).sliced(start));
         });
-        SetCharPos(FCharPos + int(text.size() - start));
+        SetCharPos(FCharPos + int(S.size() - start));
     }
-    FUndoList->AddUndo(ChangeType, before, QPoint(FCharPos, FLinePos), before, QString());
-    Invalidate();
 }
 
 // Splits the line at the selection's start; the piece before the break ends the first half.
@@ -127,13 +143,18 @@ void TZtCodeEdit::AddTxt(const QString &S)
     const QString text = S; // the host's events may change what was handed over
     const QPoint before(FCharPos, FLinePos);
     Changed();
-    if (text == QLatin1StringView("\r"))
-        BreakLine();
-    else
-        InsertInLine(text);
-    FUndoList->AddUndo(TZtChangeType::ctInsert, before, QPoint(FCharPos, FLinePos), before,
-                       QString());
-    Invalidate();
+    CheckFits(text.size());
+    RunToEnd([&] {
+        FLines->GetRaised()->Run([&] {
+            if (text == QLatin1StringView("\r"))
+                BreakLine();
+            else
+                InsertInLine(text);
+        });
+        FUndoList->AddUndo(TZtChangeType::ctInsert, before, QPoint(FCharPos, FLinePos), before,
+                           QString());
+        Invalidate();
+    });
 }
 
 void TZtCodeEdit::InsertInLine(const QString &S)
@@ -178,24 +199,32 @@ void TZtCodeEdit::DeleteSelected(TZtChangeType AChangeType, QString &Deleted)
     Deleted.clear();
     if (!SelectionGiven())
         return;
-    ClampSelectionEnd();
-    if (FSelStart.y() >= FLines->GetCount())
-        return; // the selection lies below the text
-    // Where "to the end of the line" starts a selection, the caret goes to where the text ends.
-    if (FSelStart.x() == ZtEndOfLine)
-        FSelStart.setX(FLines->GetLength(FSelStart.y()));
-    TZtUndoItem *item = nullptr;
-    if (AChangeType != TZtChangeType::ctNone)
-        item = FUndoList->AddUndo(AChangeType, FSelStart, FSelEnd, before, QString());
+    RunToEnd([&] {
+        ClampSelectionEnd();
+        if (FSelStart.y() >= FLines->GetCount())
+            return; // the selection lies below the text
+        // Where "to the end of the line" starts a selection, the caret goes to where the text ends.
+        if (FSelStart.x() == ZtEndOfLine)
+            FSelStart.setX(FLines->GetLength(FSelStart.y()));
+        Deleted = SelectedText();
+        if (AChangeType != TZtChangeType::ctNone)
+            FUndoList->AddUndo(AChangeType, FSelStart, FSelEnd, before, Deleted);
+        DeleteLines(AChangeType, Deleted);
+        Invalidate();
+    });
+}
+
+// Removes what an ordered selection holds.
+void TZtCodeEdit::DeleteLines(TZtChangeType AChangeType, const QString &ADeleted)
+{
     const QPoint start = FSelStart;
     const QPoint end = FSelEnd;
     QString first = FLines->GetStrings(start.y());
     const QString last = start.y() < end.y() ? FLines->GetStrings(end.y()) : QString();
-    Deleted = SelectedText();
     for (int i = start.y(); i < end.y(); ++i)
         FLines->Delete(start.y());
     if (AChangeType == TZtChangeType::ctCut)
-        ZtPlatform().SetClipboardText(Deleted);
+        Tell([&] { ZtPlatform().SetClipboardText(ADeleted); });
     FLines->EditStrings(start.y(), std::move(first), [&](QString &text) {
         const int column = qMax(start.x(), 0);
         if (start.y() == end.y())
@@ -206,12 +235,14 @@ void TZtCodeEdit::DeleteSelected(TZtChangeType AChangeType, QString &Deleted)
     FSelEnd = start;
     SetCharPos(start.x());
     SetLinePos(start.y());
-    if (item)
-        item->SetValue(Deleted);
-    Invalidate();
 }
 
 void TZtCodeEdit::BackSpaceSelected()
+{
+    RunToEnd([this] { BackSpaceAtCaret(); });
+}
+
+void TZtCodeEdit::BackSpaceAtCaret()
 {
     EnsureLine(FLinePos);
     QString line = FLines->GetStrings(FLinePos);
@@ -271,6 +302,7 @@ void TZtCodeEdit::JoinWithLineAbove(const QString &ALine)
     const int line = FLinePos;
     const QString above = FLines->GetStrings(line - 1);
     const int column = int(above.size());
+    TStringList::CheckLength(above.size() + ALine.size());
     FUndoList->AddUndo(TZtChangeType::ctDelete, QPoint(column, line - 1), QPoint(0, line),
                        QPoint(0, line), QStringLiteral("\r\n"));
     SetCharPos(column);

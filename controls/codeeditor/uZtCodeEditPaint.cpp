@@ -88,11 +88,26 @@ void TZtCodeEdit::HandOverPiece(QString &S)
     FParserColumn = 0;
 }
 
+void TZtCodeEdit::ParserSkipTo(const QString &AText)
+{
+    const TZtBufferSearch search(AText, TZtSearchFlag::sfDown | TZtSearchFlag::sfMatchCase);
+    const int count = FLines->GetCount();
+    if (FParserColumn > 0 && FParserLineNr <= count) { // in the middle of a line
+        const qsizetype at = search.Find(FLines->View(FParserLineNr - 1), FParserColumn);
+        FParserColumn = int(std::max<qsizetype>(at, 0));
+        if (at >= 0)
+            return;
+    }
+    while (FParserLineNr < count && search.Find(FLines->View(FParserLineNr), 0) < 0)
+        ++FParserLineNr;
+}
+
 void TZtCodeEdit::DarkenColor(TColor &Color, bool Apply, int Percent) const
 {
     if (!Apply)
         return;
-    const TColor rgb = ZtColorToRGB(Color, palette());
+    const bool system = (Color >> 24) == 0xFF;
+    const TColor rgb = system ? ZtColorToRGB(Color, palette()) : Color;
     Color = 0;
     for (int shift = 0; shift < 32; shift += 8)
         Color |= (((rgb >> shift) & 0xFF) * quint32(100 - Percent) / 100) << shift;
@@ -145,6 +160,10 @@ void TZtCodeEdit::PrepareParser()
     parser->OnGetNewBuffer = [editor = QPointer(this)](bool reset, QString &s) {
         return editor && editor->ParserGetNewBuffer(reset, s);
     };
+    parser->OnSkipTo = [editor = QPointer(this)](const QString &text) {
+        if (editor)
+            editor->ParserSkipTo(text);
+    };
 }
 
 void TZtCodeEdit::ComposeLines()
@@ -152,6 +171,9 @@ void TZtCodeEdit::ComposeLines()
     if (FVScrollBar->GetPosition() >= FLines->GetCount())
         return;
     PrepareParser();
+    const TZtLangParser *parser = FParser;
+    const TZtNotifier::THold lexing(*parser);
+    const THold hold(*this);
     TPaintPass pass;
     const bool reversed = Before(FSelEnd, FSelStart);
     pass.Begin = reversed ? FSelEnd : FSelStart;
@@ -161,7 +183,8 @@ void TZtCodeEdit::ComposeLines()
     pass.X = pass.Left;
     for (quint32 i = 0; i < pass.SystemColours.size(); ++i)
         pass.SystemColours[i] = ZtToQColor(ZtSystemColor(i), palette()).rgb();
-    while (pass.Row * FLineWidth < GetHeight()) {
+    // A handler may exchange the lexer; the paint that this asks for shows the whole text.
+    while (pass.Row * FLineWidth < GetHeight() && parser == GetParser()) {
         if (!FParser->GetNextToken(pass.Token, pass.Back, pass.Fore, pass.Style, pass.LineBreak))
             break;
         if (pass.LastLine != FParserLineNr)
@@ -200,7 +223,7 @@ void TZtCodeEdit::StartLine(TPaintPass &APass)
     if (FOnParserLineChange) {
         TColor back = APass.Back;
         TColor fore = APass.Fore;
-        if (FOnParserLineChange(FParserLineNr, back, fore)) {
+        if (Fire(FOnParserLineChange, FParserLineNr, back, fore)) {
             APass.LineColoured = true;
             APass.LineBack = back;
             APass.LineFore = fore;

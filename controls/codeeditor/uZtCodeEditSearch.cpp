@@ -49,8 +49,9 @@ void TZtCodeEdit::WMSearchReplaceDlg(TZtMessage &Message)
     FSearchDlg->GetRgOrigin()->SetItemIndex(0);
     if (SelLength() > 0)
         OfferSelection();
+    const THold hold(*this); // the editor may be deleted while the dialog is open
     const int result = FSearchDlg->ShowModal();
-    if (result != ResultOK && result != ResultReplaceAll)
+    if ((result != ResultOK && result != ResultReplaceAll) || IsAbandoned())
         return;
     TakeSearchOptions();
     FSearchOptions.ReplaceAll = result == ResultReplaceAll;
@@ -123,10 +124,8 @@ void TZtCodeEdit::WMSearchReplace(TZtMessage &)
 {
     if (!FSearchDlg && !FSearchGiven)
         return;
-    auto ended = qScopeGuard([editor = QPointer(this)] { // also by what the step raises
-        if (editor)
-            editor->EndReplaceAll();
-    });
+    const THold hold(*this); // it may be deleted while a box is open
+    auto ended = qScopeGuard([this] { EndReplaceAll(); }); // also by what the step raises
     QPoint match;
     if (!FindMatch(match)) {
         EndReplaceAll();
@@ -216,6 +215,7 @@ void TZtCodeEdit::SelectMatch(const QPoint &AMatch)
 bool TZtCodeEdit::ReplaceMatch(const QPoint &AMatch)
 {
     int answer = mrYes;
+    const quint64 revision = FLines->GetRevision();
     if (FSearchOptions.PromptOnReplace) {
         EndReplaceAll();
         const QString question =
@@ -223,7 +223,10 @@ bool TZtCodeEdit::ReplaceMatch(const QPoint &AMatch)
         answer = FSearchOptions.ReplaceAll ? ZtMsgBoxYesNoCancel(question, QString())
                                            : ZtMsgBoxYesNo(question, QString());
     }
-    if (answer == mrYes) {
+    if (IsAbandoned())
+        return false;
+    // The match may be another text now, when somebody changed it while the question was open.
+    if (answer == mrYes && FLines->GetRevision() == revision) {
         QString deleted;
         DeleteSelected(TZtChangeType::ctDelete, deleted);
         InsertText(TZtChangeType::ctPaste, FSearchOptions.ReplaceWith);

@@ -114,19 +114,20 @@ void TZtCodeEdit::WMCut(TZtMessage &)
 {
     QString text;
     DeleteSelected(TZtChangeType::ctCut, text);
-    ZtPlatform().SetClipboardText(text); // empties it when nothing was selected
+    Tell([&] { ZtPlatform().SetClipboardText(text); }); // empties it when nothing was selected
 }
 
 void TZtCodeEdit::WMCopy(TZtMessage &)
 {
     QString text;
     GetSelected(text);
-    ZtPlatform().SetClipboardText(text);
+    Tell([&] { ZtPlatform().SetClipboardText(text); });
 }
 
 void TZtCodeEdit::WMPaste(TZtMessage &)
 {
-    const QString text = ZtPlatform().ClipboardText();
+    QString text;
+    Tell([&] { text = ZtPlatform().ClipboardText(); });
     QString deleted;
     DeleteSelected(TZtChangeType::ctDelete, deleted);
     InsertText(TZtChangeType::ctPaste, text);
@@ -141,6 +142,12 @@ bool TZtCodeEdit::Dispatch(TZtMessage &Message)
         quint32 Msg;
         void (TZtCodeEdit::*Handle)(TZtMessage &Message);
     };
+    if (Message.Msg == quint32(TZtMsg::wmEraseBkgnd) ||
+        Message.Msg == quint32(TZtMsg::wmGetDlgCode)) {
+        Message.Result =
+            Message.Msg == quint32(TZtMsg::wmGetDlgCode) ? WMGetDlgCode() : WMEraseBkgnd();
+        return true;
+    }
     static constexpr std::array handlers = {
         THandler{quint32(TZtMsg::wmMouseWheel), &TZtCodeEdit::WMMouseWheel},
         THandler{quint32(TZtMsg::wmCut), &TZtCodeEdit::WMCut},

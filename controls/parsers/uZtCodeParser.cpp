@@ -24,6 +24,7 @@ void TZtLangParser::SetInputStream(QIODevice *AStream, bool)
 void TZtLangParser::Reset()
 {
     ResetScratch.clear();
+    const THold hold(*this);
     if (OnGetNewBuffer)
         OnGetNewBuffer(true, ResetScratch);
     else if (InputStream)
@@ -56,6 +57,7 @@ void TZtLangParser::LoadPushBuffer()
 void TZtLangParser::LoadFromCallback()
 {
     // The buffer itself is handed out, emptied, so that its memory serves the next line too.
+    const THold hold(*this);
     QString S = std::exchange(Buffer, QString());
     S.resize(0);
     BufferLength = 0;
@@ -77,6 +79,13 @@ void TZtLangParser::LoadFromStream()
         Buffer[BufferLength++] = u'\0';
     Buffer.resize(BufferLength);
     BufferPos = 0;
+}
+
+void TZtLangParser::AskToSkip(const QString &AEnd)
+{
+    // A last character that may be the first of the end's has to be looked at with what follows.
+    if (ReadCurrChar() != AEnd.front().unicode())
+        Fire(OnSkipTo, AEnd);
 }
 
 void TZtLangParser::PushInFront(char16_t C)
@@ -155,8 +164,7 @@ bool TZtLangParser::GetNextToken(QString &AToken, TColor &ABackGround, TColor &A
 void TZtLangParser::GetPaintInfo(const QString &AToken, TColor &ABackGround, TColor &ATextColor,
                                  TFontStyles &AFontStyle)
 {
-    if (OnPaintInfo)
-        OnPaintInfo(AToken, ABackGround, ATextColor, AFontStyle);
+    Fire(OnPaintInfo, AToken, ABackGround, ATextColor, AFontStyle);
 }
 
 QString TZtLangParser::GetLanguage() const { return QStringLiteral("<undefined language>"); }

@@ -2,6 +2,7 @@
 
 #include "uZtException.h"
 #include "uZtMethodDescription.h"
+#include "uZtNotifier.h"
 #include "uZtSet.h"
 #include "uZtTypes.h"
 
@@ -24,7 +25,12 @@ enum class TlngToken : quint8 { tUnknown, tLineBreak, tLine, tEndOfFile };
 /// With `AReset` true announces a restart; with false asks for the next piece of text in `S` and
 /// answers false when there is none. The editor's pieces are lines with their CR LF, a very long
 /// line in several. `S` arrives empty; it may keep the capacity of the piece before.
+/// It may do anything with the lexer but take itself away.
 using TZtOnGetNewBuffer = std::function<bool(bool AReset, QString &S)>;
+
+/// Makes the source go on with the piece that holds the next occurrence of `AText`, or be at its
+/// end when there is none.
+using TZtOnSkipTo = std::function<void(const QString &AText)>;
 
 /// Lets the application recolour a token.
 using TZtOnGetTokenPaintInfo = std::function<void(const QString &AToken, TColor &ABackGround,
@@ -39,7 +45,9 @@ using TZtTokenText = QVarLengthArray<char16_t, 128>;
 ///
 /// Characters are UTF-16 code units; 0 means the end of the input. One parser serves one editor at
 /// a time, on the thread of the user interface.
-class TZtLangParser : public QObject {
+///
+/// A handler may change the lexer, or delete it: it then goes when nobody lexes with it any more.
+class TZtLangParser : public QObject, public TZtNotifier {
     Q_OBJECT
     Q_PROPERTY(int LineNr READ GetLineNr)
     Q_PROPERTY(bool InRemark READ GetInRemark WRITE SetInRemark)
@@ -50,9 +58,13 @@ class TZtLangParser : public QObject {
 public:
     explicit TZtLangParser(QObject *AOwner = nullptr);
     ~TZtLangParser() override;
+    ZT_DELETE_WHEN_IDLE(TZtLangParser)
 
     /// The pull callback. It goes before the stream when both are there.
     TZtOnGetNewBuffer OnGetNewBuffer;
+    /// Asked by a lexer that is deep inside a token of many lines, whose text it then lacks. A source
+    /// that can search saves it from reading a text of megabytes for the end of a token.
+    TZtOnSkipTo OnSkipTo;
     /// Asked by `GetPaintInfo`.
     TZtOnGetTokenPaintInfo OnPaintInfo;
 
@@ -122,13 +134,26 @@ public:
     void SetLineKind(int Value) { LineKind = Value; }
 
 protected:
+    void Abandoned() override { setParent(nullptr); }
     /// Appends the characters of `ASet` that come next to `AText` and pushes the first other one
     /// back.
     void ReadRun(const TZtCharSet &ASet, TZtTokenText &AText);
+    /// To be called in a token over lines that ends with `AEnd`, after each of its characters: when
+    /// the token is long and its piece is used up, the source is asked to go on with the one that
+    /// holds the end.
+    void SkipTo(const QString &AEnd, qsizetype ATokenLength)
+    {
+        if (ATokenLength >= LongToken && BufferPos >= BufferLength && OnSkipTo)
+            AskToSkip(AEnd);
+    }
     /// Makes `AText` the token, in the memory that `AToken` has.
     static void SetToken(QString &AToken, const TZtTokenText &AText);
 
 private:
+    // More than can be in sight.
+    static constexpr qsizetype LongToken = 1 << 16;
+
+    void AskToSkip(const QString &AEnd);
     void LoadFromCallback();
     void LoadFromStream();
     void PushInFront(char16_t C);

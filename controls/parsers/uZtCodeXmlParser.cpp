@@ -101,6 +101,7 @@ TZtXmlToken TZtCodeXMLParser::ProcessingToken(QString &AToken)
             break;
         }
         AToken.append(QChar(C));
+        SkipTo(QStringLiteral("?"), AToken.size());
     } while (C != u'?');
     return vtProcessing;
 }
@@ -131,6 +132,7 @@ void TZtCodeXMLParser::ReadComment(QString &AToken)
     do {
         C = ReadChar();
         AToken.append(QChar(C));
+        SkipTo(QStringLiteral("-->"), AToken.size());
     } while (C != u'\0' && (C != u'-' || PeekString(2) != QLatin1String("->")));
     AToken.append(QChar(ReadChar()));
 }

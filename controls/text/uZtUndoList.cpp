@@ -18,25 +18,30 @@ void TZtUndoList::Undo()
 {
     if (FUndoList.empty())
         return;
-    const TZtUndoItem item = *FUndoList.back();
-    switch (item.GetChangeType()) {
-    case TZtChangeType::ctCut:
-    case TZtChangeType::ctDelete:
-        try {
-            PutBack(item);
-        } catch (const EStringListError &) {
-            FUndoList.pop_back(); // its line is gone: kept, it would bar the older items for ever
-            throw;
-        }
-        break;
-    case TZtChangeType::ctPaste:
-    case TZtChangeType::ctInsert:
-        TakeOut(item);
-        break;
-    case TZtChangeType::ctNone:
+    if (FUndoList.back()->GetChangeType() == TZtChangeType::ctNone)
         throw EZtException(QStringLiteral("This undo-action has not yet been implemented!"));
-    }
+    auto item = std::move(FUndoList.back());
     FUndoList.pop_back();
+    const quint64 revision = FOwner->GetLines()->GetRevision();
+    try {
+        FOwner->RunToEnd([&] { Apply(*item); });
+    } catch (const EStringListError &) {
+        throw; // its line is gone: kept, it would bar the older items for ever
+    } catch (...) {
+        if (FOwner->GetLines()->GetRevision() == revision)
+            FUndoList.push_back(std::move(item));
+        throw;
+    }
+}
+
+void TZtUndoList::Apply(const TZtUndoItem &AItem)
+{
+    const bool removed = AItem.GetChangeType() == TZtChangeType::ctCut ||
+                         AItem.GetChangeType() == TZtChangeType::ctDelete;
+    if (removed)
+        PutBack(AItem);
+    else
+        TakeOut(AItem);
 }
 
 void TZtUndoList::PutBack(const TZtUndoItem &AItem)

@@ -4,6 +4,7 @@
 #include <QString>
 
 #include <deque>
+#include <functional>
 #include <memory>
 
 class TStringList;
@@ -20,6 +21,8 @@ public:
     virtual void SetLinePos(int Value) = 0;
     virtual void SetSelStart(const QPoint &P) = 0;
     virtual void SetSelEnd(const QPoint &P) = 0;
+    /// Runs a change to its end whatever handlers raise meanwhile; the first of it is raised then.
+    virtual void RunToEnd(const std::function<void()> &AStep) = 0;
     /// Removes the selected text and returns it; with `ctNone` nothing is recorded.
     virtual void DeleteSelected(TZtChangeType AChangeType, QString &Deleted) = 0;
 };
@@ -59,11 +62,12 @@ public:
     /// Records a change; beyond 100 items the oldest is dropped. The list owns the item.
     TZtUndoItem *AddUndo(TZtChangeType AChangeType, const QPoint &AStartPos, const QPoint &AEndPos,
                          const QPoint &ACaretPos, const QString &AValue);
-    /// Takes the newest change back and removes it; nothing happens on an empty list.
+    /// Takes the newest change back; nothing happens on an empty list. Its item leaves the list
+    /// first, so that an undo from inside a handler takes back the change before.
     ///
     /// The recorded positions are used as they are. Where the line of a removed text does not
-    /// exist any more, `EStringListError` is raised and the item is gone; a `ctNone` item raises
-    /// and stays.
+    /// exist any more, `EStringListError` is raised and the item is gone. An item whose undo a
+    /// handler has prevented by raising stays, and so does a `ctNone` item, which raises.
     void Undo();
 
     int GetCount() const { return int(FUndoList.size()); }
@@ -72,6 +76,7 @@ public:
     int GetMaxUndo() const { return FMaxUndo; }
 
 private:
+    void Apply(const TZtUndoItem &AItem);
     void PutBack(const TZtUndoItem &AItem);
     void TakeOut(const TZtUndoItem &AItem);
 

@@ -29,6 +29,8 @@ void TZtTextPainter::SetFont(const QFont &AFont)
         return;
     FFont = AFont;
     FMeasured = true;
+    FFontStyle.setFlag(TFontStyle::fsUnderline, FFont.underline());
+    FFontStyle.setFlag(TFontStyle::fsStrikeOut, FFont.strikeOut());
     const QFontMetrics metrics(FFont);
     FCharWidth = metrics.horizontalAdvance(QStringLiteral("X"));
     FLineHeight = metrics.height();
@@ -47,6 +49,8 @@ TZtTextPainter::TFace &TZtTextPainter::Face(TFontStyles AStyle)
         face.Font = FFont;
         face.Font.setBold(bold || FFont.bold());
         face.Font.setItalic(italic || FFont.italic());
+        face.Font.setUnderline(false); // lines are drawn under the whole text
+        face.Font.setStrikeOut(false);
         face.Raw = QRawFont::fromFont(face.Font);
         face.Run.setRawFont(face.Raw);
         for (char32_t C = 0; C < 256; ++C)
@@ -97,7 +101,7 @@ void TZtTextPainter::Begin(QPainter &APainter, int ATop, const QColor &AColor, T
 {
     APainter.setPen(AColor);
     FFace = &Face(AStyle);
-    FStyle = AStyle;
+    FStyle = AStyle | FFontStyle;
     FTop = ATop;
     FGlyphs.clear();
     FPositions.clear();

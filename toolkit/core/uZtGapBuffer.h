@@ -23,10 +23,15 @@ public:
     T &operator[](qsizetype i) { return FItems[i < FGapStart ? i : i + FGapEnd - FGapStart]; }
     const T &operator[](qsizetype i) const { return const_cast<TZtGapBuffer &>(*this)[i]; }
 
-    void insert(qsizetype i, const T &item)
+    /// Makes room for one more item, so that the next insertion does not raise.
+    void reserveOne()
     {
         if (FGapStart == FGapEnd)
             Grow(FCapacity + FCapacity / 4 + 64);
+    }
+    void insert(qsizetype i, const T &item)
+    {
+        reserveOne();
         MoveGap(i);
         FItems[FGapStart++] = item;
     }

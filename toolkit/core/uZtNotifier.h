@@ -48,8 +48,9 @@ protected:
         return handler(std::forward<TArguments>(AArguments)...);
     }
 
-    /// Called once when the object is deleted while it is busy: it takes itself out of sight.
-    virtual void Abandoned() {}
+    /// Called when the object is deleted while it is busy: it takes itself out of sight, and away
+    /// from a parent that is about to go.
+    virtual void Abandoned() = 0;
 
     /// What a class that is derived from this one, and not from another one that does so, makes its
     /// `delete` do.
@@ -62,8 +63,8 @@ protected:
             ::operator delete(memory);
             return;
         }
-        if (!std::exchange(notifier->FAbandoned, true))
-            notifier->Abandoned();
+        notifier->FAbandoned = true;
+        notifier->Abandoned();
         AObject->deleteLater();
     }
 
@@ -72,14 +73,16 @@ private:
     bool FAbandoned = false;
 };
 
-/// Declares the `delete` of a class derived from `TZtNotifier`. The second one frees the memory of
-/// an object whose constructor has raised.
+/// Declares the `delete` of a class derived from `TZtNotifier`. The others are those of every class:
+/// the memory of an object whose constructor has raised goes through them.
 #define ZT_DELETE_WHEN_IDLE(T)                                                                     \
     static void operator delete(T *AObject, std::destroying_delete_t)                              \
     {                                                                                              \
         DeleteWhenIdle(AObject);                                                                   \
     }                                                                                              \
-    static void operator delete(void *AMemory) { ::operator delete(AMemory); }
+    static void operator delete(void *AMemory) { ::operator delete(AMemory); }                     \
+    static void *operator new(std::size_t ASize) { return ::operator new(ASize); }                 \
+    static void *operator new(std::size_t, void *AMemory) noexcept { return AMemory; }
 
 /// Keeps the first exception of several steps that are all to be run, to be raised after them.
 class TZtFirstException {
@@ -97,10 +100,19 @@ public:
         if (!FException)
             FException = std::move(AException);
     }
+    bool IsRaised() const { return FException != nullptr; }
     void Raise()
     {
         if (FException)
             std::rethrow_exception(std::exchange(FException, nullptr));
+    }
+    /// Hands it over to `AOuter`, or raises it when that is null.
+    void RaiseInto(TZtFirstException *AOuter)
+    {
+        if (!AOuter)
+            Raise();
+        else if (FException)
+            AOuter->Keep(std::exchange(FException, nullptr));
     }
 
 private:

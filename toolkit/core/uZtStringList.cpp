@@ -11,20 +11,6 @@ namespace {
 
 constexpr qsizetype BlockSize = 1 << 20;
 
-// No branch in the loop, so that the compiler makes wide comparisons of it.
-bool IsLatin1(QStringView S)
-{
-    char16_t all = 0;
-    for (const QChar C : S)
-        all |= C.unicode();
-    return all < 256;
-}
-
-void Narrow(QStringView S, char *ATo)
-{
-    std::transform(S.begin(), S.end(), ATo, [](QChar C) { return char(C.unicode()); });
-}
-
 template <typename TEmit> void ForEachLine(QStringView S, TEmit AEmit)
 {
     qsizetype start = 0;
@@ -44,9 +30,101 @@ template <typename TEmit> void ForEachLine(QStringView S, TEmit AEmit)
 
 } // namespace
 
+// Between construction and destruction lies one change of the list, whatever is raised in between.
+class TStringList::TUpdate {
+public:
+    explicit TUpdate(TStringList &AList) : FList(AList) { FList.BeginUpdate(); }
+    ~TUpdate()
+    {
+        if (!FEnded)
+            --FList.FUpdateCount; // what was raised is the news
+    }
+    TUpdate(const TUpdate &) = delete;
+    TUpdate &operator=(const TUpdate &) = delete;
+    void End()
+    {
+        FEnded = true;
+        FList.EndUpdate();
+    }
+
+private:
+    TStringList &FList;
+    bool FEnded = false;
+};
+
+// --- the text in memory --------------------------------------------------------------------------
+
+QAnyStringView TStringList::TLine::View() const
+{
+    if (!Wide)
+        return QLatin1StringView(Latin1(), qsizetype(Length));
+    return IsOwned() ? QStringView(Owned()) : QStringView(Utf16(), qsizetype(Length));
+}
+
+void TStringList::TText::Clear()
+{
+    for (qsizetype i = 0; i < Lines.size(); ++i)
+        if (Lines[i].IsOwned())
+            delete &Lines[i].Owned();
+    Lines.clear();
+    Blocks.clear();
+    Free = nullptr;
+    FreeSize = 0;
+}
+
+void TStringList::TText::Swap(TText &AOther)
+{
+    Lines.swap(AOther.Lines);
+    Blocks.swap(AOther.Blocks);
+    std::swap(Free, AOther.Free);
+    std::swap(FreeSize, AOther.FreeSize);
+}
+
+char *TStringList::TText::Allocate(qsizetype ASize)
+{
+    ASize = (ASize + 1) & ~qsizetype(1); // keeps the next one's address even
+    if (ASize > FreeSize) {
+        const qsizetype size = std::max(ASize, BlockSize);
+        Blocks.emplace_back(size, Qt::Uninitialized);
+        Free = Blocks.back().data();
+        FreeSize = size;
+    }
+    FreeSize -= ASize;
+    return std::exchange(Free, Free + ASize);
+}
+
+void TStringList::TText::AppendView(const void *AText, qsizetype ALength, bool AWide)
+{
+    CheckLength(ALength);
+    if (Lines.size() == MaxLength)
+        throw EStringListError(QStringLiteral("A text holds at most %1 lines.").arg(MaxLength));
+    Lines.append({reinterpret_cast<quintptr>(AText), quint32(ALength), AWide, 0});
+}
+
+// As one byte a character where that is enough.
+void TStringList::TText::AppendCopy(QStringView S)
+{
+    if (QtPrivate::isLatin1(S)) {
+        char *to = Allocate(S.size());
+        QStringEncoder(QStringEncoder::Latin1).appendToBuffer(to, S);
+        AppendView(to, S.size(), false);
+    } else {
+        char *to = Allocate(S.size() * 2);
+        std::memcpy(to, S.data(), size_t(S.size()) * 2);
+        AppendView(to, S.size(), true);
+    }
+}
+
+void TStringList::TText::AppendCopy(QLatin1StringView S)
+{
+    char *to = Allocate(S.size());
+    std::copy(S.begin(), S.end(), to);
+    AppendView(to, S.size(), false);
+}
+
 TStringList::TStringList(QObject *AOwner) : QObject(AOwner) {}
 
-TStringList::~TStringList() { FreeLines(); }
+TStringList::~TStringList() = default;
 
 const TStringList::TLine &TStringList::Line(int Index) const
 {
@@ -55,81 +133,31 @@ const TStringList::TLine &TStringList::Line(int Index) const
             QStringLiteral("There is no line with the index %1 (the list holds %2).")
                 .arg(Index)
                 .arg(GetCount()));
-    return FLines[Index];
+    return FText.Lines[Index];
 }
 
-QAnyStringView TStringList::ViewOf(const TLine &ALine)
+void TStringList::CheckLength(qsizetype ALength)
 {
-    switch (TStore(ALine.Store)) {
-    case TStore::Latin1:
-        return QLatin1StringView(ALine.Latin1, qsizetype(ALine.Length));
-    case TStore::Utf16:
-        return QStringView(ALine.Utf16, qsizetype(ALine.Length));
-    case TStore::Owned:
-        break;
-    }
-    return *ALine.Owned;
+    if (ALength > MaxLength)
+        throw EStringListError(
+            QStringLiteral("A line of %1 characters is too long; it may have %2.")
+                .arg(ALength)
+                .arg(MaxLength));
+}
+
+// Whether a line can be inserted at the index.
+void TStringList::CheckRoom(int Index) const
+{
+    if (Index != GetCount())
+        Line(Index);
+    if (GetCount() == MaxLength)
+        throw EStringListError(QStringLiteral("A text holds at most %1 lines.").arg(MaxLength));
 }
 
 TStringList::TLine TStringList::NewLine(QString S, int AObject)
 {
-    TLine line;
-    line.Length = quint32(S.size());
-    line.Owned = new QString(std::move(S));
-    line.Store = quint32(TStore::Owned);
-    line.Object = AObject;
-    return line;
-}
-
-void TStringList::FreeLine(const TLine &ALine)
-{
-    if (TStore(ALine.Store) == TStore::Owned)
-        delete ALine.Owned;
-}
-
-void TStringList::FreeLines()
-{
-    for (int i = 0; i < GetCount(); ++i)
-        FreeLine(FLines[i]);
-    FLines.clear();
-    FBlocks.clear();
-    FFree = nullptr;
-    FFreeSize = 0;
-}
-
-QString TStringList::GetStrings(int Index) const
-{
-    const TLine &line = Line(Index);
-    return TStore(line.Store) == TStore::Owned ? *line.Owned : ViewOf(line).toString();
-}
-
-void TStringList::SetStrings(int Index, const QString &S)
-{
-    Line(Index);
-    Changing();
-    Put(FLines[Index], S);
-    Changed();
-}
-
-void TStringList::EditStrings(int Index, QString &&S, const std::function<void(QString &)> &AEdit)
-{
-    Line(Index);
-    Changing();
-    QString text = std::move(S);
-    TLine &line = FLines[Index];
-    const bool held =
-        TStore(line.Store) == TStore::Owned && line.Owned->constData() == text.constData();
-    if (held)
-        line.Owned->clear();
-    try {
-        AEdit(text);
-    } catch (...) {
-        if (held)
-            Put(line, std::move(text));
-        throw;
-    }
-    Put(line, std::move(text));
-    Changed();
+    const auto length = quint32(S.size());
+    return {reinterpret_cast<quintptr>(new QString(std::move(S))) | 1, length, 1, AObject};
 }
 
 void TStringList::Put(TLine &ALine, QString S)
@@ -138,12 +166,50 @@ void TStringList::Put(TLine &ALine, QString S)
     constexpr qsizetype worthIt = 4096;
     if (S.capacity() > worthIt && S.capacity() / 4 > S.size())
         S.squeeze();
-    if (TStore(ALine.Store) != TStore::Owned) {
+    if (!ALine.IsOwned()) {
         ALine = NewLine(std::move(S), ALine.Object);
         return;
     }
     ALine.Length = quint32(S.size());
-    *ALine.Owned = std::move(S);
+    ALine.Owned() = std::move(S);
+}
+
+// --- lines ---------------------------------------------------------------------------------------
+
+QString TStringList::GetStrings(int Index) const
+{
+    const TLine &line = Line(Index);
+    return line.IsOwned() ? line.Owned() : line.View().toString();
+}
+
+void TStringList::SetStrings(int Index, const QString &S)
+{
+    Line(Index);
+    CheckLength(S.size());
+    Changing();
+    Line(Index); // a handler may have taken it away
+    Put(FText.Lines[Index], S);
+    Changed();
+}
+
+void TStringList::EditStrings(int Index, QString &&S, const std::function<void(QString &)> &AEdit)
+{
+    Line(Index);
+    Changing();
+    const TLine &line = Line(Index);
+    QString text = std::move(S);
+    const bool held = line.IsOwned() && line.Owned().constData() == text.constData();
+    if (held)
+        line.Owned().clear();
+    TZtFirstException raised;
+    raised.Run([&] { AEdit(text); });
+    Q_ASSERT_X(text.size() <= MaxLength, "EditStrings", "the line has become too long");
+    text.truncate(MaxLength);
+    Line(Index);
+    if (held || !raised.IsRaised())
+        Put(FText.Lines[Index], std::move(text));
+    raised.Raise();
+    Changed();
 }
 
 int TStringList::GetObjects(int Index) const { return Line(Index).Object; }
@@ -152,23 +218,24 @@ void TStringList::SetObjects(int Index, int AObject)
 {
     Line(Index);
     Changing();
-    FLines[Index].Object = AObject;
-    Changed();
+    Line(Index);
+    FText.Lines[Index].Object = AObject;
+    Changed(false);
 }
 
 int TStringList::GetLength(int Index) const { return int(Line(Index).Length); }
 
-QAnyStringView TStringList::View(int Index) const { return ViewOf(Line(Index)); }
+QAnyStringView TStringList::View(int Index) const { return Line(Index).View(); }
 
 void TStringList::AppendTo(int Index, int AFrom, int ACount, QString &S) const
 {
     const TLine &line = Line(Index);
-    if (TStore(line.Store) == TStore::Latin1)
-        S.append(QLatin1StringView(line.Latin1 + AFrom, ACount));
-    else if (TStore(line.Store) == TStore::Utf16)
-        S.append(QStringView(line.Utf16 + AFrom, ACount));
+    if (!line.Wide)
+        S.append(QLatin1StringView(line.Latin1() + AFrom, ACount));
+    else if (line.IsOwned())
+        S.append(QStringView(line.Owned()).sliced(AFrom, ACount));
     else
-        S.append(QStringView(*line.Owned).sliced(AFrom, ACount));
+        S.append(QStringView(line.Utf16() + AFrom, ACount));
 }
 
 int TStringList::AddObject(const QString &S, int AObject)
@@ -180,10 +247,12 @@ int TStringList::AddObject(const QString &S, int AObject)
 
 void TStringList::InsertObject(int Index, const QString &S, int AObject)
 {
-    if (Index != GetCount())
-        Line(Index);
+    CheckRoom(Index);
+    CheckLength(S.size());
     Changing();
-    FLines.insert(Index, NewLine(S, AObject));
+    CheckRoom(Index);
+    FText.Lines.reserveOne();
+    FText.Lines.insert(Index, NewLine(S, AObject));
     Changed();
 }
 
@@ -191,17 +260,21 @@ void TStringList::Delete(int Index)
 {
     Line(Index);
     Changing();
-    FreeLine(FLines[Index]);
-    FLines.remove(Index);
+    const TLine &line = Line(Index);
+    if (line.IsOwned())
+        delete &line.Owned();
+    FText.Lines.remove(Index);
     Changed();
 }
+
+// --- the whole text ------------------------------------------------------------------------------
 
 void TStringList::Clear()
 {
     if (GetCount() == 0)
         return;
     Changing();
-    FreeLines();
+    FText.Clear();
     Changed();
 }
 
@@ -209,18 +282,27 @@ void TStringList::Assign(const TStringList *Source)
 {
     if (!Source || Source == this)
         return;
-    BeginUpdate();
-    Clear();
-    for (int i = 0; i < Source->GetCount(); ++i)
-        AddObject(Source->GetStrings(i), Source->GetObjects(i));
-    EndUpdate();
+    TText text;
+    for (int i = 0; i < Source->GetCount(); ++i) {
+        Source->View(i).visit([&](auto view) { text.AppendCopy(view); });
+        text.Lines[i].Object = Source->GetObjects(i);
+    }
+    Replace(text);
+}
+
+// Exchanges the lines for those of a text that is complete.
+void TStringList::Replace(TText &AText)
+{
+    TUpdate update(*this);
+    FText.Swap(AText);
+    update.End();
 }
 
 QString TStringList::GetText() const
 {
     qsizetype size = 0;
     for (int i = 0; i < GetCount(); ++i)
-        size += FLines[i].Length + 2;
+        size += qsizetype(FText.Lines[i].Length) + 2;
     QString text;
     text.reserve(size);
     for (int i = 0; i < GetCount(); ++i) {
@@ -230,68 +312,30 @@ QString TStringList::GetText() const
     return text;
 }
 
-char *TStringList::Allocate(qsizetype ASize)
-{
-    if (ASize > FFreeSize) {
-        const qsizetype size = std::max(ASize, BlockSize);
-        FBlocks.emplace_back(size, Qt::Uninitialized);
-        FFree = FBlocks.back().data();
-        FFreeSize = size;
-    }
-    FFreeSize -= ASize;
-    return std::exchange(FFree, FFree + ASize);
-}
-
-void TStringList::AppendLoaded(QStringView S)
-{
-    TLine line;
-    line.Length = quint32(S.size());
-    line.Object = 0;
-    if (IsLatin1(S)) {
-        char *to = Allocate((S.size() + 1) & ~qsizetype(1)); // keeps the next one aligned
-        Narrow(S, to);
-        line.Latin1 = to;
-        line.Store = quint32(TStore::Latin1);
-    } else {
-        char *to = Allocate(S.size() * 2);
-        std::memcpy(to, S.data(), size_t(S.size()) * 2);
-        line.Utf16 = reinterpret_cast<const char16_t *>(to);
-        line.Store = quint32(TStore::Utf16);
-    }
-    FLines.append(line);
-}
-
 void TStringList::SetText(const QString &S)
 {
-    BeginUpdate();
-    Clear();
-    ForEachLine(S, [this](QStringView line) { AppendLoaded(line); });
-    EndUpdate();
+    TText text;
+    ForEachLine(S, [&](QStringView line) { text.AppendCopy(line); });
+    Replace(text);
 }
 
 void TStringList::SetUtf8Text(const QByteArray &ABytes, qsizetype AFrom)
 {
-    BeginUpdate();
-    Clear();
-    FBlocks.push_back(ABytes);
+    TText text;
+    text.Blocks.push_back(ABytes);
     ZtForEachLine(ABytes.constData() + AFrom, ABytes.size() - AFrom,
-                  [this](const char *start, qsizetype length, bool ascii) {
-                      if (!ascii) {
-                          QStringDecoder decode(QStringDecoder::Utf8,
-                                                QStringDecoder::Flag::Stateless |
-                                                    QStringDecoder::Flag::ConvertInitialBom);
-                          AppendLoaded(QString(decode(QByteArrayView(start, length))));
-                          return;
-                      }
-                      TLine line;
-                      line.Latin1 = start;
-                      line.Length = quint32(length);
-                      line.Store = quint32(TStore::Latin1);
-                      line.Object = 0;
-                      FLines.append(line);
+                  [&](const char *start, qsizetype length, bool ascii) {
+                      if (ascii)
+                          return text.AppendView(start, length, false);
+                      QStringDecoder decode(QStringDecoder::Utf8,
+                                            QStringDecoder::Flag::Stateless |
+                                                QStringDecoder::Flag::ConvertInitialBom);
+                      text.AppendCopy(QString(decode(QByteArrayView(start, length))));
                   });
-    EndUpdate();
+    Replace(text);
 }
+
+// --- events --------------------------------------------------------------------------------------
 
 void TStringList::BeginUpdate()
 {
@@ -307,12 +351,22 @@ void TStringList::EndUpdate()
 
 void TStringList::Changing()
 {
-    if (FUpdateCount == 0 && OnChanging)
-        OnChanging(this);
+    if (FUpdateCount == 0)
+        Tell(OnChanging);
 }
 
-void TStringList::Changed()
+void TStringList::Changed(bool AStrings)
 {
-    if (FUpdateCount == 0 && OnChange)
-        OnChange(this);
+    FRevision += AStrings;
+    if (FUpdateCount == 0)
+        Tell(OnChange);
+}
+
+void TStringList::Tell(const TNotifyEvent &AHandler)
+{
+    TZtFirstException *const raised = std::exchange(FRaised, nullptr);
+    TZtFirstException own;
+    own.Run([&] { Fire(AHandler, this); });
+    FRaised = raised;
+    own.RaiseInto(raised);
 }

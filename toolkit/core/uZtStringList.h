@@ -2,6 +2,7 @@
 
 #include "uZtException.h"
 #include "uZtGapBuffer.h"
+#include "uZtNotifier.h"
 
 #include <QAnyStringView>
 #include <QByteArray>
@@ -9,6 +10,7 @@
 #include <QString>
 
 #include <functional>
+#include <limits>
 #include <vector>
 
 using TNotifyEvent = std::function<void(QObject *Sender)>;
@@ -23,7 +25,12 @@ using TNotifyEvent = std::function<void(QObject *Sender)>;
 /// Every change of a string, of an object slot or of the count fires `OnChanging` before it and
 /// `OnChange` after it, also a store of an equal value; between `BeginUpdate` and `EndUpdate` each
 /// fires once for all of them.
-class TStringList : public QObject {
+///
+/// A handler may change the list. What `OnChanging` raises prevents the change; an index that it
+/// made invalid raises `EStringListError` then. What `OnChange` raises comes after the change.
+/// A line holds at most `MaxLength` units and a list as many lines; more of either raises
+/// `EStringListError`. Whatever a whole-text operation raises, the text is then as it was.
+class TStringList : public QObject, public TZtNotifier {
     Q_OBJECT
     Q_PROPERTY(int Count READ GetCount)
     Q_PROPERTY(QString Text READ GetText WRITE SetText)
@@ -31,11 +38,19 @@ class TStringList : public QObject {
 public:
     explicit TStringList(QObject *AOwner = nullptr);
     ~TStringList() override;
+    ZT_DELETE_WHEN_IDLE(TStringList)
+
+    static constexpr int MaxLength = std::numeric_limits<int>::max();
 
     TNotifyEvent OnChanging;
     TNotifyEvent OnChange;
 
-    int GetCount() const { return int(FLines.size()); }
+    /// Raises when a line cannot have so many units.
+    static void CheckLength(qsizetype ALength);
+
+    int GetCount() const { return int(FText.Lines.size()); }
+    /// Another number after every change of a string or of the count.
+    quint64 GetRevision() const { return FRevision; }
 
     QString GetStrings(int Index) const;
     /// Replaces a string; its object slot stays.
@@ -80,34 +95,60 @@ public:
     void BeginUpdate();
     void EndUpdate();
 
+    /// While set, what the handlers raise is kept there and ends no change; null for raising it.
+    /// It is null while a handler runs: what a handler begins is an operation of its own.
+    TZtFirstException *GetRaised() const { return FRaised; }
+    void SetRaised(TZtFirstException *Value) { FRaised = Value; }
+
+protected:
+    void Abandoned() override { setParent(nullptr); }
+
 private:
-    // Where a line's characters are. Only an edited line owns a string; the others are views.
-    enum class TStore : quint32 { Latin1, Utf16, Owned };
+    class TUpdate;
+    // A line's characters are a view into a block, one byte or two each; an edited line owns a
+    // string.
     struct TLine {
-        union {
-            const char *Latin1;
-            const char16_t *Utf16;
-            QString *Owned;
-        };
-        quint32 Length : 30;
-        quint32 Store : 2;
+        quintptr Text; // of an owned string with the lowest bit set
+        quint32 Length : 31;
+        quint32 Wide : 1; // not one byte a character
         int Object;
+
+        bool IsOwned() const { return Wide && (Text & 1); }
+        QString &Owned() const { return *reinterpret_cast<QString *>(Text & ~quintptr(1)); }
+        const char *Latin1() const { return reinterpret_cast<const char *>(Text); }
+        const char16_t *Utf16() const { return reinterpret_cast<const char16_t *>(Text); }
+        QAnyStringView View() const;
+    };
+    // The lines, and the memory that those which own nothing look into.
+    struct TText {
+        TText() = default;
+        TText(const TText &) = delete;
+        TText &operator=(const TText &) = delete;
+        ~TText() { Clear(); }
+        void Clear();
+        void Swap(TText &AOther);
+        void AppendView(const void *AText, qsizetype ALength, bool AWide);
+        void AppendCopy(QStringView S);
+        void AppendCopy(QLatin1StringView S);
+        void AppendCopy(QUtf8StringView S) { AppendCopy(QStringView(S.toString())); }
+        char *Allocate(qsizetype ASize);
+
+        TZtGapBuffer<TLine> Lines;
+        std::vector<QByteArray> Blocks;
+        char *Free = nullptr;
+        qsizetype FreeSize = 0;
     };
     const TLine &Line(int Index) const;
     static void Put(TLine &ALine, QString S);
-    void Changing();
-    void Changed();
-    void FreeLines();
-    char *Allocate(qsizetype ASize);
-    void AppendLoaded(QStringView S);
-    static void FreeLine(const TLine &ALine);
     static TLine NewLine(QString S, int AObject);
-    static QAnyStringView ViewOf(const TLine &ALine);
+    void CheckRoom(int Index) const;
+    void Replace(TText &AText);
+    void Changing();
+    void Changed(bool AStrings = true);
+    void Tell(const TNotifyEvent &AHandler);
 
-    TZtGapBuffer<TLine> FLines;
-    // The memory that the lines which own nothing look into; freed when the list is cleared.
-    std::vector<QByteArray> FBlocks;
-    char *FFree = nullptr;
-    qsizetype FFreeSize = 0;
+    TText FText;
     int FUpdateCount = 0;
+    quint64 FRevision = 0;
+    TZtFirstException *FRaised = nullptr;
 };

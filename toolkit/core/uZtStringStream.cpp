@@ -1,6 +1,7 @@
 #include "uZtStringStream.h"
 
 #include "uZtException.h"
+#include "uZtLineScan.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -51,9 +52,6 @@ bool IsWide(TZtEncoding AEncoding)
 {
     return AEncoding != TZtEncoding::teUtf8 && AEncoding != TZtEncoding::teWindows1252;
 }
-
-char16_t CodeOf(char C) { return uchar(C); }
-char16_t CodeOf(QChar C) { return C.unicode(); }
 
 bool IsBigEndian(TZtEncoding AEncoding)
 {
@@ -106,44 +104,9 @@ bool LooksLikeUtf16(QByteArrayView ABytes, bool ABigEndian)
     return units < 64 ? high == units && low == 0 : high * 10 >= units * 4 && low * 20 <= high;
 }
 
-struct TLineEndingCount {
-    qsizetype Lf = 0;
-    qsizetype Cr = 0;
-    qsizetype CrLf = 0;
-};
-
-// Counters as narrow as the characters let the compiler compare many at once; a chunk is short
-// enough for them.
-template <typename T> TLineEndingCount CountLineEndings(const T *AText, qsizetype ASize)
-{
-    TLineEndingCount count;
-    const qsizetype pairs = std::max<qsizetype>(ASize - 1, 0);
-    for (qsizetype from = 0; from < pairs; from += 255) {
-        const qsizetype to = std::min<qsizetype>(from + 255, pairs);
-        T lf = 0;
-        T cr = 0;
-        T crLf = 0;
-        for (qsizetype i = from; i < to; ++i) {
-            lf = T(lf + (AText[i] == '\n'));
-            cr = T(cr + (AText[i] == '\r'));
-            crLf = T(crLf + ((AText[i] == '\r') & (AText[i + 1] == '\n')));
-        }
-        count.Lf += lf;
-        count.Cr += cr;
-        count.CrLf += crLf;
-    }
-    if (ASize > 0) {
-        count.Lf += AText[ASize - 1] == '\n';
-        count.Cr += AText[ASize - 1] == '\r';
-    }
-    count.Lf -= count.CrLf;
-    count.Cr -= count.CrLf;
-    return count;
-}
-
 template <typename T> void SetLineEndings(TZtTextFormat &AFormat, const T *AText, qsizetype ASize)
 {
-    const TLineEndingCount count = CountLineEndings(AText, ASize);
+    const TZtBreakCount count = ZtCountBreaks(AText, ASize);
     const qsizetype most = std::max({count.CrLf, count.Lf, count.Cr});
     if (most == 0 || most == count.Lf)
         AFormat.LineEnding = TZtLineEnding::leLf;
@@ -353,9 +316,8 @@ void TZtTextEncoder::AddLine(QAnyStringView ALine)
 {
     if (FLine > 0)
         FBytes.append(FLineBreak);
-    const bool ascii = !IsWide(FFormat.Encoding) && ALine.visit([this](auto view) {
-        return AppendAscii(view.data(), view.size());
-    });
+    const bool ascii =
+        !IsWide(FFormat.Encoding) && ALine.visit([this](auto view) { return AppendAscii(view); });
     if (!ascii) {
         const QString line = ALine.toString();
         Append(line);
@@ -371,21 +333,22 @@ QByteArray TZtTextEncoder::Finish()
 }
 
 // Appends a text of nothing but ASCII, which most lines are; otherwise nothing.
-template <typename T> bool TZtTextEncoder::AppendAscii(const T *AText, qsizetype ASize)
+bool TZtTextEncoder::AppendAscii(QLatin1StringView S)
 {
+    if (!QtPrivate::isAscii(S))
+        return false;
+    FBytes.append(S.data(), S.size());
+    return true;
+}
+
+bool TZtTextEncoder::AppendAscii(QStringView S)
+{
+    if (!QtPrivate::isAscii(S))
+        return false;
     const qsizetype at = FBytes.size();
-    FBytes.resize(at + ASize);
-    char *to = FBytes.data() + at;
-    char16_t all = 0;
-    for (qsizetype i = 0; i < ASize; ++i) {
-        const auto C = CodeOf(AText[i]);
-        all = char16_t(all | C);
-        to[i] = char(C);
-    }
-    if (all < 0x80)
-        return true;
-    FBytes.truncate(at);
-    return false;
+    FBytes.resize(at + S.size());
+    QStringEncoder(QStringEncoder::Latin1).appendToBuffer(FBytes.data() + at, S);
+    return true;
 }
 
 void TZtTextEncoder::Lose(qsizetype AColumn, char32_t AChar)

@@ -111,7 +111,9 @@ public:
 
 private:
     void Lose(qsizetype AColumn, char32_t AChar);
-    template <typename T> bool AppendAscii(const T *AText, qsizetype ASize);
+    bool AppendAscii(QLatin1StringView S);
+    bool AppendAscii(QStringView S);
+    bool AppendAscii(QUtf8StringView) { return false; }
     void Append(QStringView S);
     void AppendUtf8(QStringView S);
     void AppendUtf16(QStringView S);

@@ -125,10 +125,18 @@ void TCustomControl::Notification(QObject *, TOperation) {}
 void TCustomControl::FreeNotification(QObject *AComponent)
 {
     if (AComponent)
-        connect(
-            AComponent, &QObject::destroyed, &FNotices,
-            [this](QObject *component) { Notification(component, TOperation::opRemove); },
-            Qt::DirectConnection);
+        connect(AComponent, &QObject::destroyed, &FNotices, &TNotices::Removed,
+                Qt::ConnectionType(Qt::DirectConnection | Qt::UniqueConnection));
+}
+
+// The parent may be going right now, and takes along all that it has.
+void TCustomControl::Abandoned()
+{
+    blockSignals(true);
+    if (parent() && !parent()->children().contains(this))
+        setParent(nullptr);
+    else if (!FPainting)
+        hide();
 }
 
 void TCustomControl::SetParent(QWidget *AParent) { setParent(AParent); }
@@ -392,30 +400,25 @@ void TCustomControl::focusOutEvent(QFocusEvent *AEvent)
 
 void TCustomControl::KeyDown(quint16 &Key, TShiftState Shift)
 {
-    if (OnKeyDown)
-        OnKeyDown(this, Key, Shift);
+    Fire(OnKeyDown, this, Key, Shift);
 }
 
 void TCustomControl::MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y)
 {
-    if (OnMouseDown)
-        OnMouseDown(this, Button, Shift, X, Y);
+    Fire(OnMouseDown, this, Button, Shift, X, Y);
 }
 
 void TCustomControl::MouseMove(TShiftState Shift, int X, int Y)
 {
-    if (OnMouseMove)
-        OnMouseMove(this, Shift, X, Y);
+    Fire(OnMouseMove, this, Shift, X, Y);
 }
 
 void TCustomControl::MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y)
 {
-    if (OnMouseUp)
-        OnMouseUp(this, Button, Shift, X, Y);
+    Fire(OnMouseUp, this, Button, Shift, X, Y);
 }
 
 void TCustomControl::DblClick()
 {
-    if (OnDblClick)
-        OnDblClick(this);
+    Fire(OnDblClick, this);
 }

@@ -2,6 +2,7 @@
 
 #include "uZtKeys.h"
 #include "uZtMessages.h"
+#include "uZtNotifier.h"
 #include "uZtStringList.h"
 #include "uZtTypes.h"
 
@@ -25,7 +26,10 @@ using TMouseMoveEvent = std::function<void(QObject *Sender, TShiftState Shift, i
 /// Positions are pixels in client coordinates: (0, 0) is the top left corner inside the bevels.
 /// What is raised while an event is handled is caught here and handed to `ZtHandleException`; an
 /// operation that a host calls itself raises to the host.
-class TCustomControl : public QWidget {
+///
+/// A handler may call every operation of the control, exchange itself, open message boxes, raise,
+/// and delete the control, which then goes when the event loop comes round and fires nothing more.
+class TCustomControl : public QWidget, public TZtNotifier {
     Q_OBJECT
     Q_PROPERTY(TBevelEdges BevelEdges READ GetBevelEdges WRITE SetBevelEdges)
     Q_PROPERTY(TBevelCut BevelInner READ GetBevelInner WRITE SetBevelInner)
@@ -57,6 +61,7 @@ public:
 
     explicit TCustomControl(QWidget *AOwner = nullptr);
     ~TCustomControl() override;
+    ZT_DELETE_WHEN_IDLE(TCustomControl)
 
     // --- published properties -------------------------------------------------------------------
 
@@ -111,6 +116,7 @@ public:
     void SetDesigning(bool Value) { FDesigning = Value; }
     /// Told when an object that was given to `FreeNotification` is destroyed.
     virtual void Notification(QObject *AComponent, TOperation Operation);
+    /// Asking for the same component again changes nothing.
     void FreeNotification(QObject *AComponent);
 
     // --- geometry -------------------------------------------------------------------------------
@@ -162,11 +168,13 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent *AEvent) override;
     void focusInEvent(QFocusEvent *AEvent) override;
     void focusOutEvent(QFocusEvent *AEvent) override;
+    void Abandoned() override;
 
     /// Runs a handler of an event. What it raises is reported here: Qt's own frames must not be
     /// unwound. False when it raised.
     template <typename THandler> bool Guarded(THandler AHandler)
     {
+        const THold hold(*this);
         try {
             AHandler();
             return true;
@@ -187,6 +195,18 @@ protected:
 
 private:
     struct TMousePosition;
+    // Receives removal notices; gone before the children are destroyed.
+    class TNotices : public QObject {
+    public:
+        explicit TNotices(TCustomControl &AControl) : FControl(AControl) {}
+        void Removed(QObject *AComponent)
+        {
+            FControl.Notification(AComponent, TOperation::opRemove);
+        }
+
+    private:
+        TCustomControl &FControl;
+    };
 
     void Report(std::exception_ptr AException);
     void BevelChanged();
@@ -213,7 +233,7 @@ private:
     QWidget *FWatchedParent = nullptr;
     QPainter *FCanvas = nullptr;
     QRegion FPaintRegion;
-    QObject FNotices; // receives removal notices; gone before the children are destroyed
+    TNotices FNotices{*this};
 };
 
 Q_DECLARE_OPERATORS_FOR_FLAGS(TCustomControl::TBevelEdges)

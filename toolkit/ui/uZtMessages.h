@@ -7,6 +7,8 @@ class QWidget;
 
 /// The messages that can be posted to a control from outside.
 enum class TZtMsg : quint32 {
+    wmEraseBkgnd = 20,
+    wmGetDlgCode = 135,
     wmChar = 258,
     wmMouseWheel = 522,
     wmCut = 768,
