@@ -1,7 +1,8 @@
 #include "uZtDbCodeEdit.h"
 
 #include "uZtClassRegistry.h"
-#include "uZtStringStream.h"
+#include "uZtLossQuestion.h"
+#include "uZtUtf8.h"
 
 #include <QDropEvent>
 #include <QMimeData>
@@ -21,25 +22,18 @@ void LoadLines(TStringList &ALines, QIODevice &AStream)
     ALines.EndUpdate();
 }
 
-// The lines as bytes, CR LF after each, in the encoding of `AOld`. What this encoding does not have
-// makes it UTF-8.
-QByteArray SaveLines(const TStringList &ALines, const QByteArray &AOld)
+// How a field is to hold lines: CR LF after each, bytes in the encoding that they were in.
+TZtTextFormat FormatOf(const TField &AField)
 {
     TZtStringStream old;
-    old.LoadFromBytes(AOld);
+    if (AField.IsBlob())
+        old.LoadFromBytes(AField.GetAsBytes());
     TZtTextFormat format;
     format.Encoding = old.GetFormat().Encoding;
     format.Mark = old.GetFormat().Mark;
     format.LineEnding = TZtLineEnding::leCrLf;
-    for (;;) {
-        TZtTextEncoder encoder(format, AOld.size());
-        for (int i = 0; i < ALines.GetCount(); ++i)
-            encoder.AddLine(ALines.View(i));
-        QByteArray bytes = encoder.Finish();
-        if (encoder.Lost().empty() || format.Encoding == TZtEncoding::teUtf8)
-            return bytes;
-        format.Encoding = TZtEncoding::teUtf8;
-    }
+    format.Undecodable = old.GetFormat().Undecodable || !AField.IsExact();
+    return format;
 }
 
 } // namespace
@@ -125,6 +119,8 @@ void TZtDbCodeEdit::SetReadOnly(bool Value)
 
 void TZtDbCodeEdit::DataChange()
 {
+    const THold hold(*this);
+    FUnstored = false;
     if (const TField *field = GetField()) {
         if (SkipNextDataChange) {
             SkipNextDataChange = false;
@@ -134,8 +130,7 @@ void TZtDbCodeEdit::DataChange()
             LoadMemo();
         else
             SetText(field->GetEditText());
-        if (OnLoadData)
-            OnLoadData(this);
+        Fire(OnLoadData, this);
     } else {
         SkipNextDataChange = false; // what is shown next is another text
         SetText(IsDesigning() ? objectName() : QString());
@@ -176,15 +171,46 @@ void TZtDbCodeEdit::EditingChange()
 void TZtDbCodeEdit::UpdateData()
 {
     TField *field = GetField();
+    TZtTextFormat format = FormatOf(*field);
+    QByteArray bytes;
+    if (!AgreeToStore(*field, format, bytes))
+        throw EAbort(QStringLiteral("The text is not stored"));
+    FUnstored = false;
     if (!field->IsBlob()) {
-        field->SetText(GetText());
+        field->SetText(ZtFromUtf8(bytes));
         return;
     }
-    const QByteArray bytes = SaveLines(*GetLines(), field->GetAsBytes());
     const auto stream = field->GetDataSet()->CreateBlobStream(field, TBlobStreamMode::bmWrite);
     stream->write(bytes);
     stream->close();
     field->Validate();
+}
+
+// Whether the field can give the text back, or the user agrees to what will be lost; encodes it
+// into `ABytes`, UTF-8 for a field of text.
+bool TZtDbCodeEdit::AgreeToStore(const TField &AField, TZtTextFormat &AFormat,
+                                 QByteArray &ABytes) const
+{
+    const THold hold(*this); // a question may be long
+    if (AFormat.Undecodable &&
+        !ZtAgreeOnUndecodable(AField.GetFieldName(), ZtEncodingName(AFormat.Encoding)))
+        return false;
+    const auto encode = [this](const TZtTextFormat &format, std::vector<TZtLostChar> &lost) {
+        return ZtEncodeLines(*GetLines(), format, lost);
+    };
+    if (AField.IsBlob())
+        return ZtAgreeOnEncoding(encode, AField.GetFieldName(), AFormat, ABytes);
+    std::vector<TZtLostChar> lost;
+    ABytes = encode(AFormat, lost);
+    return lost.empty() || ZtAgreeOnReplacements(AField.GetFieldName(), lost[0]);
+}
+
+bool TZtDbCodeEdit::CanStoreUnasked() const
+{
+    const TZtTextFormat format = FormatOf(*GetField());
+    std::vector<TZtLostChar> lost;
+    ZtEncodeLines(*GetLines(), format, lost);
+    return lost.empty() && !format.Undecodable;
 }
 
 void TZtDbCodeEdit::UpdateReadOnly()
@@ -201,7 +227,7 @@ void TZtDbCodeEdit::SetFocused(bool Value)
     if (Focused == Value)
         return;
     Focused = Value;
-    if (!GetField() || !GetField()->IsBlob())
+    if ((!GetField() || !GetField()->IsBlob()) && !FUnstored)
         DataLink->Reset();
 }
 
@@ -267,14 +293,27 @@ void TZtDbCodeEdit::DragDrop(QObject *Source, int X, int Y)
     TZtCodeEdit::DragDrop(Source, X, Y);
 }
 
+// Whether a text that is dropped could be stored.
+bool TZtDbCodeEdit::CanTakeDrop() const
+{
+    const TDataSource *source = GetDataSource();
+    return !GetReadOnly() && source && DataLink->CanModify() &&
+           (source->GetState() >= TDataSetState::dsEdit || source->GetAutoEdit());
+}
+
 void TZtDbCodeEdit::dragEnterEvent(QDragEnterEvent *AEvent)
 {
-    if (AEvent->mimeData()->hasText())
+    if (AEvent->mimeData()->hasText() && CanTakeDrop())
         AEvent->acceptProposedAction();
 }
 
 void TZtDbCodeEdit::dropEvent(QDropEvent *AEvent)
 {
+    // A source that moves its text takes it away when the drop is accepted.
+    AEvent->setDropAction(Qt::IgnoreAction);
+    AEvent->ignore();
+    if (!CanTakeDrop())
+        return;
     const QString text = AEvent->mimeData()->text();
     QPoint at = AEvent->position().toPoint() - ClientArea().topLeft();
     Guarded([&] {
@@ -284,8 +323,8 @@ void TZtDbCodeEdit::dropEvent(QDropEvent *AEvent)
         SetCharPos(at.x());
         InsertText(TZtChangeType::ctPaste, text);
         SetSelection(true);
+        AEvent->acceptProposedAction();
     });
-    AEvent->acceptProposedAction();
 }
 
 void TZtDbCodeEdit::CMEnter()
@@ -296,7 +335,10 @@ void TZtDbCodeEdit::CMEnter()
 
 void TZtDbCodeEdit::CMExit()
 {
-    DataLink->UpdateRecord();
+    // A question is no matter for a change of the focus: the post asks it.
+    FUnstored = DataLink->IsModified() && GetField() && !CanStoreUnasked();
+    if (!FUnstored)
+        DataLink->UpdateRecord();
     SetFocused(false);
     TZtCodeEdit::CMExit();
 }

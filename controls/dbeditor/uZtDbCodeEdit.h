@@ -2,6 +2,7 @@
 
 #include "uZtCodeEdit.h"
 #include "uZtFieldDataLink.h"
+#include "uZtStringStream.h"
 
 /// The code editor bound to one field of a dataset.
 ///
@@ -49,7 +50,10 @@ public:
     void LoadMemo();
     /// Entering edit state on a record must not reload the text that the user is changing.
     void EditingChange();
-    /// Stores the lines into the field; raises what storing and validating raise.
+    /// Stores the lines into the field; raises what storing and validating raise. What the field
+    /// cannot hold, half a surrogate pair or a character that the encoding of its bytes lacks, is
+    /// stored otherwise only if the user agrees, and so is a text that was not all decoded;
+    /// `EAbort` if not.
     void UpdateData();
     /// Takes over the field's read-only flag.
     void UpdateReadOnly();
@@ -68,7 +72,8 @@ public:
     void KeyCommand(quint16 &Key, TShiftState Shift) override;
     void DragDrop(QObject *Source, int X, int Y) override;
     void CMEnter() override;
-    /// Stores the text into the field; what that raises goes to the caller.
+    /// Stores the text into the field, unless the user would have to be asked; what that raises goes
+    /// to the caller.
     void CMExit() override;
     /// The link, for whoever asks a control for it.
     TFieldDataLink *CMGetDataLink() const { return DataLink.get(); }
@@ -80,8 +85,12 @@ protected:
 private:
     struct TPlace;
     TPlace Place() const;
+    bool AgreeToStore(const TField &AField, TZtTextFormat &AFormat, QByteArray &ABytes) const;
+    bool CanStoreUnasked() const;
+    bool CanTakeDrop() const;
 
     std::unique_ptr<TFieldDataLink> DataLink;
     bool Focused = false;
     bool SkipNextDataChange = false;
+    bool FUnstored = false; // the focus left with a text that only a post may store
 };

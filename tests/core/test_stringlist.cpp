@@ -213,6 +213,57 @@ TEST(StringList, AFailedEditKeepsTheLine)
     }
 }
 
+// Handlers change the list under an operation: it goes on where it can and raises where it cannot.
+TEST(StringList, HandlersMayChangeTheList)
+{
+    const std::function<void(TStringList &)> operations[] = {
+        [](TStringList &list) { list.SetStrings(1, QStringLiteral("x")); },
+        [](TStringList &list) { list.SetObjects(1, 7); },
+        [](TStringList &list) { list.Delete(1); },
+        [](TStringList &list) { list.InsertObject(2, QStringLiteral("x"), 1); },
+        [](TStringList &list) { list.Clear(); },
+        [](TStringList &list) { list.SetText(QStringLiteral("a\nb")); },
+        [](TStringList &list) {
+            list.EditStrings(1, list.GetStrings(1), [](QString &S) { S += u'x'; });
+        },
+        [](TStringList &list) {
+            list.EditStrings(1, list.GetStrings(1), [&](QString &) { list.Clear(); });
+        },
+    };
+    for (const auto &operation : operations)
+        for (const bool before : {true, false}) {
+            TStringList list;
+            list.SetText(QStringLiteral("one\ntwo"));
+            list.SetStrings(1, QStringLiteral("its own"));
+            bool done = false;
+            (before ? list.OnChanging : list.OnChange) = [&](QObject *) {
+                if (!std::exchange(done, true))
+                    list.Clear();
+            };
+            try {
+                operation(list);
+            } catch (const EStringListError &) {
+                EXPECT_EQ(list.GetCount(), 0);
+            }
+            EXPECT_TRUE(done);
+            list.OnChanging = list.OnChange = nullptr;
+            list.SetText(QStringLiteral("still\nthere"));
+            EXPECT_EQ(list.GetCount(), 2);
+        }
+    // What is raised before a change prevents it, and an update that it ended is over.
+    TStringList list;
+    list.Add(QStringLiteral("a"));
+    list.OnChanging = [](QObject *) { throw EZtException(QStringLiteral("no")); };
+    for (const auto &operation : operations)
+        EXPECT_ANY_THROW(operation(list));
+    list.OnChanging = nullptr;
+    int changes = 0;
+    list.OnChange = [&](QObject *) { ++changes; };
+    list.Add(QStringLiteral("b"));
+    EXPECT_EQ(list.GetText(), QStringLiteral("a\r\nb\r\n"));
+    EXPECT_EQ(changes, 1);
+}
+
 TEST(StringList, AnIndexOutsideRaisesBeforeAnyEvent)
 {
     TListModel model;

@@ -1,5 +1,7 @@
 #include "scripts_table.h"
 
+#include "uZtSqlTable.h"
+
 #include <QFile>
 
 using enum TDataSetState;
@@ -120,6 +122,8 @@ TEST_F(TDataSetTest, MovesInsertsAndDeletes)
         {"append cancel", "1423[5]"},
         {"delete", "123[4]"}, // read anew
         {"insert delete", "123[4]"},
+        {"first insert post", "[5]1234"}, // nothing was stored: all of it is the database's
+        {"delete last", "123[4]>"},
         {"first edit id=9 post refresh", "234[9]"},
         {"others-add refresh", "0234[9]"},
         {"others-delete refresh", "02[4]"},
@@ -210,6 +214,116 @@ TEST_F(TDataSetTest, TakesQueriesAndTablesWithoutAKey)
     Run("DROP TABLE notes");
     EXPECT_TRUE(Fault("refresh").contains("no such table"));
     EXPECT_TRUE(DataSet.IsEmpty());
+}
+
+// A text that another program wrote meanwhile is not overwritten, nor is another record that has
+// the key of one that was deleted.
+TEST_F(TDataSetTest, AnotherProgramsTextIsKept)
+{
+    const QString gone = "The record was removed or changed by someone else.";
+    const QString changed = "The record was changed by someone else since it was read.";
+    const struct {
+        QString Others, Fault;
+    } rows[] = {
+        {"UPDATE scripts SET source='theirs' WHERE id=1", changed},
+        {"UPDATE scripts SET source=NULL WHERE id=1", changed},
+        {"UPDATE scripts SET source=CAST('first' AS BLOB) WHERE id=1", changed},
+        {"DELETE FROM scripts WHERE id=1", gone},
+        {"REPLACE INTO scripts VALUES (1, 'other', 'another one', NULL, 1)", changed},
+        {"UPDATE scripts SET name='uno' WHERE id=1", {}},
+    };
+    for (const bool own : {false, true})
+        for (const auto &row : rows) {
+            SCOPED_TRACE(row.Others.toStdString());
+            Run("DELETE FROM scripts");
+            Fill();
+            if (own)
+                DataSet.SetRecordSource(
+                    std::make_unique<TSqlTableSource>(QSqlDatabase::database("ours"), "scripts"));
+            else
+                DataSet.SetModel(Model.get());
+            Do("open edit source=mine");
+            Run(row.Others);
+            const QString before = Ask("SELECT group_concat(quote(source)) FROM scripts");
+            EXPECT_EQ(Fault("post"), row.Fault);
+            if (row.Fault.isEmpty()) {
+                EXPECT_EQ(Ask("SELECT name || source FROM scripts WHERE id=1"), "unomine");
+                continue;
+            }
+            EXPECT_EQ(Ask("SELECT group_concat(quote(source)) FROM scripts"), before);
+            EXPECT_EQ(DataSet.GetState(), dsEdit);
+            EXPECT_EQ(Field("source")->GetText(), "mine");
+            try {
+                DataSet.Post();
+            } catch (const EUpdateConflict &conflict) {
+                DataSet.Rebase(conflict.Stored());
+                EXPECT_EQ(Fault("post"), QString());
+                EXPECT_EQ(Ask("SELECT source FROM scripts WHERE id=1"), "mine");
+            } catch (const EDatabaseError &) {
+                EXPECT_EQ(row.Fault, gone);
+            }
+            DataSet.Close();
+        }
+}
+
+// A database with a damaged page: what could be read is shown, and cannot be changed.
+TEST_F(TDataSetTest, RecordsThatDidNotAllComeAreReadOnly)
+{
+    Run("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<2000) INSERT INTO "
+        "scripts (name, source) SELECT i, hex(zeroblob(500)) FROM n");
+    const QString path = QSqlDatabase::database("ours").databaseName();
+    for (const char *name : {"ours", "theirs"})
+        QSqlDatabase::database(name).close();
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.seek(file.size() / 2 / 4096 * 4096));
+    file.write(QByteArray(4096 * 20, '\xFF'));
+    file.close();
+    QSqlDatabase ours = QSqlDatabase::database("ours");
+    for (const bool own : {false, true}) {
+        if (own)
+            DataSet.SetRecordSource(std::make_unique<TSqlTableSource>(ours, "scripts"));
+        Do("open");
+        EXPECT_GT(DataSet.GetRecordCount(), 100);
+        EXPECT_LT(DataSet.GetRecordCount(), 2000);
+        EXPECT_TRUE(Fault("edit").startsWith("The records were not all read: "));
+        EXPECT_FALSE(Field("source")->CanModify());
+    }
+    DataSet.SetRecordSource(nullptr);
+}
+
+// Names that are legal in the database and troublesome everywhere else.
+TEST_F(TDataSetTest, AnyLegalNameWorks)
+{
+    const QStringList names = {"plain",  "with blank", "a.b",    "\"quoted\"", "in\"side", "[x]",
+                               "`back`", "it's",       "%1 %2",  "?",          ":name",    "select",
+                               "\\",     "tab\tx",     "日本語", ";--",        "@p",       "a]b"};
+    for (const QString &table : names)
+        for (const QString &field : names) {
+            const auto quoted = [](QString s) { return '"' + s.replace('"', "\"\"") + '"'; };
+            Run("CREATE TABLE " + quoted(table) + " (id INTEGER PRIMARY KEY, " + quoted(field) +
+                " TEXT)");
+            Run("INSERT INTO " + quoted(table) + " VALUES (1, 'text'), (2, 'other')");
+            QSqlDatabase ours = QSqlDatabase::database("ours");
+            ASSERT_TRUE(TSqlTableSource::Tables(ours).contains(table));
+            DataSet.SetRecordSource(std::make_unique<TSqlTableSource>(ours, table));
+            DataSet.Open();
+            ASSERT_EQ(Field(field)->GetText(), "text") << field.toStdString();
+            DataSet.Edit();
+            Field(field)->SetText("new");
+            DataSet.Append();
+            Field(field)->SetText("added");
+            DataSet.Post();
+            EXPECT_EQ(Ask("SELECT group_concat(id || " + quoted(field) + ") FROM " + quoted(table)),
+                      "1new,2other,3added");
+            DataSet.Delete();
+            EXPECT_EQ(DataSet.GetRecordCount(), 2);
+            DataSet.Close();
+            Run("DROP TABLE " + quoted(table));
+        }
+    EXPECT_EQ(Raised([] { TSqlTableSource(QSqlDatabase::database("ours"), "none"); }),
+              "There is no table \"none\".");
+    EXPECT_EQ(Raised([] { TSqlTableSource(QSqlDatabase::database("ours"), "scripts", {"k"}); }),
+              "There is no field \"k\".");
 }
 
 TEST_F(TDataSetTest, TheSampleDatabaseOpens)

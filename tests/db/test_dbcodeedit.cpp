@@ -19,6 +19,10 @@ protected:
     {
         ZtPlatform().ShowException = [this](const QString &message) { Errors << message; };
         ZtPlatform().KeyboardShift = [] { return TShiftState(); };
+        ZtPlatform().MsgBoxConfirm = [this](const QString &text, const QString &) {
+            Asked << text;
+            return Answer;
+        };
         Fill();
         Edit.SetBounds(0, 0, 400, 220);
         Edit.OnLoadData = [this](QObject *) { ++Loads; };
@@ -55,7 +59,8 @@ protected:
     }
 
     TZtDbCodeEdit Edit;
-    QStringList Errors;
+    QStringList Errors, Asked;
+    int Answer = mrYes;
     int Loads = 0;
 };
 
@@ -239,6 +244,49 @@ TEST_F(TDbCodeEditTest, BytesKeepTheirEncoding)
     }
 }
 
+TEST_F(TDbCodeEditTest, WhatAFieldCannotHoldIsAskedFor)
+{
+    const char *const half = "\xED\xA0\xBD"; // stands for half a pair
+    const struct {
+        QString Column, Literal, Typed, Question, Agreed;
+    } rows[] = {
+        {"source", "'abcd'", half, "(U+FFFD)",
+         TextOf("\xEF\xBF\xBD"
+                "abcd\r\n")},
+        {"source", "CAST(x'61FF62' AS TEXT)", "x", "holds bytes",
+         TextOf("xa\xEF\xBF\xBD"
+                "b\r\n")},
+        {"source", "'\xEF\xBF\xBD'", "x", {}, TextOf("x\xEF\xBF\xBD\r\n")},
+        {"data", "x'E90A'", "\xD0\x96", "Save it as UTF-8", BlobOf("\xD0\x96\xC3\xA9\r\n")},
+        {"data", "x'61'", half, "Save it as UTF-16", "blob FFFE3DD861000D000A00"},
+        {"data", "x'FFFE610062'", "x", "holds bytes", "blob FFFE78006100FDFF0D000A00"},
+    };
+    for (const auto &row : rows)
+        for (const int answer : {mrNo, mrYes}) {
+            Store(row.Column, row.Literal);
+            const QString before = Stored(row.Column);
+            Bind(row.Column);
+            Edit.CMEnter();
+            Asked.clear();
+            Answer = answer;
+            Edit.SetLinePos(0);
+            Edit.SetCharPos(0);
+            const QString typed = row.Typed == half ? QString(QChar(0xD83D)) : row.Typed;
+            Edit.InsertText(TZtChangeType::ctInsert, typed);
+            const QString text = Edit.GetText();
+            Edit.CMExit();
+            EXPECT_EQ(Asked.size(), 0) << "a change of the focus does not ask";
+            EXPECT_EQ(Edit.GetText(), text);
+            const bool refused = answer == mrNo && !row.Question.isEmpty();
+            EXPECT_EQ(Raised<EAbort>([&] { Do("post"); }).isEmpty(), !refused);
+            EXPECT_EQ(Stored(row.Column), refused ? before : row.Agreed);
+            ASSERT_EQ(Asked.size(), row.Question.isEmpty() ? 0 : 1) << row.Literal.toStdString();
+            EXPECT_TRUE(Asked.value(0).contains(row.Question)) << Asked.value(0).toStdString();
+            EXPECT_EQ(Edit.GetText() == text, refused || row.Column == "data" || row.Typed != half);
+            Do("cancel");
+        }
+}
+
 TEST_F(TDbCodeEditTest, LeavingStoresTheText)
 {
     Bind("source");
@@ -314,6 +362,27 @@ TEST_F(TDbCodeEditTest, ADropEntersEditState)
     EXPECT_EQ(DataSet.GetState(), dsEdit);
     EXPECT_EQ(Edit.GetText(), "fi<drop>rst\r\n");
     Do("cancel");
+    // What cannot be stored is not taken: its source keeps it.
+    const std::function<void()> obstacles[] = {[&] { Edit.SetReadOnly(true); },
+                                               [&] { Source.SetAutoEdit(false); },
+                                               [&] { DataSet.SetReadOnly(true); }};
+    for (const auto &obstacle : obstacles) {
+        QCoreApplication::sendEvent(&Edit, &enter);
+        EXPECT_TRUE(enter.isAccepted());
+        obstacle();
+        QDragEnterEvent late(at, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        late.ignore();
+        QDropEvent move(at, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&Edit, &move);
+        EXPECT_FALSE(move.isAccepted());
+        EXPECT_EQ(move.dropAction(), Qt::IgnoreAction);
+        EXPECT_EQ(Edit.GetText(), "first\r\n");
+        QCoreApplication::sendEvent(&Edit, &late);
+        EXPECT_FALSE(late.isAccepted());
+        Edit.SetReadOnly(false);
+        Source.SetAutoEdit(true);
+        DataSet.SetReadOnly(false);
+    }
     Edit.DragDrop(nullptr, 0, 0);
     EXPECT_EQ(DataSet.GetState(), dsEdit);
     EXPECT_EQ(Edit.GetText(), "first\r\n");

@@ -33,6 +33,7 @@ protected:
         ZtPlatform().ShowException = [](const QString &message) {
             ADD_FAILURE() << message.toStdString();
         };
+        ZtPlatform().MsgBoxConfirm = [](const QString &, const QString &) { return mrYes; };
         Edit.SetBounds(0, 0, 400, 220);
     }
     ~TSessions() override { ZtPlatform() = ZtDefaultPlatform(); }
@@ -179,7 +180,8 @@ void TSessions::Act()
     } else if (Pending) {
         Edit.CMExit();
         Edit.CMEnter();
-        Written = Expected(Inserting ? 0 : Field("id")->GetValue().toInt())[Column];
+        if (!Edit.CMGetDataLink()->IsModified()) // what had to be asked is left for the post
+            Written = Expected(Inserting ? 0 : Field("id")->GetValue().toInt())[Column];
     } else {
         Column = Pick(2) ? "source" : "data";
         Edit.SetDataField(Column);

@@ -1,5 +1,6 @@
 #include "uZtCodeEdit.h"
 #include "uZtCodePascalParser.h"
+#include "uZtCodeXmlParser.h"
 #include "uZtPaintHelpers.h"
 #include "uZtPlatform.h"
 #include "uZtSystemColors.h"
@@ -182,10 +183,8 @@ TEST_F(Painting, ReadOnlyIsDarker)
         TColor C = row.Color;
         Editor.DarkenColor(C, false, row.Percent);
         EXPECT_EQ(C, row.Color);
-        if (row.Color >> 24 == 0) {
-            Editor.DarkenColor(C, true, row.Percent);
-            EXPECT_EQ(C, row.Expected);
-        }
+        Editor.DarkenColor(C, true, row.Percent);
+        EXPECT_EQ(C, row.Expected);
     }
     TColor window = clWindow;
     TColor plain = ZtColorToRGB(clWindow, palette);
@@ -345,6 +344,29 @@ TEST(LongLines, GiveTheSameTokensInPieces)
                 << language.Name << k;
             ASSERT_LT(whole.size(), 100'000u) << "no end";
         }
+    }
+}
+
+// A comment that ends far below, or never: what is drawn is what a lexer that read all of it gives.
+TEST(LongLines, AnOpenXmlCommentIsNotReadThrough)
+{
+    for (const char *end : {"-->\n<after/>", "--\n-->\n<after/>", ""}) {
+        const QString opening =
+            QStringLiteral("<a>\n<!-- ") + QStringLiteral("x\n").repeated(40'000);
+        const auto rows = [&](const QString &middle, int &handed) {
+            TZtCodeEdit editor;
+            editor.SetParser(new TZtCodeXMLParser(&editor));
+            editor.resize(400, 200);
+            editor.GetLines()->SetText(opening + middle + QString::fromLatin1(end));
+            editor.GetLines()->OnChange = [&](QObject *) { ++handed; };
+            editor.Paint();
+            return editor.PaintedRows();
+        };
+        int few = 0;
+        int many = 0;
+        EXPECT_EQ(rows(QString(), few), rows(QStringLiteral("y - z\n").repeated(50'000), many));
+        EXPECT_GT(few, 20'000);
+        EXPECT_LT(many, 45'000) << end;
     }
 }
 

@@ -4,7 +4,8 @@
 #include "uZtScrollBar.h"
 #include "uZtSystemColors.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QClipboard>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -287,7 +288,8 @@ TEST(Control, RemovalNotices)
 {
     auto *probe = new TProbe;
     auto *other = new QObject;
-    probe->FreeNotification(other);
+    for (int i = 0; i < 2; ++i)
+        probe->FreeNotification(other);
     delete other;
     EXPECT_EQ(probe->Log, QStringLiteral("removed "));
     // A child goes with its owner, when there is nobody left to be told.
@@ -311,6 +313,8 @@ TEST(Control, ExceptionsStopAtTheEvent)
          {QStringLiteral("no number \u00e9")}},
         {[] { throw std::runtime_error("plain"); }, {QStringLiteral("plain")}},
         {[] { throw EAbort(QStringLiteral("quiet")); }, {}},
+        {[] { throw std::bad_alloc(); }, {QStringLiteral("There is not enough memory.")}},
+        {[] { throw 7; }, {QStringLiteral("Something unknown went wrong.")}},
     };
     for (const auto &row : rows) {
         shown.clear();
@@ -324,6 +328,16 @@ TEST(Control, ExceptionsStopAtTheEvent)
         EXPECT_EQ(ZtPlatform().KeyboardShift(), TShiftState());
     }
     ZtPlatform() = ZtDefaultPlatform();
+}
+
+TEST(Platform, TheClipboardHasWholeLineBreaks)
+{
+    const TZtPlatform platform = ZtDefaultPlatform();
+    QClipboard *clipboard = QGuiApplication::clipboard();
+    clipboard->setText(QStringLiteral("a\n\nb\rc\r\n"));
+    EXPECT_EQ(platform.ClipboardText(), QStringLiteral("a\r\n\r\nb\r\nc\r\n"));
+    platform.SetClipboardText(QStringLiteral("a\r\n\r\nb"));
+    EXPECT_EQ(clipboard->text(), QStringLiteral("a\n\nb"));
 }
 
 TEST(ScrollBar, ShowsItsThumbWhereItIs)

@@ -1,8 +1,9 @@
 #include "uZtStringList.h"
 
 #include "uZtLineScan.h"
+#include "uZtUtf8.h"
 
-#include <QStringDecoder>
+#include <QStringEncoder>
 
 #include <algorithm>
 #include <cstring>
@@ -327,10 +328,7 @@ void TStringList::SetUtf8Text(const QByteArray &ABytes, qsizetype AFrom)
                   [&](const char *start, qsizetype length, bool ascii) {
                       if (ascii)
                           return text.AppendView(start, length, false);
-                      QStringDecoder decode(QStringDecoder::Utf8,
-                                            QStringDecoder::Flag::Stateless |
-                                                QStringDecoder::Flag::ConvertInitialBom);
-                      text.AppendCopy(QString(decode(QByteArrayView(start, length))));
+                      text.AppendCopy(QStringView(ZtFromUtf8(QByteArrayView(start, length))));
                   });
     Replace(text);
 }

@@ -2,6 +2,7 @@
 
 #include "uZtException.h"
 #include "uZtLineScan.h"
+#include "uZtUtf8.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -270,13 +271,9 @@ void TZtStringStream::Decode(QString &AText, bool &AUndecodable) const
     const QByteArrayView bytes = Content();
     const bool big = IsBigEndian(FFormat.Encoding);
     switch (FFormat.Encoding) {
-    case TZtEncoding::teUtf8: {
-        // Behind the mark, U+FEFF is a character like any other.
-        QStringDecoder decode(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless |
-                                                        QStringDecoder::Flag::ConvertInitialBom);
-        AText = decode(bytes);
+    case TZtEncoding::teUtf8:
+        AText = ZtFromUtf8(bytes); // behind the mark
         break;
-    }
     case TZtEncoding::teUtf16LE:
     case TZtEncoding::teUtf16BE:
         AText = DecodeUtf16(bytes, big, AUndecodable);

@@ -1,24 +1,24 @@
 #include "uZtDataSet.h"
 
-#include <QSqlDriver>
-#include <QSqlError>
+#include "uZtModelSource.h"
+
+#include <QCoreApplication>
 #include <QSqlField>
-#include <QSqlIndex>
-#include <QSqlQuery>
-#include <QSqlRecord>
-#include <QSqlTableModel>
 
 #include <algorithm>
 
-namespace {
-
-[[noreturn]] void Raise(const QSqlError &AError) { throw EDatabaseError(AError.text().trimmed()); }
-
-} // namespace
-
 TDataSet::TDataSet(QObject *AOwner) : QObject(AOwner) {}
 
-TDataSet::~TDataSet()
+TDataSet::~TDataSet() { Leave(); }
+
+// What is deleted is shown nowhere any more.
+void TDataSet::Abandoned()
+{
+    setParent(nullptr);
+    Leave();
+}
+
+void TDataSet::Leave()
 {
     while (!FListeners.empty())
         FListeners.back()->DataSetRemoved();
@@ -28,6 +28,7 @@ TDataSet::~TDataSet()
 
 void TDataSet::Notify(TDataEvent AEvent, TField *AField)
 {
+    const THold hold(*this);
     const std::vector<TDataSetListener *> listeners = FListeners; // one may detach another
     for (TDataSetListener *listener : listeners)
         if (std::find(FListeners.begin(), FListeners.end(), listener) != FListeners.end())
@@ -50,8 +51,9 @@ void TDataSet::CheckActive() const
 
 void TDataSet::CheckCanModify() const
 {
-    if (!CanModify())
-        throw EDatabaseError(QStringLiteral("The dataset is read-only."));
+    const QString reason = GetReadOnlyReason();
+    if (!reason.isEmpty())
+        throw EDatabaseError(reason);
 }
 
 void TDataSet::CheckPending() const
@@ -62,57 +64,55 @@ void TDataSet::CheckPending() const
 
 // --- model and fields ----------------------------------------------------------------------------
 
-QSqlTableModel *TDataSet::Table() const { return qobject_cast<QSqlTableModel *>(FModel); }
-
-bool TDataSet::CanModify() const { return !FReadOnly && Table(); }
+QSqlQueryModel *TDataSet::GetModel() const
+{
+    const auto *source = dynamic_cast<const TModelSource *>(FSource.get());
+    return source ? source->Model() : nullptr;
+}
 
 void TDataSet::SetModel(QSqlQueryModel *Value)
 {
-    if (Value == FModel)
+    QSqlQueryModel *old = GetModel();
+    if (Value == old && (Value || !FSource))
         return;
-    Close();
-    if (FModel)
-        disconnect(FModel, nullptr, this, nullptr);
-    FModel = Value;
-    if (FModel)
-        connect(FModel, &QObject::destroyed, this, &TDataSet::Close);
+    if (old)
+        disconnect(old, nullptr, this, nullptr);
+    SetRecordSource(Value ? std::make_unique<TModelSource>(Value) : nullptr);
+    if (Value)
+        connect(Value, &QObject::destroyed, this, &TDataSet::Close);
 }
 
-void TDataSet::Select()
+void TDataSet::SetRecordSource(std::unique_ptr<TRecordSource> Value)
 {
-    bool selected;
-    if (QSqlTableModel *table = Table()) {
-        table->setEditStrategy(QSqlTableModel::OnRowChange); // a row is written when it is posted
-        selected = table->select();
-    } else {
-        QSqlQuery query = FModel->query();
-        selected = query.boundValues().isEmpty() ? query.exec(query.lastQuery()) : query.exec();
-        FModel->setQuery(std::move(query));
-    }
-    if (!selected)
-        Raise(FModel->lastError());
-    // A query that is read half keeps its lock on the database; it also could not tell its count.
-    while (FModel->canFetchMore())
-        FModel->fetchMore();
+    Close();
+    FSource = std::move(Value);
+}
+
+QString TDataSet::GetReadOnlyReason() const
+{
+    if (FReadOnly)
+        return QCoreApplication::translate("DataSet", "The dataset is read-only.");
+    return FSource ? FSource->ReadOnlyReason()
+                   : QCoreApplication::translate("DataSet", "The dataset has no records.");
 }
 
 void TDataSet::CreateFields()
 {
-    const QSqlRecord record = FModel->record();
+    const QSqlRecord columns = FSource->Columns();
     FFields.clear();
-    for (int i = 0; i < record.count(); ++i)
-        FFields.emplace_back(new TField(this, i, record.field(i)));
+    for (int i = 0; i < columns.count(); ++i)
+        FFields.emplace_back(new TField(this, i, columns.field(i)));
 }
 
 void TDataSet::Open()
 {
     if (GetActive())
         return;
-    if (!FModel)
+    if (!FSource)
         throw EDatabaseError(QStringLiteral("The dataset has no model."));
-    Select();
+    FSource->Select();
     CreateFields();
-    FEof = FModel->rowCount() == 0;
+    FEof = FSource->Count() == 0;
     FBof = true;
     FRow = FEof ? -1 : 0;
     ReadRecord(FRow);
@@ -124,9 +124,12 @@ void TDataSet::Close()
 {
     if (!GetActive())
         return;
+    const THold hold(*this);
     FRow = -1;
     ReadRecord(FRow);
     SetState(TDataSetState::dsInactive); // the links let go of their fields
+    for (const auto &field : FFields)
+        field->Detach();
     FFields.clear();
     Notify(TDataEvent::deDataChange);
 }
@@ -176,16 +179,20 @@ void TDataSet::ValueStored(int AIndex)
 void TDataSet::ReadRecord(int ARow)
 {
     FStored.clear();
-    for (const auto &field : FFields) {
-        const QModelIndex index = ARow < 0 ? QModelIndex() : FModel->index(ARow, field->GetIndex());
-        FStored.push_back(index.isValid() ? index.data(Qt::EditRole) : field->NullValue());
-    }
+    for (const auto &field : FFields)
+        FStored.push_back(ARow < 0 ? field->NullValue() : FSource->Value(ARow, field->GetIndex()));
     FValues = FStored;
     FStoredInto.assign(FFields.size(), false);
     FModified = false;
 }
 
-int TDataSet::GetRecordCount() const { return GetActive() && FModel ? FModel->rowCount() : 0; }
+bool TDataSet::IsExact(int AIndex) const
+{
+    return FRow < 0 || FState == TDataSetState::dsInsert || FStoredInto.at(size_t(AIndex)) ||
+           FSource->IsExact(FRow, AIndex);
+}
+
+int TDataSet::GetRecordCount() const { return GetActive() ? FSource->Count() : 0; }
 
 int TDataSet::GetRecNo() const { return FState == TDataSetState::dsInsert ? 0 : FRow + 1; }
 
@@ -317,13 +324,7 @@ void TDataSet::Delete()
     CheckCanModify();
     if (FRow < 0)
         throw EDatabaseError(QStringLiteral("The dataset has no records."));
-    CheckRecordIsThere();
-    QSqlTableModel *table = Table();
-    if (!table->removeRow(FRow)) {
-        const QSqlError error = table->lastError();
-        table->revertRow(FRow);
-        Raise(error);
-    }
+    FSource->Remove(FRow, FStored);
     SetState(TDataSetState::dsBrowse);
     Reselect({}, {});
     Notify(TDataEvent::deDataChange);
@@ -332,128 +333,50 @@ void TDataSet::Delete()
 void TDataSet::Refresh()
 {
     CheckBrowseMode();
-    Reselect(FStored, KeyOf(FStored));
+    Reselect(FStored, FSource->KeyColumns());
     Notify(TDataEvent::deDataChange);
 }
 
-// --- the table -----------------------------------------------------------------------------------
-
-// The columns that tell the record from all others, with their values.
-QSqlRecord TDataSet::KeyOf(const TZtValues &AValues) const
-{
-    QSqlRecord key;
-    if (const QSqlTableModel *table = Table())
-        key = table->primaryKey();
-    if (key.isEmpty())
-        key = FModel->record();
-    for (int i = 0; i < key.count(); ++i)
-        if (const TField *field = FindField(key.fieldName(i)))
-            key.setValue(i, AValues[size_t(field->GetIndex())]);
-    return key;
-}
-
-// A statement that finds no record is none that fails: without this check a text could be written
-// nowhere, or into several records at once.
-void TDataSet::CheckRecordIsThere() const
-{
-    const QSqlTableModel *table = Table();
-    const QSqlRecord key = KeyOf(FStored);
-    const QSqlDriver *driver = table->database().driver();
-    QSqlQuery query(table->database());
-    query.setForwardOnly(true);
-    query.prepare(
-        driver->sqlStatement(QSqlDriver::SelectStatement, table->tableName(), key, false) + u' ' +
-        driver->sqlStatement(QSqlDriver::WhereStatement, table->tableName(), key, true));
-    for (int i = 0; i < key.count(); ++i)
-        if (!key.isNull(i))
-            query.addBindValue(key.value(i));
-    if (!query.exec())
-        Raise(query.lastError());
-    if (!query.next()) {
-        if (query.lastError().isValid())
-            Raise(query.lastError());
-        throw EDatabaseError(QStringLiteral("The record was removed or changed by someone else."));
-    }
-    if (query.next())
-        throw EDatabaseError(
-            QStringLiteral("The record cannot be told from another one: the table has no key."));
-}
-
-void TDataSet::SubmitRow(int ARow)
-{
-    QSqlTableModel *table = Table();
-    for (const auto &field : FFields) {
-        const size_t i = size_t(field->GetIndex());
-        if (!FStoredInto[i] || table->setData(table->index(ARow, int(i)), FValues[i]))
-            continue;
-        table->revertRow(ARow);
-        throw EDatabaseError(
-            QStringLiteral("The field \"%1\" takes no value.").arg(field->GetFieldName()));
-    }
-    // When nothing is dirty any more the row was written, and only reading it again failed.
-    if (table->submit() || !table->isDirty())
-        return;
-    const QSqlError error = table->lastError();
-    table->revertRow(ARow);
-    Raise(error);
-}
+// --- the records ---------------------------------------------------------------------------------
 
 void TDataSet::StoreEdit()
 {
-    if (FModified) {
-        CheckRecordIsThere();
-        SubmitRow(FRow);
-    }
+    if (FModified)
+        FSource->Update(FRow, FStored, FValues, FStoredInto);
     ReadRecord(FRow);
 }
 
 void TDataSet::StoreInsert()
 {
-    QSqlTableModel *table = Table();
-    const QSqlRecord columns = table->record();
-    if (!FModified) // a database wants at least one column to be named
-        for (int i = 0; i < columns.count(); ++i)
-            FStoredInto[size_t(i)] = !columns.field(i).isAutoValue();
-    if (!table->insertRow(FInsertRow))
-        Raise(table->lastError());
-    SubmitRow(FInsertRow);
+    const bool known = FSource->Insert(FInsertRow, FValues, FStoredInto);
     FRow = FInsertRow;
-    const TZtValues written = FValues;
-    QSqlRecord stored;
-    for (const auto &field : FFields)
-        if (FStoredInto[size_t(field->GetIndex())])
-            stored.append(columns.field(field->GetIndex()));
-    ReadRecord(FRow);
-    const QSqlRecord key = KeyOf(FStored);
-    bool known = true;
-    for (int i = 0; i < key.count() && !table->primaryKey().isEmpty(); ++i)
-        known = known && !key.isNull(i);
-    if (!known)
-        Reselect(written, stored); // the database made the key and its driver does not tell it
+    if (known) {
+        ReadRecord(FRow);
+        return;
+    }
+    std::vector<int> written;
+    for (size_t i = 0; i < FStoredInto.size(); ++i)
+        if (FStoredInto[i])
+            written.push_back(int(i));
+    Reselect(TZtValues(FValues), written);
 }
 
-// The last row whose values in `AColumns` are these, or -1.
-int TDataSet::FindRow(const TZtValues &AValues, const QSqlRecord &AColumns) const
+void TDataSet::Rebase(const TZtValues &AStored)
 {
-    if (AColumns.isEmpty() || AValues.empty())
-        return -1;
-    std::vector<int> columns;
-    for (int i = 0; i < AColumns.count(); ++i)
-        if (const TField *field = FindField(AColumns.fieldName(i)))
-            columns.push_back(field->GetIndex());
-    for (int row = GetRecordCount() - 1; row >= 0; --row)
-        if (std::all_of(columns.begin(), columns.end(), [&](int column) {
-                return FModel->index(row, column).data(Qt::EditRole) == AValues[size_t(column)];
-            }))
-            return row;
-    return -1;
+    FStored = AStored;
+    for (size_t i = 0; i < FValues.size(); ++i) {
+        if (FStoredInto[i] || FValues[i] == AStored[i])
+            continue;
+        FValues[i] = AStored[i];
+        Notify(TDataEvent::deDataChange, GetFields(int(i)));
+    }
 }
 
 // Reads the records anew and goes to the one with these values, or else stays at the same number.
-void TDataSet::Reselect(const TZtValues &AValues, const QSqlRecord &AColumns)
+void TDataSet::Reselect(const TZtValues &AValues, const std::vector<int> &AColumns)
 {
     try {
-        Select();
+        FSource->Select();
     } catch (const EDatabaseError &) {
         FRow = -1;
         ReadRecord(FRow);
@@ -461,7 +384,7 @@ void TDataSet::Reselect(const TZtValues &AValues, const QSqlRecord &AColumns)
         Notify(TDataEvent::deDataChange);
         throw;
     }
-    const int row = FindRow(AValues, AColumns);
+    const int row = FSource->Find(AValues, AColumns);
     FRow = row >= 0 ? row : qMin(qMax(FRow, 0), GetRecordCount() - 1);
     FBof = FEof = IsEmpty();
     ReadRecord(FRow);

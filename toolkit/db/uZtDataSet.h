@@ -1,18 +1,15 @@
 #pragma once
 
 #include "uZtBlobStream.h"
-#include "uZtDbTypes.h"
 #include "uZtField.h"
+#include "uZtNotifier.h"
+#include "uZtRecordSource.h"
 
 #include <QObject>
-#include <QPointer>
-#include <QSqlQueryModel>
 
 #include <memory>
 
-class QSqlError;
-class QSqlRecord;
-class QSqlTableModel;
+class QSqlQueryModel;
 
 /// Who is told of what happens to a dataset.
 class TDataSetListener {
@@ -25,16 +22,18 @@ protected:
     ~TDataSetListener() = default;
 };
 
-/// The records of an SQL model, one of which is the current one, and their editing.
+/// Records, one of which is the current one, and their editing.
 ///
-/// The model is the host's: a `QSqlTableModel` of any driver, or another `QSqlQueryModel`, whose
-/// records are read-only. Opening reads all of them. A changed record is written with the model's
-/// own statements when it is posted, not before; the record is found by the table's primary key, by
-/// all its columns where there is none. Only columns that were stored into are written.
+/// The records are those of a host's SQL model or of another `TRecordSource`. Opening reads all of
+/// them. A changed record is written when it is posted, not before, and only the columns that were
+/// stored into.
 ///
 /// What fails raises `EDatabaseError`. A post that fails leaves the state and the fields as they
-/// are, so that it can be repeated.
-class TDataSet : public QObject, private TFieldRecord {
+/// are, so that it can be repeated. A post that finds another value in the database than the one
+/// that was read writes nothing and raises `EUpdateConflict`.
+///
+/// A handler of its sources, links and fields may do anything with it, deleting it included.
+class TDataSet : public QObject, public TZtNotifier, private TFieldRecord {
     Q_OBJECT
     Q_PROPERTY(bool Active READ GetActive WRITE SetActive)
     Q_PROPERTY(bool ReadOnly READ GetReadOnly WRITE SetReadOnly)
@@ -43,10 +42,15 @@ public:
     explicit TDataSet(QObject *AOwner = nullptr);
     /// Detaches the data sources. A pending record is given up.
     ~TDataSet() override;
+    ZT_DELETE_WHEN_IDLE(TDataSet)
 
-    QSqlQueryModel *GetModel() const { return FModel; }
-    /// The model stays the caller's; its edit strategy becomes `OnRowChange`. Closes the dataset.
+    /// The host's model; null without one.
+    QSqlQueryModel *GetModel() const;
+    /// The model stays the caller's; see `TModelSource`. Closes the dataset.
     void SetModel(QSqlQueryModel *Value);
+    TRecordSource *GetRecordSource() const { return FSource.get(); }
+    /// Closes the dataset.
+    void SetRecordSource(std::unique_ptr<TRecordSource> Value);
     bool GetActive() const { return FState != TDataSetState::dsInactive; }
     void SetActive(bool Value) { Value ? Open() : Close(); }
     /// Reads the records anew and goes to the first one. Nothing happens when it is open.
@@ -58,8 +62,11 @@ public:
     bool GetReadOnly() const { return FReadOnly; }
     /// Forbids `Edit`, `Insert`, `Append` and `Delete`; no one is told.
     void SetReadOnly(bool Value) { FReadOnly = Value; }
-    /// Whether the records can be changed at all: a table, and not read-only.
-    bool CanModify() const final;
+    /// Whether the records can be changed at all.
+    bool CanModify() const final { return GetReadOnlyReason().isEmpty(); }
+    /// Why the records cannot be changed, for a user; empty when they can. Records of which not all
+    /// could be read cannot.
+    QString GetReadOnlyReason() const;
     /// Whether a field of the pending record was stored into.
     bool GetModified() const { return FModified; }
 
@@ -110,6 +117,9 @@ public:
     void Refresh();
     /// Has the controls store what they hold into the fields. Raises without a pending record.
     void UpdateRecord();
+    /// Takes what a conflict has found for what was read: the next post writes over it. The fields
+    /// that were not stored into show it.
+    void Rebase(const TZtValues &AStored);
     /// Posts or cancels a pending record, as a move does.
     void CheckBrowseMode();
 
@@ -123,6 +133,10 @@ private:
     QVariant GetValue(int AIndex) const final { return FValues.at(size_t(AIndex)); }
     QVariant ExchangeValue(int AIndex, const QVariant &AValue) final;
     void ValueStored(int AIndex) final;
+    bool IsExact(int AIndex) const final;
+
+    void Abandoned() final;
+    void Leave();
 
     bool IsPending() const { return FState >= TDataSetState::dsEdit; }
     void Notify(TDataEvent AEvent, TField *AField = nullptr);
@@ -130,32 +144,26 @@ private:
     void CheckActive() const;
     void CheckCanModify() const;
     // records
-    QSqlTableModel *Table() const;
-    void Select();
     void CreateFields();
     void ReadRecord(int ARow);
     void MoveTo(int ARow);
     void StartInsert(bool AAtEnd);
-    QSqlRecord KeyOf(const TZtValues &AValues) const;
-    void CheckRecordIsThere() const;
     void StoreEdit();
     void StoreInsert();
     void StorePending();
-    void SubmitRow(int ARow);
-    void Reselect(const TZtValues &AValues, const QSqlRecord &AColumns);
-    int FindRow(const TZtValues &AValues, const QSqlRecord &AColumns) const;
+    void Reselect(const TZtValues &AValues, const std::vector<int> &AColumns);
 
-    QPointer<QSqlQueryModel> FModel;
+    std::unique_ptr<TRecordSource> FSource;
     TDataSetState FState = TDataSetState::dsInactive;
     bool FReadOnly = false;
     bool FModified = false;
     bool FBof = true;
     bool FEof = true;
-    int FRow = -1; // of the current record in the model
+    int FRow = -1; // of the current record
     int FInsertRow = 0;
-    std::vector<std::unique_ptr<TField>> FFields;
-    TZtValues FValues;               // of the current or pending record, one a field
-    TZtValues FStored;               // as they were read
-    std::vector<bool> FStoredInto; // since the record is pending
+    std::vector<std::shared_ptr<TField>> FFields; // a field lives on while it validates
+    TZtValues FValues;                            // of the current or pending record, one a field
+    TZtValues FStored;                            // as they were read
+    std::vector<bool> FStoredInto;                // since the record is pending
     std::vector<TDataSetListener *> FListeners;
 };

@@ -16,6 +16,18 @@ TDataSource::~TDataSource()
 {
     OnStateChange = nullptr;
     OnDataChange = nullptr;
+    Leave();
+}
+
+// What is deleted shows nothing any more.
+void TDataSource::Abandoned()
+{
+    setParent(nullptr);
+    Leave();
+}
+
+void TDataSource::Leave()
+{
     while (!FLinks.empty())
         FLinks.back()->DataSourceRemoved();
     SetDataSet(nullptr);
@@ -56,15 +68,16 @@ void TDataSource::Edit()
 
 void TDataSource::DataEvent(TDataEvent AEvent, TField *AField)
 {
+    const THold hold(*this);
     const bool isState = AEvent == TDataEvent::deAttach || AEvent == TDataEvent::deUpdateState;
-    if (isState && OnStateChange)
-        OnStateChange(this);
+    if (isState)
+        Fire(OnStateChange, this);
     const std::vector<TDataLink *> links = FLinks; // a listener may detach one
     for (TDataLink *link : links)
         if (std::find(FLinks.begin(), FLinks.end(), link) != FLinks.end())
             link->DataEvent(AEvent, AField);
-    if (AEvent == TDataEvent::deDataChange && OnDataChange)
-        OnDataChange(this, AField);
-    if (AEvent == TDataEvent::deUpdateRecord && OnUpdateData)
-        OnUpdateData(this);
+    if (AEvent == TDataEvent::deDataChange)
+        Fire(OnDataChange, this, AField);
+    if (AEvent == TDataEvent::deUpdateRecord)
+        Fire(OnUpdateData, this);
 }

@@ -17,7 +17,9 @@ protected:
 using TDataChangeEvent = std::function<void(QObject *Sender, TField *Field)>;
 
 /// Connects a dataset with the controls that show it.
-class TDataSource : public QObject, private TDataSetListener {
+///
+/// A handler may do anything with it, deleting it included.
+class TDataSource : public QObject, public TZtNotifier, private TDataSetListener {
     Q_OBJECT
     Q_PROPERTY(TDataSet *DataSet READ GetDataSet WRITE SetDataSet)
     Q_PROPERTY(bool AutoEdit READ GetAutoEdit WRITE SetAutoEdit)
@@ -26,6 +28,7 @@ public:
     explicit TDataSource(QObject *AOwner = nullptr);
     /// Detaches the links.
     ~TDataSource() override;
+    ZT_DELETE_WHEN_IDLE(TDataSource)
 
     /// Fired before the links are told of another state or another dataset.
     TNotifyEvent OnStateChange;
@@ -50,6 +53,8 @@ public:
     void RemoveDataLink(TDataLink *ALink) { std::erase(FLinks, ALink); }
 
 private:
+    void Abandoned() final;
+    void Leave();
     void TellOfDataSet();
     void DataEvent(TDataEvent AEvent, TField *AField) final;
     void DataSetRemoved() final { SetDataSet(nullptr); }

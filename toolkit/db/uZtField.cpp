@@ -2,6 +2,7 @@
 
 #include "uZtDbTypes.h"
 #include "uZtStringStream.h"
+#include "uZtUtf8.h"
 
 namespace {
 
@@ -22,9 +23,9 @@ TField::TField(TFieldRecord *ARecord, int AIndex, const QSqlField &AColumn)
 {
 }
 
-bool TField::CanModify() const { return !FReadOnly && FRecord->CanModify(); }
+bool TField::CanModify() const { return !FReadOnly && FRecord && FRecord->CanModify(); }
 
-QVariant TField::GetValue() const { return FRecord->GetValue(FIndex); }
+QVariant TField::GetValue() const { return FRecord ? FRecord->GetValue(FIndex) : NullValue(); }
 
 QString TField::GetAsString() const
 {
@@ -43,6 +44,8 @@ QByteArray TField::GetAsBytes() const
 
 void TField::CheckStore() const
 {
+    if (!FRecord)
+        throw EDatabaseError(QStringLiteral("The dataset is closed."));
     FRecord->CheckPending();
     if (FReadOnly)
         throw EDatabaseError(QStringLiteral("The field \"%1\" is read-only.").arg(GetFieldName()));
@@ -53,14 +56,17 @@ void TField::Clear() { SetValue(NullValue()); }
 void TField::SetValue(const QVariant &Value)
 {
     CheckStore();
+    const auto alive = shared_from_this(); // a handler may close the dataset
     const QVariant old = FRecord->ExchangeValue(FIndex, Value);
     try {
         Validate();
     } catch (...) {
-        FRecord->ExchangeValue(FIndex, old);
+        if (FRecord)
+            FRecord->ExchangeValue(FIndex, old);
         throw;
     }
-    FRecord->ValueStored(FIndex);
+    if (FRecord)
+        FRecord->ValueStored(FIndex);
 }
 
 QVariant TField::FromText(const QString &AText) const
@@ -90,13 +96,14 @@ void TField::StoreBytes(const QByteArray &ABytes)
     CheckStore();
     // The type of a null says nothing.
     const bool text = IsNull() ? !IsBlob() : GetValue().typeId() == QMetaType::QString;
-    FRecord->ExchangeValue(FIndex, text ? QVariant(NotNull(QString::fromUtf8(ABytes)))
+    FRecord->ExchangeValue(FIndex, text ? QVariant(NotNull(ZtFromUtf8(ABytes)))
                                         : QVariant(NotNull(ABytes)));
     FRecord->ValueStored(FIndex);
 }
 
 void TField::Validate()
 {
-    if (OnValidate)
-        OnValidate(this);
+    const auto alive = weak_from_this().lock();
+    if (const auto validate = OnValidate)
+        validate(this);
 }

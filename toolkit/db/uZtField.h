@@ -5,6 +5,7 @@
 #include <QVariant>
 
 #include <functional>
+#include <memory>
 
 class TDataSet;
 
@@ -20,6 +21,8 @@ public:
     virtual QVariant ExchangeValue(int AIndex, const QVariant &AValue) = 0;
     /// Marks a field as stored into and tells who shows it.
     virtual void ValueStored(int AIndex) = 0;
+    /// Whether the value gives back what the database has.
+    virtual bool IsExact(int AIndex) const = 0;
 
 protected:
     ~TFieldRecord() = default;
@@ -29,7 +32,7 @@ protected:
 ///
 /// A store needs the dataset in edit or insert state and a field that is not read-only, and raises
 /// `EDatabaseError` otherwise. It is checked by `OnValidate`, and tells the data sources at once.
-class TField {
+class TField : public std::enable_shared_from_this<TField> {
 public:
     TField(TFieldRecord *ARecord, int AIndex, const QSqlField &AColumn);
     TField(const TField &) = delete;
@@ -38,7 +41,8 @@ public:
     /// Looks at the new value; what it raises undoes the store.
     std::function<void(TField *Sender)> OnValidate;
 
-    TDataSet *GetDataSet() const { return FRecord->RecordDataSet(); }
+    /// Null once the dataset is closed.
+    TDataSet *GetDataSet() const { return FRecord ? FRecord->RecordDataSet() : nullptr; }
     QString GetFieldName() const { return FColumn.name(); }
     /// 0-based.
     int GetIndex() const { return FIndex; }
@@ -49,6 +53,10 @@ public:
     void SetReadOnly(bool Value) { FReadOnly = Value; }
     /// Whether neither the field nor its dataset is read-only.
     bool CanModify() const;
+
+    /// Whether the value gives back what is stored: a text whose bytes are no text in the
+    /// database's encoding does not, and storing what was made of it would change them.
+    bool IsExact() const { return !FRecord || FRecord->IsExact(FIndex); }
 
     bool IsNull() const { return GetValue().isNull(); }
     /// Stores null.
@@ -79,6 +87,8 @@ public:
     void CheckStore() const;
     /// Stores bytes as they are, without a validation. A text in a column of bytes stays a text.
     void StoreBytes(const QByteArray &ABytes);
+    /// The record goes: the field holds nothing any more.
+    void Detach() { FRecord = nullptr; }
 
 private:
     QVariant FromText(const QString &AText) const;

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "uZtDbTypes.h"
+
+#include <QSqlRecord>
+
+#include <functional>
+
+/// Somebody else changed what is about to be written, since it was read. Nothing was written.
+class EUpdateConflict : public EDatabaseError {
+public:
+    EUpdateConflict(const QString &AMessage, const TZtValues &AStored)
+        : EDatabaseError(AMessage), FStored(AStored)
+    {
+    }
+    /// The record as the database has it now.
+    const TZtValues &Stored() const { return FStored; }
+
+private:
+    TZtValues FStored;
+};
+
+/// Where the records of a dataset come from and go to. Records and columns are numbered from 0.
+/// What fails raises `EDatabaseError`, with the driver's own words where it has any.
+class TRecordSource {
+public:
+    TRecordSource() = default;
+    virtual ~TRecordSource() = default;
+    TRecordSource(const TRecordSource &) = delete;
+    TRecordSource &operator=(const TRecordSource &) = delete;
+
+    /// Told when records were read anew, came or went.
+    std::function<void()> OnRecordsChange;
+
+    /// Reads the records anew. When the reading breaks off, those that came stay, and
+    /// `ReadOnlyReason` tells why they cannot be changed.
+    virtual void Select() = 0;
+    virtual int Count() const = 0;
+    /// The columns' names and types.
+    virtual QSqlRecord Columns() const = 0;
+    virtual QVariant Value(int ARow, int AColumn) const = 0;
+    /// The columns that tell a record from all others; all of them where there is no key.
+    virtual std::vector<int> KeyColumns() const = 0;
+    /// Why the records cannot be changed, for a user; empty when they can.
+    virtual QString ReadOnlyReason() const = 0;
+    /// Whether a value gives back what is stored: a text with bytes that are no text does not.
+    virtual bool IsExact(int ARow, int AColumn) const = 0;
+
+    /// Writes the columns of `AStored` of a record whose values were `AOld`. Raises
+    /// `EUpdateConflict` when one of these is another one by now.
+    virtual void Update(int ARow, const TZtValues &AOld, const TZtValues &ANew,
+                        const std::vector<bool> &AStored) = 0;
+    /// Writes a new record, the columns of `AStored` alone, and puts it at `ARow`. Answers whether
+    /// it shows there all that the database made of it; where it does not, it is to be looked for
+    /// among the records read anew.
+    virtual bool Insert(int ARow, const TZtValues &AValues, const std::vector<bool> &AStored) = 0;
+    /// Removes a record whose values are `AOld`; it is gone when the records are read anew.
+    virtual void Remove(int ARow, const TZtValues &AOld) = 0;
+
+    /// The column of a name, letter case apart, or -1.
+    int ColumnOf(const QString &AName) const;
+    TZtValues Record(int ARow) const;
+    /// The last record whose values in `AColumns` are those of `AValues`, or -1.
+    int Find(const TZtValues &AValues, const std::vector<int> &AColumns) const;
+
+protected:
+    void RecordsChanged() const
+    {
+        if (OnRecordsChange)
+            OnRecordsChange();
+    }
+};

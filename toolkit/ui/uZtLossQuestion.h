@@ -1,0 +1,28 @@
+#pragma once
+
+#include "uZtStringStream.h"
+
+#include <functional>
+
+class TStringList;
+
+/// Gives a text's bytes in a format, and the characters that this lacks.
+using TZtEncodeText =
+    std::function<QByteArray(const TZtTextFormat &AFormat, std::vector<TZtLostChar> &ALost)>;
+
+/// The bytes of the lines.
+QByteArray ZtEncodeLines(const TStringList &ALines, const TZtTextFormat &AFormat,
+                         std::vector<TZtLostChar> &ALost);
+
+/// Encodes a text in `AFormat` or, where that lacks characters, in a roomier one that the user
+/// agrees to and that `AFormat` becomes. False when the user does not agree. `AName` is what the
+/// user knows the text by.
+bool ZtAgreeOnEncoding(const TZtEncodeText &AEncode, const QString &AName, TZtTextFormat &AFormat,
+                       QByteArray &ABytes);
+
+/// Whether the user agrees to a replacement character (U+FFFD) for each one that the text called
+/// `AName` cannot be stored with; `AFirst` is the first of them.
+bool ZtAgreeOnReplacements(const QString &AName, const TZtLostChar &AFirst);
+
+/// Whether the user agrees to write a text whose bytes could not all be decoded.
+bool ZtAgreeOnUndecodable(const QString &AName, const QString &AEncoding);
