@@ -1,6 +1,6 @@
 #include "DbConnection.h"
 
-#include "uZtDataSet.h"
+#include "uZtSqlTable.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -116,28 +116,26 @@ void TDbConnection::Open() const
         Tr("Cannot open the database \"%1\": %2.").arg(FPath, error.text().simplified()));
 }
 
-QStringList TDbConnection::Tables() const
-{
-    return Database().tables(QSql::Tables) + Database().tables(QSql::Views);
-}
+QStringList TDbConnection::Tables() const { return TSqlTableSource::Tables(Database()); }
 
-QSqlRecord TDbConnection::Columns(const QString &ATable) const
+QStringList TDbConnection::Columns(const QString &ATable) const
 {
     if (!Tables().contains(ATable, Qt::CaseInsensitive))
         throw EDatabaseError(Tr("The database \"%1\" has no table \"%2\"; it has: %3.")
                                  .arg(FPath, ATable, Tables().join(QLatin1StringView(", "))));
-    return Database().record(ATable);
+    const QSqlRecord columns = TSqlTableSource(Database(), ATable).Columns();
+    QStringList names;
+    for (int i = 0; i < columns.count(); ++i)
+        names.append(columns.fieldName(i));
+    return names;
 }
 
 void TDbConnection::Check(const TDbPlace &APlace) const
 {
-    const QSqlRecord columns = Columns(APlace.Table);
-    QStringList names;
-    for (int i = 0; i < columns.count(); ++i)
-        names.append(columns.fieldName(i));
+    const QStringList names = Columns(APlace.Table);
     const QString key = APlace.Key.isEmpty() ? APlace.Field : APlace.Key;
     for (const QString &name : {APlace.Field, key})
-        if (!columns.contains(name))
+        if (!names.contains(name, Qt::CaseInsensitive))
             throw EDatabaseError(Tr("The table \"%1\" has no field \"%2\"; it has: %3.")
                                      .arg(APlace.Table, name, names.join(QLatin1StringView(", "))));
 }

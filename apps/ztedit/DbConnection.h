@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QSqlDatabase>
-#include <QSqlRecord>
 #include <QString>
 
 /// Where a text of a database is.
@@ -28,8 +27,8 @@ public:
     QSqlDatabase Database() const { return QSqlDatabase::database(FName); }
     /// The names of the tables and views.
     QStringList Tables() const;
-    /// Raises when there is no such table or view.
-    QSqlRecord Columns(const QString &ATable) const;
+    /// The names of a table's columns. Raises when there is no such table or view.
+    QStringList Columns(const QString &ATable) const;
     /// Raises, with the names that there are, when one of those in `APlace` is missing.
     void Check(const TDbPlace &APlace) const;
 

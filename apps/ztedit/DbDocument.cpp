@@ -1,9 +1,12 @@
 #include "DbDocument.h"
 
+#include "ConflictDialog.h"
 #include "DbFieldsDialog.h"
+#include "RecordList.h"
 
 #include "uZtDbCodeEdit.h"
 #include "uZtPlatform.h"
+#include "uZtSqlTable.h"
 
 #include <QAction>
 #include <QBoxLayout>
@@ -11,9 +14,6 @@
 #include <QFileInfo>
 #include <QListView>
 #include <QSplitter>
-#include <QSqlField>
-#include <QSqlIndex>
-#include <QSqlTableModel>
 #include <QToolBar>
 
 namespace {
@@ -30,13 +30,6 @@ bool IsOpen(const TDataSet &S) { return S.GetActive(); }
 
 } // namespace
 
-// The key that the user named stands for one that the table does not have.
-class TDbDocument::TModel : public QSqlTableModel {
-public:
-    using QSqlTableModel::QSqlTableModel;
-    using QSqlTableModel::setPrimaryKey;
-};
-
 struct TDbDocument::TCommand {
     const char *Text;
     bool (TDbDocument::*Run)();
@@ -47,8 +40,10 @@ TDbDocument::TDbDocument(const TDbPlace &APlace, QWidget *AParent)
     : TDocument(QString(), AParent), FPlace(APlace), FConnection(APlace.File)
 {
     FConnection.Check(FPlace);
-    FColumns = FConnection.Columns(FPlace.Table);
-    CreateModel();
+    const QStringList key = FPlace.Key.isEmpty() ? QStringList() : QStringList(FPlace.Key);
+    auto records = std::make_unique<TSqlTableSource>(FConnection.Database(), FPlace.Table, key);
+    FRecords = records.get();
+    FDataSet.SetRecordSource(std::move(records));
     CreateWidgets();
     FSource.SetDataSet(&FDataSet);
     FSource.OnStateChange = [this](QObject *) { Q_EMIT Changed(); };
@@ -61,22 +56,9 @@ TDbDocument::~TDbDocument()
 {
     FSource.OnStateChange = {};
     DeleteEditor();
-    FDataSet.SetModel(nullptr);
     delete FList;
-    FModel.reset();
-}
-
-void TDbDocument::CreateModel()
-{
-    auto model = std::make_unique<TModel>(nullptr, FConnection.Database());
-    model->setTable(FPlace.Table);
-    if (!FPlace.Key.isEmpty()) {
-        QSqlIndex key(FPlace.Table);
-        key.append(FColumns.field(FPlace.Key));
-        model->setPrimaryKey(key);
-    }
-    FModel = std::move(model);
-    FDataSet.SetModel(FModel.get());
+    FCaptions.reset();
+    FDataSet.SetRecordSource(nullptr);
 }
 
 void TDbDocument::CreateWidgets()
@@ -85,8 +67,8 @@ void TDbDocument::CreateWidgets()
     auto *splitter = new QSplitter(this);
     layout()->addWidget(splitter);
     FList = new QListView(splitter);
-    FList->setModel(FModel.get());
-    FList->setModelColumn(CaptionColumn());
+    FCaptions = std::make_unique<TRecordList>(*FRecords, CaptionColumn());
+    FList->setModel(FCaptions.get());
     FList->setEditTriggers(QAbstractItemView::NoEditTriggers);
     FList->setUniformItemSizes(true);
     FList->setAccessibleName(tr("Records"));
@@ -140,9 +122,11 @@ QWidget *TDbDocument::CreateToolBar()
 int TDbDocument::CaptionColumn() const
 {
     for (const char *name : {"name", "title", "caption"})
-        if (FColumns.contains(QLatin1StringView(name)) && FPlace.Field != QLatin1StringView(name))
-            return FColumns.indexOf(QLatin1StringView(name));
-    return FModel->primaryKey().isEmpty() ? 0 : FColumns.indexOf(FModel->primaryKey().fieldName(0));
+        if (const int column = FRecords->ColumnOf(QLatin1StringView(name));
+            column >= 0 && FPlace.Field.compare(QLatin1StringView(name), Qt::CaseInsensitive) != 0)
+            return column;
+    const std::vector<int> key = FRecords->KeyColumns();
+    return int(key.size()) < FRecords->Columns().count() ? key[0] : 0;
 }
 
 TZtCodeEdit *TDbDocument::CreateEditor()
@@ -182,13 +166,18 @@ QString TDbDocument::StateText() const
 {
     static constexpr const char *names[] = {QT_TR_NOOP("Closed"), QT_TR_NOOP("Browsing"),
                                             QT_TR_NOOP("Editing"), QT_TR_NOOP("Inserting")};
-    return tr(names[size_t(FDataSet.GetState())]);
+    const QString reason = FDataSet.GetReadOnlyReason();
+    return FDataSet.GetState() == TState::dsBrowse && !reason.isEmpty()
+               ? reason
+               : tr(names[size_t(FDataSet.GetState())]);
 }
 
 QString TDbDocument::RecordName() const
 {
-    const TField *field = FDataSet.FindField(FColumns.fieldName(CaptionColumn()));
-    return field && !field->IsNull() ? field->GetText() : tr("New record");
+    if (!FDataSet.GetActive())
+        return {};
+    const TField *field = FDataSet.GetFields(CaptionColumn());
+    return field->IsNull() ? tr("New record") : field->GetText();
 }
 
 // --- operations ----------------------------------------------------------------------------------
@@ -198,6 +187,9 @@ template <typename T> bool TDbDocument::Try(const QString &AFault, T AOperation)
     try {
         AOperation();
         return true;
+    } catch (const EAbort &) {
+        SyncList();
+        return false;
     } catch (const EZtException &error) {
         SyncList();
         ZtMsgBoxInfo(AFault.arg(error.Message()), QCoreApplication::applicationName());
@@ -239,7 +231,7 @@ bool TDbDocument::Insert()
 
 bool TDbDocument::HasOtherFields() const
 {
-    return !TDbFieldsDialog::FieldsOf(FDataSet, FColumns, FPlace.Field).empty();
+    return !TDbFieldsDialog::FieldsOf(FDataSet, FPlace.Field).empty();
 }
 
 bool TDbDocument::InsertWithFields()
@@ -251,8 +243,7 @@ bool TDbDocument::InsertWithFields()
 
 bool TDbDocument::EditFields()
 {
-    TDbFieldsDialog dialog(FDataSet, TDbFieldsDialog::FieldsOf(FDataSet, FColumns, FPlace.Field),
-                           this);
+    TDbFieldsDialog dialog(FDataSet, TDbFieldsDialog::FieldsOf(FDataSet, FPlace.Field), this);
     if (dialog.exec() != QDialog::Accepted)
         return false;
     const bool stored = Try(tr("Cannot change the fields: %1"), [&] { dialog.Store(); });
@@ -278,7 +269,7 @@ bool TDbDocument::Post()
     const QPoint caret(Editor()->GetCharPos(), Editor()->GetLinePos());
     const bool posted = Try(tr("The record was not posted: %1\nIts text stays in the editor; post "
                                "it again later, or cancel."),
-                            [this] { FDataSet.Post(); });
+                            [this] { PostOrAsk(); });
     if (posted) {
         // The text is the same; what could be undone before still can.
         Editor()->SetLinePos(caret.y());
@@ -287,6 +278,40 @@ bool TDbDocument::Post()
         ShowLanguage();
     }
     return posted;
+}
+
+// Posts; when somebody else has written into the record meanwhile, the user chooses.
+void TDbDocument::PostOrAsk()
+{
+    while (IsPending(FDataSet)) {
+        try {
+            FDataSet.Post();
+        } catch (const EUpdateConflict &conflict) {
+            Resolve(conflict);
+        }
+    }
+}
+
+void TDbDocument::Resolve(const EUpdateConflict &AConflict)
+{
+    std::vector<TConflict> conflicts;
+    for (const int column : AConflict.Columns()) {
+        const TField *field = FDataSet.GetFields(column);
+        conflicts.push_back({field->GetFieldName(), field->GetText(),
+                             TField::TextOf(AConflict.Stored()[size_t(column)])});
+    }
+    switch (TConflictDialog(RecordName(), conflicts, this).Ask()) {
+    case TConflictDialog::Mine:
+        FDataSet.Rebase(AConflict.Stored());
+        break;
+    case TConflictDialog::Theirs:
+        FDataSet.Cancel();
+        FDataSet.Refresh();
+        ShowRecord();
+        break;
+    case TConflictDialog::Neither:
+        throw EAbort(QStringLiteral("Nothing was chosen"));
+    }
 }
 
 bool TDbDocument::Cancel()
@@ -340,5 +365,5 @@ void TDbDocument::SyncList()
 {
     const int row = FDataSet.GetRecNo() - 1;
     if (FList->currentIndex().row() != row)
-        FList->setCurrentIndex(row < 0 ? QModelIndex() : FModel->index(row, CaptionColumn()));
+        FList->setCurrentIndex(row < 0 ? QModelIndex() : FCaptions->index(row));
 }

@@ -9,8 +9,10 @@
 #include <vector>
 
 class QAction;
+class EUpdateConflict;
 class QListView;
-class QSqlTableModel;
+class TRecordList;
+class TRecordSource;
 class TZtDbCodeEdit;
 
 /// A tab with a list of a table's records beside an editor for one field of the current one.
@@ -68,15 +70,15 @@ protected:
 
 private:
     struct TCommand;
-    class TModel;
 
-    void CreateModel();
     void CreateWidgets();
     QWidget *CreateToolBar();
     int CaptionColumn() const;
     bool HasOtherFields() const;
     bool Leave();
     template <typename T> bool Try(const QString &AFault, T AOperation);
+    void PostOrAsk();
+    void Resolve(const EUpdateConflict &AConflict);
     void ShowRecord();
     void ShowLanguage();
     void FollowList();
@@ -84,8 +86,8 @@ private:
 
     TDbPlace FPlace;
     TDbConnection FConnection;
-    QSqlRecord FColumns;
-    std::unique_ptr<QSqlTableModel> FModel;
+    TRecordSource *FRecords = nullptr; // the dataset's
+    std::unique_ptr<TRecordList> FCaptions;
     TDataSet FDataSet;
     TDataSource FSource;
     QListView *FList = nullptr;

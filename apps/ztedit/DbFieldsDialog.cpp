@@ -5,7 +5,6 @@
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QLineEdit>
-#include <QSqlRecord>
 
 TDbFieldsDialog::TDbFieldsDialog(TDataSet &ADataSet, const std::vector<TField *> &AFields,
                                  QWidget *AParent)
@@ -30,15 +29,13 @@ TDbFieldsDialog::TDbFieldsDialog(TDataSet &ADataSet, const std::vector<TField *>
     resize(400, sizeHint().height());
 }
 
-std::vector<TField *> TDbFieldsDialog::FieldsOf(const TDataSet &ADataSet,
-                                                const QSqlRecord &AColumns, const QString &AExcept)
+std::vector<TField *> TDbFieldsDialog::FieldsOf(const TDataSet &ADataSet, const QString &AExcept)
 {
     std::vector<TField *> fields;
     for (int i = 0; i < ADataSet.GetFieldCount(); ++i) {
         TField *field = ADataSet.GetFields(i);
-        const QString name = field->GetFieldName();
-        if (!field->IsBlob() && !AColumns.field(name).isAutoValue() &&
-            name.compare(AExcept, Qt::CaseInsensitive) != 0)
+        if (!field->IsBlob() && !field->IsAutoValue() &&
+            field->GetFieldName().compare(AExcept, Qt::CaseInsensitive) != 0)
             fields.push_back(field);
     }
     return fields;

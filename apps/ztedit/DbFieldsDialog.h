@@ -5,7 +5,6 @@
 #include <vector>
 
 class QLineEdit;
-class QSqlRecord;
 class TDataSet;
 class TField;
 
@@ -19,8 +18,7 @@ public:
 
     /// The fields that a user can write in a line: no bytes, no number that the database makes, and
     /// not the one named `AExcept`.
-    static std::vector<TField *> FieldsOf(const TDataSet &ADataSet, const QSqlRecord &AColumns,
-                                          const QString &AExcept);
+    static std::vector<TField *> FieldsOf(const TDataSet &ADataSet, const QString &AExcept);
     /// Stores the fields that were changed, entering edit state for the first. Raises what storing
     /// raises.
     void Store();

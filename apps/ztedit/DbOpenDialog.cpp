@@ -9,7 +9,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QSqlField>
 
 TDbOpenDialog::TDbOpenDialog(const QString &AFile, QWidget *AParent)
     : QDialog(AParent), FTable(new QComboBox(this)), FField(new QComboBox(this)),
@@ -82,14 +81,11 @@ void TDbOpenDialog::ShowTable()
     FField->clear();
     FKey->clear();
     FKey->addItem(tr("the table's primary key"));
-    const QSqlRecord columns = FConnection && FTable->currentIndex() >= 0
-                                   ? FConnection->Columns(FTable->currentText())
-                                   : QSqlRecord();
-    for (int i = 0; i < columns.count(); ++i) {
-        FKey->addItem(columns.fieldName(i));
-        FField->addItem(columns.fieldName(i));
-        FField->setCurrentIndex(i); // the long texts are mostly the last ones
-    }
+    if (FConnection && FTable->currentIndex() >= 0)
+        FField->addItems(FConnection->Columns(FTable->currentText()));
+    for (int i = 0; i < FField->count(); ++i)
+        FKey->addItem(FField->itemText(i));
+    FField->setCurrentIndex(FField->count() - 1); // the long texts are mostly the last ones
     FOk->setEnabled(FField->count() > 0);
 }
 

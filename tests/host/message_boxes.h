@@ -16,6 +16,8 @@ protected:
             return Answer;
         };
         ZtPlatform().MsgBoxInfo = box;
+        ZtPlatform().MsgBoxError = box;
+        ZtPlatform().MsgBoxConfirm = box;
         ZtPlatform().MsgBoxYesNo = box;
         ZtPlatform().MsgBoxYesNoCancel = box;
     }

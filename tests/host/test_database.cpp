@@ -1,3 +1,4 @@
+#include "ConflictDialog.h"
 #include "DbDocument.h"
 #include "DbFieldsDialog.h"
 #include "MainWindow.h"
@@ -268,6 +269,38 @@ TEST_F(HostDatabase, ALockedOrReadOnlyDatabaseLosesNothing)
         EXPECT_EQ(Asked.join(u' ').contains(u"readonly"_s), readOnly);
     }
     EXPECT_TRUE(document.Editor()->GetText().startsWith(u"xyy"_s));
+}
+
+TEST_F(HostDatabase, AConflictIsTheUsersChoice)
+{
+    const struct {
+        TConflictDialog::TChoice Choice;
+        QString Stored, Shown;
+        bool Posted;
+    } rows[] = {{TConflictDialog::Neither, u"theirs"_s, u"xa\r\nb\r\n"_s, false},
+                {TConflictDialog::Mine, u"xa\r\nb\r\n"_s, u"xa\r\nb\r\n"_s, true},
+                {TConflictDialog::Theirs, u"theirs"_s, u"theirs\r\n"_s, true}};
+    for (const auto &row : rows) {
+        Ask("UPDATE t SET source='a' || char(10) || 'b' WHERE id=1");
+        TDbDocument &document = Open();
+        Type(document, u"x"_s);
+        Ask("UPDATE t SET source='theirs' WHERE id=1");
+        QTimer::singleShot(0, &document, [&] {
+            auto *dialog = document.findChild<TConflictDialog *>();
+            ASSERT_TRUE(dialog);
+            QStringList texts;
+            for (const auto *view : dialog->findChildren<TZtCodeEdit *>())
+                texts += view->GetText();
+            EXPECT_EQ(texts, QStringList({u"xa\r\nb\r\n"_s, u"theirs\r\n"_s}));
+            dialog->done(row.Choice);
+        });
+        EXPECT_EQ(document.Post(), row.Posted);
+        EXPECT_EQ(Source(1), row.Stored);
+        EXPECT_EQ(document.Editor()->GetText(), row.Shown);
+        EXPECT_EQ(document.IsModified(), !row.Posted);
+        EXPECT_TRUE(Asked.isEmpty());
+        document.Cancel();
+    }
 }
 
 TEST_F(HostDatabase, ANamedKeyTellsRecordsApart)

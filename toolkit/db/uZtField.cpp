@@ -27,12 +27,11 @@ bool TField::CanModify() const { return !FReadOnly && FRecord && FRecord->CanMod
 
 QVariant TField::GetValue() const { return FRecord ? FRecord->GetValue(FIndex) : NullValue(); }
 
-QString TField::GetAsString() const
+QString TField::TextOf(const QVariant &AValue)
 {
-    const QVariant value = GetValue();
-    if (value.typeId() == QMetaType::QByteArray)
-        return Decoded(value.toByteArray());
-    return value.toString();
+    if (AValue.typeId() == QMetaType::QByteArray)
+        return Decoded(AValue.toByteArray());
+    return AValue.toString();
 }
 
 QByteArray TField::GetAsBytes() const

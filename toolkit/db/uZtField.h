@@ -48,6 +48,8 @@ public:
     int GetIndex() const { return FIndex; }
     /// Whether the column's type is one of bytes, to be read and written through streams.
     bool IsBlob() const { return FColumn.metaType().id() == QMetaType::QByteArray; }
+    /// Whether the database makes the value, as the number of a new record.
+    bool IsAutoValue() const { return FColumn.isAutoValue(); }
     bool GetReadOnly() const { return FReadOnly; }
     /// Forbids stores. Nobody is told until the dataset's state changes.
     void SetReadOnly(bool Value) { FReadOnly = Value; }
@@ -66,8 +68,10 @@ public:
     /// Stores a value as it is.
     void SetValue(const QVariant &Value);
 
+    /// A value as text, empty for null. Bytes are decoded, whatever their encoding.
+    static QString TextOf(const QVariant &AValue);
     /// The value as text, empty for null. Bytes are decoded, whatever their encoding.
-    QString GetAsString() const;
+    QString GetAsString() const { return TextOf(GetValue()); }
     /// Stores a text as a value of the column's type; raises when it is none. An empty text is an
     /// empty string, and null in a column of another type.
     void SetAsString(const QString &Value);

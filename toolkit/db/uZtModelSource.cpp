@@ -124,10 +124,7 @@ void TModelSource::Update(int ARow, const TZtValues &AOld, const TZtValues &ANew
                           const std::vector<bool> &AStored)
 {
     TZtTransaction transaction(Table()->database());
-    const TZtValues stored = ReadAgain(AOld);
-    for (size_t i = 0; i < AStored.size(); ++i)
-        if (AStored[i] && stored[i] != AOld[i])
-            throw EUpdateConflict(ZtRecordChangedMessage(), stored);
+    CheckUnchanged(AOld, ReadAgain(AOld), AStored);
     Submit(ARow, ANew, AStored);
     try {
         transaction.Commit();

@@ -1,5 +1,7 @@
 #include "uZtRecordSource.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 int TRecordSource::ColumnOf(const QString &AName) const
@@ -30,4 +32,18 @@ int TRecordSource::Find(const TZtValues &AValues, const std::vector<int> &AColum
                         [&](int column) { return Value(row, column) == AValues[size_t(column)]; }))
             return row;
     return -1;
+}
+
+void TRecordSource::CheckUnchanged(const TZtValues &AOld, const TZtValues &ANow,
+                                   const std::vector<bool> &AStored)
+{
+    std::vector<int> changed;
+    for (size_t i = 0; i < AStored.size(); ++i)
+        if (AStored[i] && ANow[i] != AOld[i])
+            changed.push_back(int(i));
+    if (!changed.empty())
+        throw EUpdateConflict(
+            QCoreApplication::translate(
+                "DataSet", "The record was changed by someone else since it was read."),
+            ANow, changed);
 }

@@ -9,15 +9,19 @@
 /// Somebody else changed what is about to be written, since it was read. Nothing was written.
 class EUpdateConflict : public EDatabaseError {
 public:
-    EUpdateConflict(const QString &AMessage, const TZtValues &AStored)
-        : EDatabaseError(AMessage), FStored(AStored)
+    EUpdateConflict(const QString &AMessage, const TZtValues &AStored,
+                    const std::vector<int> &AColumns)
+        : EDatabaseError(AMessage), FStored(AStored), FColumns(AColumns)
     {
     }
     /// The record as the database has it now.
     const TZtValues &Stored() const { return FStored; }
+    /// The columns in which it is another one than was read, of those that were to be written.
+    const std::vector<int> &Columns() const { return FColumns; }
 
 private:
     TZtValues FStored;
+    std::vector<int> FColumns;
 };
 
 /// Where the records of a dataset come from and go to. Records and columns are numbered from 0.
@@ -64,6 +68,9 @@ public:
     int Find(const TZtValues &AValues, const std::vector<int> &AColumns) const;
 
 protected:
+    /// Raises `EUpdateConflict` when a column of `AStored` is another one now than it was.
+    static void CheckUnchanged(const TZtValues &AOld, const TZtValues &ANow,
+                               const std::vector<bool> &AStored);
     void RecordsChanged() const
     {
         if (OnRecordsChange)

@@ -193,9 +193,7 @@ void TSqlTableSource::Update(int ARow, const TZtValues &AOld, const TZtValues &A
 {
     TZtTransaction transaction(FDatabase);
     const TZtValues stored = ReadAgain(AOld);
-    for (size_t i = 0; i < AStored.size(); ++i)
-        if (AStored[i] && stored[i] != AOld[i])
-            throw EUpdateConflict(ZtRecordChangedMessage(), stored);
+    CheckUnchanged(AOld, stored, AStored);
     QSqlQuery query =
         Prepared(QStringLiteral("UPDATE %1 SET %2 = ?")
                      .arg(Quoted(FTable), NamesOf(AStored).join(QLatin1StringView(" = ?, "))) +

@@ -74,11 +74,6 @@ bool ZtStoredTextIsValid(const QSqlDatabase &ADatabase, const QString &ATable,
     return ZtReadOneRecord(query, 1)[0].toByteArray().isValidUtf8();
 }
 
-QString ZtRecordChangedMessage()
-{
-    return Tr("The record was changed by someone else since it was read.");
-}
-
 QString ZtReadingBrokeOffMessage(const QSqlError &AError)
 {
     return Tr("The records were not all read: %1").arg(AError.text().trimmed());

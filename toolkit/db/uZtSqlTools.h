@@ -39,7 +39,5 @@ bool ZtMayBeInexact(const QSqlDatabase &ADatabase, const QVariant &AValue);
 bool ZtStoredTextIsValid(const QSqlDatabase &ADatabase, const QString &ATable,
                          const QString &AColumn, const QString &AWhere, const QSqlRecord &AKey);
 
-/// What is said of a record that is not as it was read.
-QString ZtRecordChangedMessage();
 /// Why records that were not all read cannot be changed.
 QString ZtReadingBrokeOffMessage(const QSqlError &AError);
