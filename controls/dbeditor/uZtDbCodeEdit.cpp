@@ -68,9 +68,16 @@ TZtDbCodeEdit::TPlace TZtDbCodeEdit::Place() const
 TZtDbCodeEdit::TZtDbCodeEdit(QWidget *AOwner) : TZtCodeEdit(AOwner)
 {
     DataLink = std::make_unique<TFieldDataLink>(this);
-    DataLink->OnDataChange = [this](QObject *) { DataChange(); };
-    DataLink->OnEditingChange = [this](QObject *) { EditingChange(); };
-    DataLink->OnUpdateData = [this](QObject *) { UpdateData(); };
+    // Whatever a handler does on the way, the editor is there until the link has told it all.
+    const auto held = [this](void (TZtDbCodeEdit::*operation)()) {
+        return [this, operation](QObject *) {
+            const THold hold(*this);
+            (this->*operation)();
+        };
+    };
+    DataLink->OnDataChange = held(&TZtDbCodeEdit::DataChange);
+    DataLink->OnEditingChange = held(&TZtDbCodeEdit::EditingChange);
+    DataLink->OnUpdateData = held(&TZtDbCodeEdit::UpdateData);
     setAcceptDrops(true);
 }
 
@@ -92,12 +99,14 @@ void TZtDbCodeEdit::Notification(QObject *AComponent, TOperation Operation)
 
 void TZtDbCodeEdit::SetDataField(const QString &Value)
 {
+    const THold hold(*this);
     SkipNextDataChange = false; // the text of another field is always loaded
     DataLink->SetFieldName(Value);
 }
 
 void TZtDbCodeEdit::SetDataSource(TDataSource *Value)
 {
+    const THold hold(*this);
     if (!(DataLink->GetDataSourceFixed() && IsLoading()))
         DataLink->SetDataSource(Value);
     if (Value)
@@ -119,7 +128,6 @@ void TZtDbCodeEdit::SetReadOnly(bool Value)
 
 void TZtDbCodeEdit::DataChange()
 {
-    const THold hold(*this);
     FUnstored = false;
     if (const TField *field = GetField()) {
         if (SkipNextDataChange) {
@@ -171,6 +179,7 @@ void TZtDbCodeEdit::EditingChange()
 void TZtDbCodeEdit::UpdateData()
 {
     TField *field = GetField();
+    const THold holdData(*field->GetDataSet()); // a handler may close or delete it
     TZtTextFormat format = FormatOf(*field);
     QByteArray bytes;
     if (!AgreeToStore(*field, format, bytes))
@@ -235,6 +244,7 @@ void TZtDbCodeEdit::SetFocused(bool Value)
 
 void TZtDbCodeEdit::EnsureEditState()
 {
+    const THold hold(*this);
     const TPlace place = Place();
     const auto restore = [&] {
         place.PutCaret(*this);
@@ -256,6 +266,7 @@ void TZtDbCodeEdit::EnsureEditState()
 
 void TZtDbCodeEdit::Changed()
 {
+    const THold hold(*this);
     EnsureEditState();
     DataLink->Modified();
     TZtCodeEdit::Changed();
@@ -289,6 +300,7 @@ void TZtDbCodeEdit::KeyCommand(quint16 &Key, TShiftState Shift)
 
 void TZtDbCodeEdit::DragDrop(QObject *Source, int X, int Y)
 {
+    const THold hold(*this);
     DataLink->Edit();
     TZtCodeEdit::DragDrop(Source, X, Y);
 }
@@ -329,12 +341,14 @@ void TZtDbCodeEdit::dropEvent(QDropEvent *AEvent)
 
 void TZtDbCodeEdit::CMEnter()
 {
+    const THold hold(*this);
     SetFocused(true);
     TZtCodeEdit::CMEnter();
 }
 
 void TZtDbCodeEdit::CMExit()
 {
+    const THold hold(*this);
     // A question is no matter for a change of the focus: the post asks it.
     FUnstored = DataLink->IsModified() && GetField() && !CanStoreUnasked();
     if (!FUnstored)

@@ -11,8 +11,8 @@
 
 /// How many line breaks of each kind a text has.
 struct TZtBreakCount {
-    qsizetype Lf = 0;   ///< without a CR before it
-    qsizetype Cr = 0;   ///< without a LF behind it
+    qsizetype Lf = 0; ///< without a CR before it
+    qsizetype Cr = 0; ///< without a LF behind it
     qsizetype CrLf = 0;
 };
 

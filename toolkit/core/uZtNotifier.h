@@ -73,16 +73,23 @@ private:
     bool FAbandoned = false;
 };
 
-/// Declares the `delete` of a class derived from `TZtNotifier`. The others are those of every class:
-/// the memory of an object whose constructor has raised goes through them.
+/// Declares the `delete` of a class derived from `TZtNotifier`. The others are those of every
+/// class: the memory of an object whose constructor has raised goes through them.
 #define ZT_DELETE_WHEN_IDLE(T)                                                                     \
-    static void operator delete(T *AObject, std::destroying_delete_t)                              \
-    {                                                                                              \
-        DeleteWhenIdle(AObject);                                                                   \
-    }                                                                                              \
+    static void operator delete(T *AObject, std::destroying_delete_t) { DeleteWhenIdle(AObject); } \
     static void operator delete(void *AMemory) { ::operator delete(AMemory); }                     \
     static void *operator new(std::size_t ASize) { return ::operator new(ASize); }                 \
     static void *operator new(std::size_t, void *AMemory) noexcept { return AMemory; }
+
+/// Runs a step of a deletion, where what a handler raises has nowhere to go.
+template <typename TStep> void ZtQuietly(TStep AStep)
+{
+    try {
+        AStep();
+    } catch (...) {
+        // the object goes whatever its handlers make of it
+    }
+}
 
 /// Keeps the first exception of several steps that are all to be run, to be raised after them.
 class TZtFirstException {

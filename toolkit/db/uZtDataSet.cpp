@@ -21,7 +21,7 @@ void TDataSet::Abandoned()
 void TDataSet::Leave()
 {
     while (!FListeners.empty())
-        FListeners.back()->DataSetRemoved();
+        ZtQuietly([this] { FListeners.back()->DataSetRemoved(); });
 }
 
 // --- notifications -------------------------------------------------------------------------------
@@ -99,6 +99,8 @@ QString TDataSet::GetReadOnlyReason() const
 void TDataSet::CreateFields()
 {
     const QSqlRecord columns = FSource->Columns();
+    if (!IsBusy())
+        FClosedFields.clear();
     FFields.clear();
     for (int i = 0; i < columns.count(); ++i)
         FFields.emplace_back(new TField(this, i, columns.field(i)));
@@ -128,8 +130,10 @@ void TDataSet::Close()
     FRow = -1;
     ReadRecord(FRow);
     SetState(TDataSetState::dsInactive); // the links let go of their fields
-    for (const auto &field : FFields)
+    for (auto &field : FFields) {
         field->Detach();
+        FClosedFields.push_back(std::move(field));
+    }
     FFields.clear();
     Notify(TDataEvent::deDataChange);
 }
@@ -202,6 +206,8 @@ void TDataSet::CheckBrowseMode()
     if (!IsPending())
         return;
     UpdateRecord();
+    if (!IsPending())
+        return; // a handler has ended it
     if (FModified)
         StorePending();
     else
@@ -273,6 +279,7 @@ void TDataSet::Append() { StartInsert(true); }
 void TDataSet::StartInsert(bool AAtEnd)
 {
     CheckBrowseMode();
+    CheckActive();
     CheckCanModify();
     if (AAtEnd)
         FRow = GetRecordCount() - 1; // where a cancel goes to
@@ -293,7 +300,8 @@ void TDataSet::Post()
 {
     CheckActive();
     UpdateRecord();
-    StorePending();
+    if (IsPending()) // a handler may have ended it
+        StorePending();
 }
 
 void TDataSet::StorePending()

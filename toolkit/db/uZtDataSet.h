@@ -129,6 +129,7 @@ public:
 private:
     // as its fields see it
     TDataSet *RecordDataSet() final { return this; }
+    const TZtNotifier &Holder() const final { return *this; }
     void CheckPending() const final;
     QVariant GetValue(int AIndex) const final { return FValues.at(size_t(AIndex)); }
     QVariant ExchangeValue(int AIndex, const QVariant &AValue) final;
@@ -161,9 +162,11 @@ private:
     bool FEof = true;
     int FRow = -1; // of the current record
     int FInsertRow = 0;
-    std::vector<std::shared_ptr<TField>> FFields; // a field lives on while it validates
-    TZtValues FValues;                            // of the current or pending record, one a field
-    TZtValues FStored;                            // as they were read
-    std::vector<bool> FStoredInto;                // since the record is pending
+    using TFields = std::vector<std::unique_ptr<TField>>;
+    TFields FFields;
+    TFields FClosedFields;         // of which some may be in use yet
+    TZtValues FValues;             // of the current or pending record, one a field
+    TZtValues FStored;             // as they were read
+    std::vector<bool> FStoredInto; // since the record is pending
     std::vector<TDataSetListener *> FListeners;
 };

@@ -29,8 +29,8 @@ void TDataSource::Abandoned()
 void TDataSource::Leave()
 {
     while (!FLinks.empty())
-        FLinks.back()->DataSourceRemoved();
-    SetDataSet(nullptr);
+        ZtQuietly([this] { FLinks.back()->DataSourceRemoved(); });
+    ZtQuietly([this] { SetDataSet(nullptr); });
 }
 
 TDataSetState TDataSource::GetState() const

@@ -55,7 +55,7 @@ void TField::Clear() { SetValue(NullValue()); }
 void TField::SetValue(const QVariant &Value)
 {
     CheckStore();
-    const auto alive = shared_from_this(); // a handler may close the dataset
+    const TZtNotifier::THold hold(FRecord->Holder()); // a handler may close or delete the dataset
     const QVariant old = FRecord->ExchangeValue(FIndex, Value);
     try {
         Validate();
@@ -93,6 +93,7 @@ void TField::SetAsString(const QString &Value)
 void TField::StoreBytes(const QByteArray &ABytes)
 {
     CheckStore();
+    const TZtNotifier::THold hold(FRecord->Holder());
     // The type of a null says nothing.
     const bool text = IsNull() ? !IsBlob() : GetValue().typeId() == QMetaType::QString;
     FRecord->ExchangeValue(FIndex, text ? QVariant(NotNull(ZtFromUtf8(ABytes)))
@@ -102,7 +103,9 @@ void TField::StoreBytes(const QByteArray &ABytes)
 
 void TField::Validate()
 {
-    const auto alive = weak_from_this().lock();
-    if (const auto validate = OnValidate)
-        validate(this);
+    const auto validate = OnValidate;
+    if (!validate || !FRecord)
+        return;
+    const TZtNotifier::THold hold(FRecord->Holder());
+    validate(this);
 }

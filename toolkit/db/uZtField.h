@@ -1,11 +1,12 @@
 #pragma once
 
+#include "uZtNotifier.h"
+
 #include <QSqlField>
 #include <QString>
 #include <QVariant>
 
 #include <functional>
-#include <memory>
 
 class TDataSet;
 
@@ -13,6 +14,8 @@ class TDataSet;
 class TFieldRecord {
 public:
     virtual TDataSet *RecordDataSet() = 0;
+    /// What keeps the field alive while it is held.
+    virtual const TZtNotifier &Holder() const = 0;
     /// Raises without a pending record.
     virtual void CheckPending() const = 0;
     virtual bool CanModify() const = 0;
@@ -32,7 +35,7 @@ protected:
 ///
 /// A store needs the dataset in edit or insert state and a field that is not read-only, and raises
 /// `EDatabaseError` otherwise. It is checked by `OnValidate`, and tells the data sources at once.
-class TField : public std::enable_shared_from_this<TField> {
+class TField {
 public:
     TField(TFieldRecord *ARecord, int AIndex, const QSqlField &AColumn);
     TField(const TField &) = delete;

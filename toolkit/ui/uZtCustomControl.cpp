@@ -398,10 +398,7 @@ void TCustomControl::focusOutEvent(QFocusEvent *AEvent)
     Guarded([this] { CMExit(); });
 }
 
-void TCustomControl::KeyDown(quint16 &Key, TShiftState Shift)
-{
-    Fire(OnKeyDown, this, Key, Shift);
-}
+void TCustomControl::KeyDown(quint16 &Key, TShiftState Shift) { Fire(OnKeyDown, this, Key, Shift); }
 
 void TCustomControl::MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y)
 {
@@ -418,7 +415,4 @@ void TCustomControl::MouseUp(TMouseButton Button, TShiftState Shift, int X, int 
     Fire(OnMouseUp, this, Button, Shift, X, Y);
 }
 
-void TCustomControl::DblClick()
-{
-    Fire(OnDblClick, this);
-}
+void TCustomControl::DblClick() { Fire(OnDblClick, this); }

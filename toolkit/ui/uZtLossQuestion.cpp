@@ -52,8 +52,7 @@ bool ZtAgreeOnEncoding(const TZtEncodeText &AEncode, const QString &AName, TZtTe
                         "column %5. Save it as %6 instead?")
                          .arg(ZtEncodingName(AFormat.Encoding), AName, CharacterName(lost[0].Char),
                               QString::number(lost[0].Line + 1),
-                              QString::number(lost[0].Column + 1),
-                              ZtEncodingName(other.Encoding))))
+                              QString::number(lost[0].Column + 1), ZtEncodingName(other.Encoding))))
             return false;
         AFormat = other;
     }
