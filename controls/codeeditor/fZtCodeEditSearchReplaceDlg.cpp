@@ -1,11 +1,14 @@
 #include "fZtCodeEditSearchReplaceDlg.h"
 
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QCheckBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStackedWidget>
 #include <QTabBar>
 #include <QTabWidget>
 
@@ -29,6 +32,47 @@ struct TPlace {
     int Left, Top, Width, Height;
 };
 
+// What assistive tools see of the form, its page control and the stack in that: Qt would give them
+// the page that is not shown as well, the tabs, and the button that a search does not have.
+class TShownChildren : public QAccessibleWidget {
+public:
+    using QAccessibleWidget::QAccessibleWidget;
+
+    int childCount() const override { return int(Shown().size()); }
+    QAccessibleInterface *child(int AIndex) const override
+    {
+        return QAccessible::queryAccessibleInterface(Shown().value(AIndex));
+    }
+    int indexOfChild(const QAccessibleInterface *AChild) const override
+    {
+        return AChild ? int(Shown().indexOf(AChild->object())) : -1;
+    }
+
+    static QAccessibleInterface *Create(const QString &AClass, QObject *AObject)
+    {
+        using TForm = TFrmCodeEditSearchReplaceDlg;
+        if (AClass == QLatin1StringView(TForm::staticMetaObject.className()))
+            return new TShownChildren(qobject_cast<QWidget *>(AObject), QAccessible::Dialog);
+        const bool pages = AClass == QLatin1StringView("QTabWidget");
+        const QObject *control = pages ? AObject : AObject->parent();
+        if ((pages || AClass == QLatin1StringView("QStackedWidget")) && control &&
+            qobject_cast<TForm *>(control->parent()))
+            return new TShownChildren(qobject_cast<QWidget *>(AObject),
+                                      pages ? QAccessible::Client : QAccessible::LayeredPane);
+        return nullptr;
+    }
+
+private:
+    QObjectList Shown() const
+    {
+        QObjectList shown;
+        for (auto *control : widget()->findChildren<QWidget *>(Qt::FindDirectChildrenOnly))
+            if (!control->isHidden() && !control->isWindow())
+                shown.append(control);
+        return shown;
+    }
+};
+
 } // namespace
 
 // --- radio group ---------------------------------------------------------------------------------
@@ -36,8 +80,15 @@ struct TPlace {
 TRadioGroup::TRadioGroup(const QString &ACaption, const QStringList &AItems, QWidget *AParent)
     : QGroupBox(ACaption, AParent)
 {
-    for (const QString &item : AItems)
-        FButtons.push_back(new QRadioButton(item, this));
+    for (const QString &item : AItems) {
+        auto *button = new QRadioButton(item, this);
+        // Tab leads to the chosen item alone, the arrow keys from there to the others.
+        button->setFocusPolicy(Qt::ClickFocus);
+        connect(button, &QRadioButton::toggled, button, [button](bool chosen) {
+            button->setFocusPolicy(chosen ? Qt::StrongFocus : Qt::ClickFocus);
+        });
+        FButtons.push_back(button);
+    }
 }
 
 int TRadioGroup::GetItemIndex() const
@@ -59,10 +110,9 @@ TFrmCodeEditSearchReplaceDlg::TFrmCodeEditSearchReplaceDlg(QWidget *AOwner) : QD
     // A user who has chosen large letters gets them here too.
     small.setPointSizeF(qMax<qreal>(ReferencePoints, QApplication::font().pointSizeF() - 1));
     setFont(small);
-    QPalette colours = palette();
-    colours.setColor(QPalette::Window, colours.color(QPalette::Base));
-    setPalette(colours);
+    ColourForm();
     setSizeGripEnabled(true);
+    QAccessible::installFactory(&TShownChildren::Create);
 
     pcMain = new QTabWidget(this);
     CreateFindPage();
@@ -74,6 +124,8 @@ TFrmCodeEditSearchReplaceDlg::TFrmCodeEditSearchReplaceDlg(QWidget *AOwner) : QD
     CreateButtons();
     SetTabOrders();
     NameControls();
+    for (auto *control : findChildren<QWidget *>())
+        control->installEventFilter(this); // the form sees a key before its control does
 
     FDlgType = TFrmCodeEditSearchReplaceDlgType::replace;
     SetDlgType(TFrmCodeEditSearchReplaceDlgType::search);
@@ -100,43 +152,48 @@ TRadioGroup *TFrmCodeEditSearchReplaceDlg::CreateChoice(QWidget *APage, const QS
 void TFrmCodeEditSearchReplaceDlg::CreateFindPage()
 {
     tsFind = new QWidget(pcMain);
-    lblTextToFind = new QLabel(tr("Text to find:"), tsFind);
+    lblTextToFind = new QLabel(tr("&Text to find:"), tsFind);
     edtSearchTextToFind = new QLineEdit(tsFind);
+    lblTextToFind->setBuddy(edtSearchTextToFind);
     gbSearchOptions = CreateOptions(tsFind, {&chkBxSearchCaseSensitive, &chkBxSearchWholeWordsOnly},
-                                    {tr("Case sensitive"), tr("Whole words only")});
-    rgSearchScope = CreateChoice(tsFind, tr("Scope"), {tr("Global"), tr("Selected text")}, 0);
-    rgSearchDirection = CreateChoice(tsFind, tr("Direction"), {tr("Forward"), tr("Backward")}, 0);
-    rgSearchOrigin = CreateChoice(tsFind, tr("Origin"), {tr("From cursor"), tr("Entire scope")}, 1);
+                                    {tr("&Case sensitive"), tr("&Whole words only")});
+    rgSearchScope = CreateChoice(tsFind, tr("&Scope"), {tr("&Global"), tr("Se&lected text")}, 0);
+    rgSearchDirection =
+        CreateChoice(tsFind, tr("&Direction"), {tr("&Forward"), tr("&Backward")}, 0);
+    rgSearchOrigin =
+        CreateChoice(tsFind, tr("Or&igin"), {tr("Fro&m cursor"), tr("&Entire scope")}, 1);
 }
 
 void TFrmCodeEditSearchReplaceDlg::CreateReplacePage()
 {
     tsReplace = new QWidget(pcMain);
-    Label1 = new QLabel(tr("Text to find:"), tsReplace);
-    lblReplaceWith = new QLabel(tr("Replace with:"), tsReplace);
+    Label1 = new QLabel(tr("&Text to find:"), tsReplace);
+    lblReplaceWith = new QLabel(tr("&Replace with:"), tsReplace);
     edtReplaceTextToFind = new QLineEdit(tsReplace);
     edtReplaceWith = new QLineEdit(tsReplace);
+    Label1->setBuddy(edtReplaceTextToFind);
+    lblReplaceWith->setBuddy(edtReplaceWith);
     gbReplaceOptions = CreateOptions(
         tsReplace, {&chkBxReplaceCaseSensitive, &chkBxReplaceWholeWordsOnly, &chkBxPromptOnReplace},
-        {tr("Case sensitive"), tr("Whole words only"), tr("Prompt on replace")});
+        {tr("&Case sensitive"), tr("&Whole words only"), tr("&Prompt on replace")});
     rgReplaceDirection =
-        CreateChoice(tsReplace, tr("Direction"), {tr("Forward"), tr("Backward")}, 0);
-    rgReplaceScope = CreateChoice(tsReplace, tr("Scope"), {tr("Global"), tr("Selected text")}, 0);
+        CreateChoice(tsReplace, tr("&Direction"), {tr("&Forward"), tr("&Backward")}, 0);
+    rgReplaceScope =
+        CreateChoice(tsReplace, tr("&Scope"), {tr("&Global"), tr("Se&lected text")}, 0);
     rgReplaceOrigin =
-        CreateChoice(tsReplace, tr("Origin"), {tr("From cursor"), tr("Entire scope")}, 1);
+        CreateChoice(tsReplace, tr("Or&igin"), {tr("Fro&m cursor"), tr("&Entire scope")}, 1);
 }
 
 void TFrmCodeEditSearchReplaceDlg::CreateButtons()
 {
     const auto button = [this](const QString &caption, int result) {
         auto *created = new QPushButton(caption, this);
-        created->setAutoDefault(false);
         connect(created, &QPushButton::clicked, this, [this, result] { done(result); });
         return created;
     };
-    btnOK = button(tr("OK"), ResultOK);
+    btnOK = button(tr("&OK"), ResultOK);
     btnOK->setDefault(true);
-    btnCancel = button(tr("Cancel"), ResultCancel);
+    btnCancel = button(tr("Ca&ncel"), ResultCancel);
     btnReplaceAll = button(tr("Replace &All"), ResultReplaceAll);
 }
 
@@ -203,9 +260,16 @@ void TFrmCodeEditSearchReplaceDlg::SetDlgType(TFrmCodeEditSearchReplaceDlgType V
     pcMain->setCurrentWidget(IsReplace() ? tsReplace : tsFind);
     btnReplaceAll->setVisible(IsReplace());
     std::swap(FOKLeft, FReplaceAllLeft);
+    FitToType();
+}
+
+// The height is the type's; what the user has added to the width stays.
+void TFrmCodeEditSearchReplaceDlg::FitToType()
+{
+    const int added = minimumWidth() > 0 ? width() - minimumWidth() : 0;
     setMinimumSize(0, 0);
-    resize(Scaled(FormWidth), Scaled(IsReplace() ? ReplaceHeight : FindHeight));
-    setMinimumSize(size());
+    resize(Scaled(FormWidth) + added, Scaled(IsReplace() ? ReplaceHeight : FindHeight));
+    setMinimumSize(Scaled(FormWidth), height());
     Arrange();
 }
 
@@ -260,20 +324,67 @@ void TFrmCodeEditSearchReplaceDlg::resizeEvent(QResizeEvent *AEvent)
     Arrange();
 }
 
+// The form has the colour of a text's background, also after the desktop has got other colours.
+void TFrmCodeEditSearchReplaceDlg::ColourForm()
+{
+    QPalette colours = palette();
+    if (colours.color(QPalette::Window) == colours.color(QPalette::Base))
+        return;
+    colours.setColor(QPalette::Window, colours.color(QPalette::Base));
+    setPalette(colours);
+}
+
 void TFrmCodeEditSearchReplaceDlg::changeEvent(QEvent *AEvent)
 {
     QDialog::changeEvent(AEvent);
-    if (AEvent->type() != QEvent::FontChange || objectName().isEmpty())
-        return; // under construction
-    resize(Scaled(FormWidth), Scaled(IsReplace() ? ReplaceHeight : FindHeight));
-    Arrange();
+    if (AEvent->type() == QEvent::PaletteChange)
+        ColourForm();
+    else if (AEvent->type() == QEvent::FontChange && !objectName().isEmpty()) // else in the making
+        FitToType();
 }
 
 void TFrmCodeEditSearchReplaceDlg::showEvent(QShowEvent *AEvent)
 {
     QDialog::showEvent(AEvent);
+    FormShow(this);
+}
+
+bool TFrmCodeEditSearchReplaceDlg::event(QEvent *AEvent)
+{
+    return (!focusWidget() && TakesKey(AEvent)) || QDialog::event(AEvent);
+}
+
+bool TFrmCodeEditSearchReplaceDlg::eventFilter(QObject *AWatched, QEvent *AEvent)
+{
+    // What the control leaves goes on to its parents, which have seen the key then.
+    return (AWatched == focusWidget() && TakesKey(AEvent)) ||
+           QDialog::eventFilter(AWatched, AEvent);
+}
+
+// Shows a key press to the form. Answers whether that is all that is done with it.
+bool TFrmCodeEditSearchReplaceDlg::TakesKey(QEvent *AEvent)
+{
+    if (AEvent->type() != QEvent::KeyPress)
+        return false;
+    const auto *event = static_cast<QKeyEvent *>(AEvent);
+    const quint16 pressed = ZtVirtualKey(*event);
+    quint16 key = pressed;
+    FormKeyDown(this, key, ZtShiftStateOf(*event));
+    return key != pressed;
+}
+
+void TFrmCodeEditSearchReplaceDlg::FormShow(QObject *)
+{
     GetEdtTextToFind()->setFocus();
     GetEdtTextToFind()->selectAll();
+}
+
+void TFrmCodeEditSearchReplaceDlg::FormKeyDown(QObject *, quint16 &Key, TShiftState)
+{
+    if (Key != TZtKey::Escape)
+        return;
+    Key = TZtKey::None;
+    done(ResultCancel);
 }
 
 void TFrmCodeEditSearchReplaceDlg::reject() { done(ResultCancel); }

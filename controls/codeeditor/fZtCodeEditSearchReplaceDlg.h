@@ -1,5 +1,7 @@
 #pragma once
 
+#include "uZtKeys.h"
+
 #include <QDialog>
 #include <QGroupBox>
 
@@ -14,7 +16,7 @@ class QTabWidget;
 
 enum class TFrmCodeEditSearchReplaceDlgType : quint8 { search, replace };
 
-/// A group of choices of which one is chosen.
+/// A group of choices of which one is chosen. Tab enters it there.
 class TRadioGroup : public QGroupBox {
     Q_OBJECT
 
@@ -32,7 +34,8 @@ private:
 
 /// The form in which a user sets up a search or a replacement. It has a page for each, of which
 /// `DlgType` shows one; the pages keep their entries apart, and the form keeps them between two
-/// showings. It closes with 1 (OK), 2 (Cancel, Escape) or 10 (Replace All).
+/// showings, as it keeps a width that the user gave it. It closes with 1 (OK), 2 (Cancel, Escape)
+/// or 10 (Replace All).
 ///
 /// Geometry is in pixels at a font of 8 points and grows with a larger one.
 class TFrmCodeEditSearchReplaceDlg : public QDialog {
@@ -48,6 +51,11 @@ public:
     void SetCtl3D(bool Value) { FCtl3D = Value; }
     /// Shows the form and returns how it was closed.
     int ShowModal() { return exec(); }
+    /// What happens when the form is shown: the text to find gets the focus, all of it selected.
+    void FormShow(QObject *Sender);
+    /// What the form does with a key press before the control that has the focus: Escape closes it
+    /// with 2 and makes `Key` 0, which ends the key press. Every other key passes on.
+    void FormKeyDown(QObject *Sender, quint16 &Key, TShiftState Shift);
 
     // The controls of the page that is shown.
     QLineEdit *GetEdtTextToFind() const;
@@ -86,6 +94,8 @@ public:
     void reject() override;
 
 protected:
+    bool event(QEvent *AEvent) override;
+    bool eventFilter(QObject *AWatched, QEvent *AEvent) override;
     void showEvent(QShowEvent *AEvent) override;
     void resizeEvent(QResizeEvent *AEvent) override;
     void changeEvent(QEvent *AEvent) override;
@@ -101,6 +111,9 @@ private:
                               int AIndex);
     void NameControls();
     bool IsReplace() const { return FDlgType == TFrmCodeEditSearchReplaceDlgType::replace; }
+    bool TakesKey(QEvent *AEvent);
+    void ColourForm();
+    void FitToType();
     void Arrange();
     int Scaled(int APixels) const;
 

@@ -3,6 +3,7 @@
 #include "fZtCodeEditSearchReplaceDlg.h"
 #include "uZtException.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QKeyEvent>
@@ -432,6 +433,30 @@ TEST_F(SearchDialog, ItsTwoFormsAtTheReferenceSize)
     dialog.resize(505, 419);
     EXPECT_EQ(dialog.btnCancel->pos(), QPoint(418, 388));
     EXPECT_EQ(dialog.pcMain->size(), QSize(487, 374));
+    // The width that the user gave it stays, the height is the type's.
+    for (const auto type : {ForFind, ForReplace}) {
+        dialog.hide();
+        dialog.SetDlgType(type);
+        dialog.show();
+        EXPECT_EQ(dialog.size(), QSize(505, type == ForReplace ? 319 : 276));
+        EXPECT_EQ(dialog.btnCancel->x(), 418);
+    }
+}
+
+TEST_F(SearchDialog, ItsColoursFollowThePalette)
+{
+    const QPalette before = QApplication::palette();
+    TDlg dialog;
+    dialog.show();
+    for (const QColor colour : {QColor(0x202020), QColor(0xFAFAFA)}) {
+        QPalette palette(colour, QColor(0x808080));
+        palette.setColor(QPalette::Base, colour);
+        QApplication::setPalette(palette);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(dialog.grab().toImage().pixelColor(3, 3), colour);
+        EXPECT_EQ(dialog.rgSearchScope->palette().color(QPalette::Window), colour);
+    }
+    QApplication::setPalette(before);
 }
 
 TEST_F(SearchDialog, StartsWithTheGivenChoices)
@@ -464,6 +489,12 @@ TEST_F(SearchDialog, ClosesWithItsResults)
 {
     TDlg dialog;
     dialog.SetDlgType(ForReplace);
+    quint16 escape = TZtKey::Escape;
+    const auto enterOn = [&](QWidget *control) {
+        QApplication::setActiveWindow(&dialog);
+        control->setFocus();
+        Press(control, Qt::Key_Return, {}, u"\r"_s);
+    };
     const struct {
         std::function<void()> Act;
         int Result;
@@ -472,7 +503,13 @@ TEST_F(SearchDialog, ClosesWithItsResults)
         {[&] { dialog.btnCancel->click(); }, 2},
         {[&] { dialog.btnReplaceAll->click(); }, 10},
         {[&] { Press(dialog.edtReplaceWith, Qt::Key_Return, {}, u"\r"_s); }, 1},
+        {[&] { enterOn(dialog.chkBxPromptOnReplace); }, 1},
+        {[&] { enterOn(dialog.btnCancel); }, 2},
+        {[&] { enterOn(dialog.btnReplaceAll); }, 10},
+        {[&] { enterOn(dialog.edtReplaceWith); }, 1}, // also after another button had the focus
         {[&] { Press(dialog.chkBxPromptOnReplace, Qt::Key_Escape, {}, u"\x1B"_s); }, 2},
+        {[&] { Press(dialog.focusWidget(), Qt::Key_Escape, Qt::ShiftModifier, u"\x1B"_s); }, 2},
+        {[&] { dialog.FormKeyDown(&dialog, escape, {}); }, 2},
         {[&] { dialog.close(); }, 2},
     };
     for (const auto &row : rows) {
@@ -505,10 +542,55 @@ TEST_F(SearchDialog, TabGoesThroughTheShownPage)
         QApplication::setActiveWindow(&dialog);
         QStringList names;
         for (qsizetype i = 0; i < row.Names.size(); ++i) {
+            const auto *choice = qobject_cast<QRadioButton *>(dialog.focusWidget());
+            EXPECT_TRUE(!choice || choice->isChecked()) << names.join(u' ').toStdString();
             names += NameOf(dialog.focusWidget());
             Press(dialog.focusWidget(), Qt::Key_Tab, {}, u"\t"_s);
         }
         EXPECT_EQ(names, row.Names);
+        dialog.hide();
+    }
+}
+
+namespace {
+
+// The captions of all that assistive tools see in a control; "?" for one that is not shown.
+QStringList Captions(QAccessibleInterface *AControl)
+{
+    QStringList captions{AControl->state().invisible ? u"?"_s : AControl->text(QAccessible::Name)};
+    for (int i = 0; i < AControl->childCount(); ++i) {
+        EXPECT_EQ(AControl->indexOfChild(AControl->child(i)), i);
+        captions += Captions(AControl->child(i));
+    }
+    return captions;
+}
+
+} // namespace
+
+TEST_F(SearchDialog, EveryControlOfTheShownPageHasALetterOfItsOwn)
+{
+    TDlg dialog;
+    for (const auto type : {ForFind, ForReplace}) {
+        dialog.SetDlgType(type);
+        dialog.show();
+        QStringList letters;
+        for (QWidget *control : dialog.findChildren<QWidget *>()) {
+            const char *caption = qobject_cast<QGroupBox *>(control) ? "title" : "text";
+            const bool field = qobject_cast<QLineEdit *>(control);
+            if (!control->isVisible() || field || !control->property(caption).isValid())
+                continue;
+            letters += QKeySequence::mnemonic(control->property(caption).toString()).toString();
+            const auto *label = qobject_cast<QLabel *>(control);
+            EXPECT_TRUE(!label || (label->buddy() && label->buddy()->isVisible()));
+        }
+        EXPECT_EQ(letters.removeAll(QString()), 1) << "the group of options, all of which have one";
+        EXPECT_EQ(letters.removeDuplicates(), 0) << letters.join(u' ').toStdString();
+        EXPECT_EQ(letters.size(), type == ForReplace ? 17 : 14);
+        const QStringList seen = Captions(QAccessible::queryAccessibleInterface(&dialog));
+        EXPECT_FALSE(seen.contains(u"?"_s));
+        EXPECT_EQ(seen.count(u"Scope"_s), 1);
+        EXPECT_EQ(seen.contains(u"Prompt on replace"_s), type == ForReplace);
+        EXPECT_EQ(seen.contains(u"Replace All"_s), type == ForReplace);
         dialog.hide();
     }
 }
