@@ -340,6 +340,40 @@ TEST(Platform, TheClipboardHasWholeLineBreaks)
     EXPECT_EQ(clipboard->text(), QStringLiteral("a\n\nb"));
 }
 
+TEST(ScrollBar, MovesByALargeChangeBesideItsThumb)
+{
+    TScrollBar bar(nullptr);
+    bar.SetKind(TScrollBarKind::sbVertical);
+    bar.resize(20, 400);
+    bar.SetMax(1000);
+    bar.SetPageSize(200);
+    const struct {
+        int Large, From, Click, To; // the click's y; 0 and 400 for the keys Page Up and Page Down
+    } rows[] = {
+        {10, 100, 380, 110},
+        {10, 100, 400, 110},
+        {10, 500, 30, 490},
+        {10, 500, 0, 490},
+        {2'000'000'000, 900, 400, 1000},
+        {300, 100, 0, 0},
+        {0, 500, 380, 500},
+    };
+    for (const auto &row : rows) {
+        bar.SetLargeChange(row.Large);
+        bar.SetPosition(row.From);
+        const QPointF at(10, row.Click);
+        QMouseEvent press(QEvent::MouseButtonPress, at, at, Qt::LeftButton, Qt::LeftButton, None);
+        QMouseEvent release(QEvent::MouseButtonRelease, at, at, Qt::LeftButton, {}, None);
+        QKeyEvent key(QEvent::KeyPress, row.Click ? Qt::Key_PageDown : Qt::Key_PageUp, None);
+        if (row.Click % 400)
+            QCoreApplication::sendEvent(&bar, &press), QCoreApplication::sendEvent(&bar, &release);
+        else
+            QCoreApplication::sendEvent(&bar, &key);
+        EXPECT_EQ(bar.GetPosition(), row.To) << row.From << ' ' << row.Click;
+        EXPECT_EQ(bar.pageStep(), 200);
+    }
+}
+
 TEST(ScrollBar, ShowsItsThumbWhereItIs)
 {
     TScrollBar bar(nullptr);

@@ -13,6 +13,7 @@ TScrollBar::TScrollBar(QWidget *AOwner) : QScrollBar(AOwner)
         if (OnChange)
             OnChange(this);
     });
+    connect(this, &QScrollBar::actionTriggered, this, &TScrollBar::TakeLargeStep);
 }
 
 void TScrollBar::SetKind(TScrollBarKind Value)
@@ -28,6 +29,16 @@ void TScrollBar::SetPageSize(int Value)
     FPageSize = Value;
     if (Value >= 0 && pageStep() != Value)
         setPageStep(Value);
+}
+
+// Qt has moved by the page step, from which the thumb has its length; the value follows after this.
+void TScrollBar::TakeLargeStep(int AAction)
+{
+    const bool up = AAction == SliderPageStepSub;
+    if (!up && AAction != SliderPageStepAdd)
+        return;
+    const qint64 wanted = qint64(value()) + (up ? -qint64(FLargeChange) : FLargeChange);
+    setSliderPosition(int(qBound(qint64(minimum()), wanted, qint64(maximum()))));
 }
 
 TScrollBar::TLook TScrollBar::Look() const

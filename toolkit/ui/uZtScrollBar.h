@@ -29,7 +29,7 @@ public:
     int GetPageSize() const { return FPageSize; }
     void SetPageSize(int Value);
     int GetLargeChange() const { return FLargeChange; }
-    /// What a click beside the thumb moves by.
+    /// What a click beside the thumb moves by, as Page Up and Page Down on the bar do.
     void SetLargeChange(int Value) { FLargeChange = Value; }
 
 protected:
@@ -46,6 +46,7 @@ private:
     };
     TLook Look() const;
     void UpdateLook();
+    void TakeLargeStep(int AAction);
 
     std::optional<TLook> FDrawn; // by the last paint, unless it came between a change and its look
     bool FLookAsked = false;
