@@ -237,7 +237,7 @@ bool TZtCodeEdit::event(QEvent *AEvent)
         const TShiftState shift = ZtShiftStateOf(*key);
         if (IsMovementKey(code) || code == TZtKey::Home || code == TZtKey::End ||
             code == TZtKey::Delete || IsSelectAll(code, shift) || FindShortcut(code, shift) ||
-            !ZtCharactersOf(*key).isEmpty()) {
+            (code != TZtKey::Escape && !ZtCharactersOf(*key).isEmpty())) {
             AEvent->accept();
             return true;
         }

@@ -1,6 +1,7 @@
 #include "marked_text.h"
 
 #include <QCoreApplication>
+#include <QKeyEvent>
 
 #include <climits>
 #include <span>
@@ -223,6 +224,31 @@ TEST_F(TEditing, SearchKeysPostTheirMessages)
         Rig.Keys(row.Keys);
         EXPECT_EQ(Rig.Posted.join(u' '), row.Posted) << row.Keys;
         EXPECT_EQ(Rig.Marked(), row.After) << row.Keys;
+    }
+}
+
+TEST_F(TEditing, KeysThatAHostsShortcutDoesNotTake)
+{
+    const struct {
+        int Key;
+        Qt::KeyboardModifiers Modifiers;
+        const char16_t *Text;
+        bool Editors;
+    } rows[] = {
+        {Qt::Key_A, {}, u"a", true},
+        {Qt::Key_Tab, {}, u"\t", true},
+        {Qt::Key_Z, Qt::ControlModifier, u"\x1a", true},
+        {Qt::Key_Left, {}, u"", true},
+        {Qt::Key_G, Qt::ControlModifier, u"\x07", false},
+        {Qt::Key_Escape, {}, u"\x1b", false},
+        {Qt::Key_F5, {}, u"", false},
+    };
+    for (const auto &row : rows) {
+        QKeyEvent event(QEvent::ShortcutOverride, row.Key, row.Modifiers,
+                        QString::fromUtf16(row.Text));
+        event.ignore();
+        QCoreApplication::sendEvent(&Edit, &event);
+        EXPECT_EQ(event.isAccepted(), row.Editors) << row.Key;
     }
 }
 

@@ -90,6 +90,7 @@ TEST(Keys, CodesShiftStateAndCharacters)
                 {Qt::Key_Backspace, None, u"\b", "key8/0 char8 "},
                 {Qt::Key_Tab, None, u"\t", "key9/0 char9 "},
                 {Qt::Key_Backtab, Shift, u"\t", "key9/1 char9 "},
+                {Qt::Key_Escape, None, u"\x1b", "key27/0 char27 "}, // a host's, unless consumed
                 {Qt::Key_Delete, None, u"\x7f", "key46/0 "},
                 {Qt::Key_PageUp, None, u"", "key33/0 "},
                 {Qt::Key_End, Ctrl, u"", "key35/4 "},
@@ -112,6 +113,10 @@ TEST(Keys, CodesShiftStateAndCharacters)
             QKeyEvent event(QEvent::KeyPress, row.Key, row.Modifiers, QString::fromUtf16(row.Text));
             QCoreApplication::sendEvent(&probe, &event);
             EXPECT_EQ(probe.Log, QString::fromLatin1(row.Log)) << row.Key << ' ' << row.Modifiers;
+            const bool typed =
+                probe.Log.contains(QLatin1StringView("char")) && row.Key != Qt::Key_Escape;
+            EXPECT_EQ(event.isAccepted(),
+                      typed || (consumed && !probe.Log.startsWith(QLatin1StringView("key0"))));
         }
     }
     probe.Log.clear();

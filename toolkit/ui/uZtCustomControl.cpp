@@ -312,7 +312,9 @@ void TCustomControl::keyPressEvent(QKeyEvent *AEvent)
     // The characters are typed also when the key press was consumed, but not when it failed.
     if (Guarded([&] { KeyDown(key, ZtShiftStateOf(*AEvent)); }))
         TypeCharacters(characters);
-    AEvent->setAccepted(key != pressed || !characters.isEmpty());
+    // Escape's character 27 is no text: the key is left to whoever is around the control.
+    const bool typed = pressed != TZtKey::Escape && !characters.isEmpty();
+    AEvent->setAccepted(key != pressed || typed);
 }
 
 void TCustomControl::TypeCharacters(const QString &S)
