@@ -4,6 +4,8 @@
 #include <QCoreApplication>
 #include <QRegularExpression>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int MaxSide = 16384;
@@ -22,6 +24,67 @@ bool ReadSize(const QString &AText, QSize &ASize)
     ASize = QSize(match.captured(1).toInt(), match.captured(2).toInt());
     return ASize.width() >= 1 && ASize.height() >= 1 && ASize.width() <= MaxSide &&
            ASize.height() <= MaxSide;
+}
+
+// An option that Qt's application takes itself, with one dash or two.
+struct TQtOption {
+    enum TValue { None, Next, NextOrSame }; // in the argument behind it, or as in "-style=X" too
+    const char *Name;
+    TValue Value;
+    bool Display = false;
+};
+
+constexpr TQtOption QtOptions[] = {
+    {"display", TQtOption::Next, true},
+    {"dograb", TQtOption::None},
+    {"geometry", TQtOption::Next},
+    {"icon", TQtOption::Next},
+    {"name", TQtOption::Next},
+    {"nograb", TQtOption::None},
+    {"platform", TQtOption::Next, true},
+    {"platformpluginpath", TQtOption::Next},
+    {"platformtheme", TQtOption::Next},
+    {"plugin", TQtOption::Next},
+    {"qwindowgeometry", TQtOption::Next},
+    {"qwindowicon", TQtOption::Next},
+    {"qwindowtitle", TQtOption::Next},
+    {"reverse", TQtOption::None},
+    {"session", TQtOption::Next},
+    {"style", TQtOption::NextOrSame},
+    {"stylesheet", TQtOption::NextOrSame},
+    {"testability", TQtOption::None},
+    {"title", TQtOption::Next},
+    {"widgetcount", TQtOption::None},
+};
+
+const TQtOption *QtOptionOf(const QString &AArgument)
+{
+    static const QRegularExpression pattern(QStringLiteral("^--?([a-z]+)(=.*)?$"));
+    const QRegularExpressionMatch match = pattern.match(AArgument);
+    const auto *row =
+        std::find_if(std::begin(QtOptions), std::end(QtOptions), [&match](const TQtOption &option) {
+            return match.captured(1) == QLatin1StringView(option.Name) &&
+                   (!match.hasCaptured(2) || option.Value == TQtOption::NextOrSame);
+        });
+    return row == std::end(QtOptions) ? nullptr : row;
+}
+
+// Leaves the arguments that are not Qt's. Answers what is wrong.
+QString TakeQtOptions(QStringList &AArguments, TCommandLine &ALine)
+{
+    for (qsizetype i = 1; i < AArguments.size() && AArguments[i] != QLatin1StringView("--");) {
+        const TQtOption *option = QtOptionOf(AArguments[i]);
+        if (!option) {
+            ++i;
+            continue;
+        }
+        const bool two = option->Value != TQtOption::None && !AArguments[i].contains(u'=');
+        if (two && i + 1 == AArguments.size())
+            return Tr("-%1 wants a value.").arg(QLatin1StringView(option->Name));
+        ALine.ChoosesDisplay |= option->Display;
+        AArguments.remove(i, two ? 2 : 1);
+    }
+    return {};
 }
 
 // The texts of a database, of which three options make one.
@@ -83,12 +146,16 @@ std::optional<TCommandAnswer> ZtReadCommandLine(const QStringList &AArguments, T
     QCommandLineParser parser;
     parser.setApplicationDescription(
         Tr("Edits source code. Without a display, and with --render, the window is drawn into a "
-           "picture instead."));
+           "picture instead. The options of every Qt application are known too, such as -style, "
+           "-platform and -reverse."));
     parser.addOptions({help, version, render, tokens, size, line, database.File, database.Table,
                        database.Field, database.Key, database.Sample});
     parser.addPositionalArgument(QStringLiteral("FILE"), Tr("The files to open, a tab each."),
                                  QStringLiteral("[FILE...]"));
-    if (!parser.parse(AArguments))
+    QStringList arguments = AArguments;
+    if (const QString fault = TakeQtOptions(arguments, ALine); !fault.isEmpty())
+        return UsageError(fault);
+    if (!parser.parse(arguments))
         return UsageError(parser.errorText());
     if (parser.isSet(help))
         return TCommandAnswer{parser.helpText(), 0};

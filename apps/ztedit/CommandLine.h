@@ -20,6 +20,8 @@ struct TCommandLine {
     bool Tokens = false;
     /// The window's size in pixels; invalid for the usual one.
     QSize Size;
+    /// Whether one of Qt's own options says where to show the window.
+    bool ChoosesDisplay = false;
     /// The caret's line, counted from 1; 0 for none given.
     int Line = 0;
 };
@@ -33,5 +35,6 @@ struct TCommandAnswer {
 inline constexpr int ZtFileTrouble = 1;
 inline constexpr int ZtUsageTrouble = 2;
 
-/// Reads the arguments, of which the first is the program's name.
+/// Reads the arguments, of which the first is the program's name. The options that every Qt
+/// application has are left to Qt.
 std::optional<TCommandAnswer> ZtReadCommandLine(const QStringList &AArguments, TCommandLine &ALine);

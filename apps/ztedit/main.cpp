@@ -149,7 +149,7 @@ int main(int argc, char *argv[])
         if (line.Tokens)
             return PrintTokens(line.Files.constFirst());
     }
-    const bool offScreen = !line.RenderTo.isEmpty() || !HasDisplay();
+    const bool offScreen = !line.RenderTo.isEmpty() || !(line.ChoosesDisplay || HasDisplay());
     if (offScreen)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     OuterHandler = qInstallMessageHandler(HandleMessage);

@@ -128,7 +128,8 @@ TEST(CommandLine, WrongArgumentsAreUsageErrors)
     const QStringList rows[] = {
         {u"--nonsense"_s},           {u"--size"_s, u"12"_s}, {u"--size"_s, u"0x5"_s},
         {u"--size"_s, u"5x99999"_s}, {u"--size=axb"_s},      {u"--line"_s, u"0"_s},
-        {u"--line"_s, u"x"_s},       {u"--render"_s},        {u"--render"_s, u""_s}};
+        {u"--line"_s, u"x"_s},       {u"--render"_s},        {u"--render"_s, u""_s},
+        {u"a"_s, u"-platform"_s},    {u"-reverse=1"_s},      {u"-strange"_s}};
     for (const QStringList &row : rows) {
         TCommandLine line;
         const auto answer = ZtReadCommandLine(QStringList{u"ztedit"_s} + row, line);
@@ -148,4 +149,25 @@ TEST(CommandLine, OptionsAndFilesComeInAnyOrder)
     EXPECT_EQ(line.Size, QSize(30, 20));
     EXPECT_EQ(line.Line, 7);
     EXPECT_EQ(line.RenderTo, u"o.png"_s);
+}
+
+TEST(CommandLine, QtsOwnOptionsAreLeftToQt)
+{
+    const struct {
+        const char *Arguments, *Files;
+        bool Display = false;
+    } rows[] = {
+        {"a -style fusion b", "a b"},
+        {"--style=fusion a -stylesheet=x", "a"},
+        {"-reverse a -qwindowtitle t -platform xcb", "a", true},
+        {"-display :3", "", true},
+        {"-- -reverse --style", "-reverse --style"},
+    };
+    for (const auto &row : rows) {
+        TCommandLine line;
+        const QString arguments = u"ztedit "_s + QLatin1StringView(row.Arguments);
+        EXPECT_FALSE(ZtReadCommandLine(arguments.split(u' '), line)) << row.Arguments;
+        EXPECT_EQ(line.Files.join(u' '), QLatin1StringView(row.Files));
+        EXPECT_EQ(line.ChoosesDisplay, row.Display) << row.Arguments;
+    }
 }

@@ -75,6 +75,8 @@ TEST(Tokens, WhatCannotBeShownIsAnError)
         {{folder.path()}, 1, "directory"},
         {{}, 2, "--tokens"},
         {{script, script}, 2, "--tokens"},
+        {{none, u"-style"_s, u"fusion"_s}, 1, "none.js"},
+        {{script, u"-style"_s}, 2, "-style"},
         {{script, u"--render"_s, u"o.png"_s}, 2, "--tokens"},
     };
     for (const auto &row : rows) {
