@@ -451,7 +451,8 @@ TEST_F(SearchDialog, ItsColoursFollowThePalette)
     for (const QColor colour : {QColor(0x202020), QColor(0xFAFAFA)}) {
         QPalette palette(colour, QColor(0x808080));
         palette.setColor(QPalette::Base, colour);
-        QApplication::setPalette(palette);
+        QApplication::setPalette(palette); // also while the form is hidden
+        dialog.setVisible(!dialog.isVisible());
         QCoreApplication::processEvents();
         EXPECT_EQ(dialog.grab().toImage().pixelColor(3, 3), colour);
         EXPECT_EQ(dialog.rgSearchScope->palette().color(QPalette::Window), colour);
