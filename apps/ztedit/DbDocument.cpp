@@ -5,6 +5,7 @@
 #include "RecordList.h"
 
 #include "uZtDbCodeEdit.h"
+#include "uZtGuarded.h"
 #include "uZtPlatform.h"
 #include "uZtSqlTable.h"
 
@@ -81,7 +82,7 @@ void TDbDocument::CreateWidgets()
     splitter->setChildrenCollapsible(false);
     // A question must not come up in the middle of a click.
     connect(FList->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-            &TDbDocument::FollowList, Qt::QueuedConnection);
+            TZtGuarded([this] { FollowList(); }), Qt::QueuedConnection);
 }
 
 QWidget *TDbDocument::CreateToolBar()
@@ -107,7 +108,7 @@ QWidget *TDbDocument::CreateToolBar()
         action->setSeparator(!command.Text);
         if (command.Text) {
             connect(action, &QAction::triggered, this,
-                    [this, run = command.Run] { (this->*run)(); });
+                    TZtGuarded([this, run = command.Run] { (this->*run)(); }));
             connect(this, &TDbDocument::Changed, action, [this, action, enabled = command.Enabled] {
                 action->setEnabled(enabled(FDataSet));
             });
@@ -192,7 +193,7 @@ template <typename T> bool TDbDocument::Try(const QString &AFault, T AOperation)
         return false;
     } catch (const EZtException &error) {
         SyncList();
-        ZtMsgBoxInfo(AFault.arg(error.Message()), QCoreApplication::applicationName());
+        ZtMsgBoxError(AFault.arg(error.Message()), QCoreApplication::applicationName());
         return false;
     }
 }
@@ -253,8 +254,8 @@ bool TDbDocument::EditFields()
 
 bool TDbDocument::Delete()
 {
-    if (ZtMsgBoxYesNo(tr("Delete the record \"%1\"? This cannot be undone.").arg(RecordName()),
-                      QCoreApplication::applicationName()) != mrYes)
+    if (ZtMsgBoxConfirm(tr("Delete the record \"%1\"? This cannot be undone.").arg(RecordName()),
+                        QCoreApplication::applicationName()) != mrYes)
         return false;
     const bool deleted = Try(tr("The record was not deleted: %1"), [this] { FDataSet.Delete(); });
     if (deleted)

@@ -1,9 +1,12 @@
 #include "DbFieldsDialog.h"
 
+#include "PlainText.h"
+
 #include "uZtDataSet.h"
 
 #include <QDialogButtonBox>
 #include <QFormLayout>
+#include <QLabel>
 #include <QLineEdit>
 
 TDbFieldsDialog::TDbFieldsDialog(TDataSet &ADataSet, const std::vector<TField *> &AFields,
@@ -19,7 +22,7 @@ TDbFieldsDialog::TDbFieldsDialog(TDataSet &ADataSet, const std::vector<TField *>
         line->setReadOnly(line->text() != text || text.contains(QLatin1Char('\n')) ||
                           !field->CanModify());
         line->setObjectName(field->GetFieldName());
-        form->addRow(field->GetFieldName() + QLatin1Char(':'), line);
+        form->addRow(ZtPlainLabel(field->GetFieldName() + QLatin1Char(':'), line), line);
         FLines.push_back(line);
     }
     auto *box = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);

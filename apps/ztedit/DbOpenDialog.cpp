@@ -1,6 +1,7 @@
 #include "DbOpenDialog.h"
 
 #include "uZtDataSet.h"
+#include "uZtGuarded.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -28,8 +29,8 @@ TDbOpenDialog::TDbOpenDialog(const QString &AFile, QWidget *AParent)
     form->addRow(box);
     connect(box, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(box, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    connect(FTable, &QComboBox::currentIndexChanged, this, &TDbOpenDialog::ShowTable);
-    connect(FFile, &QLineEdit::textChanged, this, &TDbOpenDialog::ShowFile);
+    connect(FTable, &QComboBox::currentIndexChanged, this, TZtGuarded([this] { ShowTable(); }));
+    connect(FFile, &QLineEdit::textChanged, this, TZtGuarded([this] { ShowFile(); }));
     ShowFile();
     resize(480, sizeHint().height());
 }
@@ -45,7 +46,7 @@ QWidget *TDbOpenDialog::CreateFileRow(const QString &AFile)
     layout->addWidget(FFile);
     layout->addWidget(browse);
     row->setFocusProxy(FFile);
-    connect(browse, &QPushButton::clicked, this, &TDbOpenDialog::Browse);
+    connect(browse, &QPushButton::clicked, this, TZtGuarded([this] { Browse(); }));
     return row;
 }
 

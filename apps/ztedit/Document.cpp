@@ -49,6 +49,12 @@ void TDocument::Load(const QString &APath)
     Q_EMIT Changed();
 }
 
+void TDocument::Begin(const QString &APath)
+{
+    FPath = QFileInfo(APath).absoluteFilePath();
+    SetLanguage(ZtLanguageOfFile(APath));
+}
+
 void TDocument::SetText(const TZtStringStream &AStream)
 {
     if (FFormat.Encoding == TZtEncoding::teUtf8) {
@@ -95,7 +101,10 @@ bool TDocument::IsChangedOnDisk() const
     return now.Exists && now != FFingerprint;
 }
 
-bool TDocument::IsSameOnDisk() const { return ZtFingerprintOfFile(FPath) == FFingerprint; }
+bool TDocument::IsSameOnDisk() const
+{
+    return FFingerprint.Exists && ZtFingerprintOfFile(FPath) == FFingerprint;
+}
 
 QByteArray TDocument::Encode(const TZtTextFormat &AFormat, std::vector<TZtLostChar> &ALost) const
 {
@@ -128,6 +137,11 @@ void TDocument::SetLanguage(const TLanguage &ALanguage)
 
 void TDocument::GoToLine(int ALine)
 {
+    FEditor->show(); // a new editor gets its place, and its bars their range, only now
+    FEditorPlace->activate();
     FEditor->SetCharPos(0);
     FEditor->SetLinePos(ALine - 1);
+    TScrollBar *bar = FEditor->GetVScrollBar();
+    const int last = qMax(FEditor->GetLines()->GetCount() - bar->GetPageSize(), 0);
+    bar->SetPosition(qBound(0, FEditor->GetLinePos() - bar->GetPageSize() / 2, last));
 }

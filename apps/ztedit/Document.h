@@ -20,6 +20,8 @@ public:
     /// has no meaning for the text that comes now. Raises `EStreamError` and leaves all as it was
     /// when the file cannot be read.
     void Load(const QString &APath);
+    /// Gives an empty text the name of a file that is not there, which the first save makes.
+    void Begin(const QString &APath);
     /// Writes `ABytes`, which are the text in `AFormat`, to a file, which becomes the document's.
     /// Raises `EStreamError` and leaves all as it was when it cannot be written.
     void Write(const QString &APath, const QByteArray &ABytes, const TZtTextFormat &AFormat);
@@ -50,7 +52,8 @@ public:
 
     const TLanguage &Language() const { return *FLanguage; }
     void SetLanguage(const TLanguage &ALanguage);
-    /// Puts the caret at the start of a line, counted from 1; beyond the last, of the last.
+    /// Puts the caret at the start of a line, counted from 1; beyond the last, of the last. The
+    /// line comes into the middle of the view, unless the text begins or ends too near.
     void GoToLine(int ALine);
 
 Q_SIGNALS:

@@ -4,6 +4,7 @@
 #include "Methods.h"
 
 #include "uZtCodeEdit.h"
+#include "uZtGuarded.h"
 
 #include <QDialogButtonBox>
 #include <QFontDatabase>
@@ -32,10 +33,11 @@ TEventDialog::TEventDialog(TDocument &ADocument, QWidget *AParent)
     CreateButtons();
     for (const TSampleForm::TEvent &event : FForm.Events())
         FEvents->addItem(event.Object->objectName() + QLatin1Char('.') + event.Name);
-    connect(FEvents, &QListWidget::currentRowChanged, this, &TEventDialog::ShowEvent);
+    connect(FEvents, &QListWidget::currentRowChanged, this,
+            TZtGuarded([this](int index) { ShowEvent(index); }));
     connect(FMethods, &QListWidget::itemSelectionChanged, this,
             [this] { FGoTo->setEnabled(FMethods->currentItem()); });
-    connect(FMethods, &QListWidget::itemActivated, this, &TEventDialog::GoToMethod);
+    connect(FMethods, &QListWidget::itemActivated, this, TZtGuarded([this] { GoToMethod(); }));
     FEvents->setCurrentRow(0);
     resize(560, 420);
 }
@@ -59,9 +61,10 @@ void TEventDialog::CreateButtons()
     FGoTo = box->addButton(tr("&Go to the method"), QDialogButtonBox::ActionRole);
     FGoTo->setAutoDefault(false);
     FAtEnd->setDefault(true);
-    connect(FAtCaret, &QPushButton::clicked, this, [this] { Insert(TInsertPlace::Caret); });
-    connect(FAtEnd, &QPushButton::clicked, this, [this] { Insert(TInsertPlace::End); });
-    connect(FGoTo, &QPushButton::clicked, this, &TEventDialog::GoToMethod);
+    connect(FAtCaret, &QPushButton::clicked, this,
+            TZtGuarded([this] { Insert(TInsertPlace::Caret); }));
+    connect(FAtEnd, &QPushButton::clicked, this, TZtGuarded([this] { Insert(TInsertPlace::End); }));
+    connect(FGoTo, &QPushButton::clicked, this, TZtGuarded([this] { GoToMethod(); }));
     connect(box, &QDialogButtonBox::rejected, this, &QDialog::reject);
     qobject_cast<QGridLayout *>(layout())->addWidget(box, 4, 0, 1, 2);
 }

@@ -5,10 +5,13 @@
 #include "Document.h"
 #include "EventDialog.h"
 #include "Methods.h"
+#include "PlainText.h"
 #include "SaveFlow.h"
+#include "StatusTexts.h"
 
 #include "uZtCodeEdit.h"
 #include "uZtException.h"
+#include "uZtGuarded.h"
 #include "uZtMessages.h"
 #include "uZtPlatform.h"
 
@@ -19,15 +22,27 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
-#include <QLabel>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QStatusBar>
 #include <QTabWidget>
 
+#include <filesystem>
+
 namespace {
 
 constexpr int MessageTime = 5000;
+
+// Whether nothing is there, as far as one may see.
+bool IsMissing(const QString &APath)
+{
+    std::error_code error;
+    return !APath.isEmpty() &&
+           std::filesystem::status(QFileInfo(APath).filesystemFilePath(), error).type() ==
+               std::filesystem::file_type::not_found;
+}
+
+void ShowError(const QString &AText) { ZtMsgBoxError(AText, QCoreApplication::applicationName()); }
 
 bool HasSelection(const TZtCodeEdit &AEditor)
 {
@@ -56,14 +71,17 @@ TMainWindow::TMainWindow(QWidget *AParent) : QMainWindow(AParent), FTabs(new QTa
     setAcceptDrops(true);
     CreateMenus();
     CreateStatusBar();
-    connect(FTabs, &QTabWidget::currentChanged, this, [this] {
-        if (TDocument *document = CurrentDocument())
-            document->setFocus();
-        Refresh();
-    });
+    connect(FTabs, &QTabWidget::currentChanged, this, TZtGuarded([this] { FollowTab(); }));
     connect(FTabs, &QTabWidget::tabCloseRequested, this,
-            [this](int index) { CloseDocument(Document(index)); });
+            TZtGuarded([this](int index) { CloseDocument(Document(index)); }));
     resize(900, 640);
+    Refresh();
+}
+
+void TMainWindow::FollowTab()
+{
+    if (TDocument *document = CurrentDocument())
+        document->setFocus();
     Refresh();
 }
 
@@ -100,7 +118,7 @@ void TMainWindow::CreateMenus()
     };
     CreateMenu(tr("&File"), std::begin(file), std::end(file));
     connect(CreateMenu(tr("&Edit"), std::begin(edit), std::end(edit)), &QMenu::aboutToShow, this,
-            &TMainWindow::RefreshEditMenu);
+            TZtGuarded([this] { RefreshEditMenu(); }));
     CreateMenu(tr("&Search"), std::begin(search), std::end(search));
     CreateMethodsMenu();
     CreateDatabaseMenu();
@@ -120,7 +138,7 @@ QMenu *TMainWindow::CreateMenu(const QString &ATitle, const TCommand *AFirst, co
             action->setShortcut(QKeySequence(QLatin1StringView(command->Shortcut)));
         if (command->Run)
             connect(action, &QAction::triggered, this,
-                    [this, run = command->Run] { (this->*run)(); });
+                    TZtGuarded([this, run = command->Run] { (this->*run)(); }));
         else
             connect(action, &QAction::triggered, this, &QWidget::close);
         if (command->Action)
@@ -138,7 +156,7 @@ void TMainWindow::CreateMethodsMenu()
     };
     FMethods = CreateMenu(tr("&Methods"), std::begin(methods), std::end(methods));
     FMethods->setStyleSheet(QStringLiteral("QMenu { menu-scrollable: 1; }")); // they may be many
-    connect(FMethods, &QMenu::aboutToShow, this, &TMainWindow::FillMethodsMenu);
+    connect(FMethods, &QMenu::aboutToShow, this, TZtGuarded([this] { FillMethodsMenu(); }));
 }
 
 // Behind the menu's own command, the methods in the text as it is now.
@@ -152,10 +170,10 @@ void TMainWindow::FillMethodsMenu()
     if (!document)
         return;
     for (const TScriptMethod &method : ZtMethodsOf(*document)) {
-        QAction *action =
-            FMethods->addAction(method.Name + QLatin1Char('\t') + tr("line %1").arg(method.Line));
+        QAction *action = FMethods->addAction(ZtWithoutMnemonics(method.Name) + QLatin1Char('\t') +
+                                              tr("line %1").arg(method.Line));
         connect(action, &QAction::triggered, document,
-                [document, line = method.Line] { document->GoToLine(line); });
+                TZtGuarded([document, line = method.Line] { document->GoToLine(line); }));
     }
 }
 
@@ -166,7 +184,7 @@ void TMainWindow::CreateDatabaseMenu()
         {},
     };
     FDatabase = CreateMenu(tr("&Database"), std::begin(database), std::end(database));
-    connect(FDatabase, &QMenu::aboutToShow, this, &TMainWindow::FillDatabaseMenu);
+    connect(FDatabase, &QMenu::aboutToShow, this, TZtGuarded([this] { FillDatabaseMenu(); }));
 }
 
 // Behind the menu's own command, those of the database in front.
@@ -187,20 +205,18 @@ void TMainWindow::CreateLanguageMenu()
         QAction *action = menu->addAction(ZtLanguageName(language));
         action->setCheckable(true);
         FLanguages->addAction(action);
-        connect(action, &QAction::triggered, this, [this, &language] {
+        const auto choose = TZtGuarded([this, &language] {
             if (TDocument *document = CurrentDocument())
                 document->SetLanguage(language);
         });
+        connect(action, &QAction::triggered, this, choose);
     }
 }
 
 void TMainWindow::CreateStatusBar()
 {
-    for (QLabel **label : {&FPosition, &FLanguage, &FEncoding, &FLineEnding}) {
-        *label = new QLabel(this);
-        (*label)->setContentsMargins(8, 0, 8, 0);
-        statusBar()->addPermanentWidget(*label);
-    }
+    FStatus = new TStatusTexts(this);
+    statusBar()->addPermanentWidget(FStatus);
 }
 
 int TMainWindow::DocumentCount() const { return FTabs->count(); }
@@ -267,18 +283,36 @@ TDbDocument *TMainWindow::OpenDatabase(const TDbPlace &APlace)
     return AddInsteadOfUnused(std::make_unique<TDbDocument>(APlace));
 }
 
-void TMainWindow::OpenFiles(const QStringList &APaths)
+TDocument *TMainWindow::OpenOrBegin(const QString &APath)
+{
+    if (DocumentOf(APath) || !IsMissing(APath))
+        return OpenFile(APath);
+    auto document = std::make_unique<TDocument>(QString());
+    document->Begin(APath);
+    return AddInsteadOfUnused(std::move(document));
+}
+
+QStringList TMainWindow::OpenEach(const QStringList &APaths,
+                                  TDocument *(TMainWindow::*AOpen)(const QString &))
 {
     QStringList messages;
     for (const QString &path : APaths) {
         try {
-            OpenFile(path);
+            (this->*AOpen)(path);
         } catch (const EStreamError &error) {
             messages.append(error.Message());
+        } catch (...) {
+            messages.append(tr("Cannot open \"%1\": %2").arg(path, ZtCurrentExceptionMessage()));
         }
     }
+    return messages;
+}
+
+void TMainWindow::OpenFiles(const QStringList &APaths)
+{
+    const QStringList messages = OpenEach(APaths, &TMainWindow::OpenFile);
     if (!messages.isEmpty())
-        ZtMsgBoxInfo(messages.join(QLatin1Char('\n')), QCoreApplication::applicationName());
+        ShowError(messages.join(QLatin1Char('\n')));
 }
 
 void TMainWindow::New() { NewDocument(); }
@@ -330,8 +364,7 @@ bool TMainWindow::AskForNameAndSave(TDocument *ADocument)
         return false;
     const TDocument *open = DocumentOf(path);
     if (open && open != ADocument) {
-        ZtMsgBoxInfo(tr("\"%1\" is open in another tab.").arg(path),
-                     QCoreApplication::applicationName());
+        ShowError(tr("\"%1\" is open in another tab.").arg(path));
         return false;
     }
     return ZtSaveDocumentAs(*ADocument, path);
@@ -347,15 +380,16 @@ void TMainWindow::Reload()
     if (!document || document->Path().isEmpty())
         return;
     if (document->IsModified() &&
-        ZtMsgBoxYesNo(tr("Give up the changes to \"%1\" and read it again?").arg(document->Title()),
-                      QCoreApplication::applicationName()) != mrYes)
+        ZtMsgBoxConfirm(
+            tr("Give up the changes to \"%1\" and read it again?").arg(document->Title()),
+            QCoreApplication::applicationName()) != mrYes)
         return;
     try {
         const int line = document->Editor()->GetLinePos() + 1;
         document->Load(document->Path());
         document->GoToLine(line);
     } catch (const EStreamError &error) {
-        ZtMsgBoxInfo(error.Message(), QCoreApplication::applicationName());
+        ShowError(error.Message());
     }
 }
 
@@ -384,12 +418,13 @@ void TMainWindow::CloseCurrent() { CloseDocument(CurrentDocument()); }
 
 void TMainWindow::closeEvent(QCloseEvent *AEvent)
 {
-    for (int i = 0; i < DocumentCount(); ++i)
-        if (!ConfirmDiscard(Document(i))) {
-            AEvent->ignore();
-            return;
-        }
-    AEvent->accept();
+    AEvent->ignore(); // also when a question or a save fails
+    TZtGuarded([&] {
+        for (int i = 0; i < DocumentCount(); ++i)
+            if (!ConfirmDiscard(Document(i)))
+                return;
+        AEvent->accept();
+    })();
 }
 
 void TMainWindow::dragEnterEvent(QDragEnterEvent *AEvent)
@@ -405,7 +440,7 @@ void TMainWindow::dropEvent(QDropEvent *AEvent)
         if (url.isLocalFile())
             paths.append(url.toLocalFile());
     AEvent->acceptProposedAction();
-    OpenFiles(paths);
+    TZtGuarded([&] { OpenFiles(paths); })();
 }
 
 void TMainWindow::Post(quint32 AMsg, quint64 AWParam)
@@ -452,7 +487,7 @@ void TMainWindow::OpenDatabaseTable()
     try {
         OpenDatabase(dialog.Place());
     } catch (const EZtException &error) {
-        ZtMsgBoxInfo(error.Message(), QCoreApplication::applicationName());
+        ShowError(error.Message());
     }
 }
 
@@ -469,7 +504,7 @@ void TMainWindow::RefreshLater()
     if (FRefreshing)
         return;
     FRefreshing = true;
-    QMetaObject::invokeMethod(this, &TMainWindow::Refresh, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, TZtGuarded([this] { Refresh(); }), Qt::QueuedConnection);
 }
 
 void TMainWindow::Refresh()
@@ -481,7 +516,7 @@ void TMainWindow::Refresh()
     const TDocument *document = CurrentDocument();
     FSaveAs->setEnabled(document && !CurrentDatabase());
     FReload->setEnabled(document && !document->Location().isEmpty());
-    setWindowTitle(document ? document->Title() + QStringLiteral("[*]") : QString());
+    setWindowTitle(document ? ZtPlainTitle(document->Title()) + QStringLiteral("[*]") : QString());
     setWindowModified(document && document->IsModified());
     setWindowFilePath(document ? document->Location() : QString());
 }
@@ -489,41 +524,38 @@ void TMainWindow::Refresh()
 void TMainWindow::RefreshTab(int AIndex)
 {
     const TDocument *document = Document(AIndex);
-    QString text = document->Title() + (document->IsModified() ? QStringLiteral("*") : QString());
-    text.replace(QLatin1Char('&'), QLatin1StringView("&&"));
+    const QString text = ZtWithoutMnemonics(document->Title()) +
+                         (document->IsModified() ? QStringLiteral("*") : QString());
     if (FTabs->tabText(AIndex) != text)
         FTabs->setTabText(AIndex, text);
-    FTabs->setTabToolTip(AIndex, document->Location());
+    FTabs->setTabToolTip(AIndex, ZtPlainToolTip(document->Location()));
 }
 
 void TMainWindow::RefreshStatus()
 {
     const TDocument *document = CurrentDocument();
     FLanguages->setEnabled(document);
-    for (QLabel *label : {FPosition, FLanguage, FEncoding, FLineEnding})
-        label->setVisible(document);
-    if (!document)
+    if (!document) {
+        FStatus->SetTexts({});
         return;
-    FPosition->setText(tr("Line %1, column %2")
-                           .arg(document->Editor()->GetLinePos() + 1)
-                           .arg(document->Editor()->GetCharPos() + 1));
-    FLanguage->setText(ZtLanguageName(document->Language()));
+    }
     const auto index = &document->Language() - ZtLanguages().data();
     FLanguages->actions().at(index)->setChecked(true);
-    if (const TDbDocument *database = CurrentDatabase()) {
-        FEncoding->setText(database->PositionText());
-        FLineEnding->setText(database->StateText());
-    } else {
-        ShowFormat(document->Format());
-    }
+    const TDbDocument *database = CurrentDatabase();
+    FStatus->SetTexts(QStringList{tr("Line %1, column %2")
+                                      .arg(document->Editor()->GetLinePos() + 1)
+                                      .arg(document->Editor()->GetCharPos() + 1),
+                                  ZtLanguageName(document->Language())} +
+                      (database ? QStringList{database->PositionText(), database->StateText()}
+                                : FormatTexts(document->Format())));
 }
 
-void TMainWindow::ShowFormat(const TZtTextFormat &AFormat)
+QStringList TMainWindow::FormatTexts(const TZtTextFormat &AFormat)
 {
     const QString encoding = ZtEncodingName(AFormat.Encoding);
-    FEncoding->setText(AFormat.Mark ? tr("%1 with byte-order mark").arg(encoding) : encoding);
     const QString ending = ZtLineEndingName(AFormat.LineEnding);
-    FLineEnding->setText(AFormat.MixedLineEndings ? tr("%1, mixed").arg(ending) : ending);
+    return {AFormat.Mark ? tr("%1 with byte-order mark").arg(encoding) : encoding,
+            AFormat.MixedLineEndings ? tr("%1, mixed").arg(ending) : ending};
 }
 
 void TMainWindow::RefreshEditMenu()

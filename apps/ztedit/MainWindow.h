@@ -7,11 +7,11 @@
 struct TDbPlace;
 struct TZtTextFormat;
 class QActionGroup;
-class QLabel;
 class QMenu;
 class QTabWidget;
 class TDbDocument;
 class TDocument;
+class TStatusTexts;
 
 /// The window: a tab for each document, the menus and the status bar.
 class TMainWindow : public QMainWindow {
@@ -23,8 +23,15 @@ public:
     /// Opens a file in a tab of its own, or shows the tab that it is open in. Raises `EStreamError`
     /// when it cannot be read.
     TDocument *OpenFile(const QString &APath);
+    /// `OpenFile`, or a new text for a file that is not there, which the first save makes.
+    TDocument *OpenOrBegin(const QString &APath);
+    /// Opens each in the given way. Answers what there is to tell about those that cannot be read.
+    QStringList OpenEach(const QStringList &APaths,
+                         TDocument *(TMainWindow::*AOpen)(const QString &));
     /// `OpenFile` for each; tells the user about those that cannot be read.
     void OpenFiles(const QStringList &APaths);
+    /// The document of a file; null when it is not open.
+    TDocument *DocumentOf(const QString &APath) const;
     /// Opens the field of a database's table in a tab of its own. Raises `EDatabaseError` when
     /// something of it is missing or cannot be read.
     TDbDocument *OpenDatabase(const TDbPlace &APlace);
@@ -57,6 +64,7 @@ private:
     void CreateDatabaseMenu();
     void FillDatabaseMenu();
     void CreateStatusBar();
+    void FollowTab();
 
     void New();
     void Open();
@@ -79,7 +87,6 @@ private:
 
     bool AskForNameAndSave(TDocument *ADocument);
     bool ConfirmDiscard(TDocument *ADocument);
-    TDocument *DocumentOf(const QString &APath) const;
     TDbDocument *CurrentDatabase() const;
     void AddDocument(TDocument *ADocument);
     template <typename T> T *AddInsteadOfUnused(std::unique_ptr<T> ADocument);
@@ -88,14 +95,11 @@ private:
     void Refresh();
     void RefreshTab(int AIndex);
     void RefreshStatus();
-    void ShowFormat(const TZtTextFormat &AFormat);
+    static QStringList FormatTexts(const TZtTextFormat &AFormat);
     void RefreshEditMenu();
 
     QTabWidget *FTabs;
-    QLabel *FPosition = nullptr;
-    QLabel *FLanguage = nullptr;
-    QLabel *FEncoding = nullptr;
-    QLabel *FLineEnding = nullptr;
+    TStatusTexts *FStatus = nullptr;
     QActionGroup *FLanguages = nullptr;
     QMenu *FMethods = nullptr;
     QMenu *FDatabase = nullptr;

@@ -13,7 +13,7 @@ QString Tr(const char *AText) { return QCoreApplication::translate("SaveFlow", A
 
 bool Confirm(const QString &AText)
 {
-    return ZtMsgBoxYesNo(AText, QCoreApplication::applicationName()) == mrYes;
+    return ZtMsgBoxConfirm(AText, QCoreApplication::applicationName()) == mrYes;
 }
 
 // An edited text cannot give back all of a file with mixed line endings or undecodable bytes.
@@ -62,10 +62,8 @@ bool EncodeAll(const TDocument &ADocument, TZtTextFormat &AFormat, QByteArray &A
             Tr("%1 cannot hold all characters of \"%2\"; the first is %3 in line %4, column %5. "
                "Save it as %6 instead?")
                 .arg(ZtEncodingName(AFormat.Encoding), ADocument.Title(),
-                     CharacterName(lost[0].Char))
-                .arg(lost[0].Line + 1)
-                .arg(lost[0].Column + 1)
-                .arg(ZtEncodingName(other.Encoding));
+                     CharacterName(lost[0].Char), QString::number(lost[0].Line + 1),
+                     QString::number(lost[0].Column + 1), ZtEncodingName(other.Encoding));
         if (!Confirm(question))
             return false;
         AFormat = other;
@@ -96,7 +94,7 @@ bool ZtSaveDocumentAs(TDocument &ADocument, const QString &APath)
     try {
         ADocument.Write(APath, bytes, format);
     } catch (const EStreamError &error) {
-        ZtMsgBoxInfo(error.Message(), QCoreApplication::applicationName());
+        ZtMsgBoxError(error.Message(), QCoreApplication::applicationName());
         return false;
     }
     return true;

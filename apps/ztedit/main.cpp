@@ -6,12 +6,14 @@
 #include "Tokens.h"
 
 #include "uZtException.h"
+#include "uZtPlatform.h"
 
 #include <QApplication>
 #include <QBuffer>
 #include <QDir>
 #include <QFileInfo>
 #include <QLayout>
+#include <QScreen>
 #include <QTemporaryFile>
 
 #include <cstdio>
@@ -65,8 +67,10 @@ void Show(TMainWindow &AWindow, const TCommandLine &ALine)
         AWindow.resize(ALine.Size);
     AWindow.show();
     QCoreApplication::processEvents();
-    if (ALine.Line > 0)
-        AWindow.CurrentDocument()->GoToLine(ALine.Line);
+    TDocument *document = ALine.Files.isEmpty() ? AWindow.CurrentDocument()
+                                                : AWindow.DocumentOf(ALine.Files.constFirst());
+    if (ALine.Line > 0 && document)
+        document->GoToLine(ALine.Line);
 }
 
 void Render(TMainWindow &AWindow, const TCommandLine &ALine)
@@ -105,26 +109,36 @@ int PrintTokens(const QString &AFile)
     }
 }
 
-void OpenAll(TMainWindow &AWindow, const TCommandLine &ALine)
+// For a picture every file has to be there. A user may want to begin one, and can be told about
+// those that cannot be read: answers what.
+QStringList OpenAll(TMainWindow &AWindow, const TCommandLine &ALine, bool AOffScreen)
 {
-    for (const QString &file : ALine.Files)
-        AWindow.OpenFile(file);
+    QStringList messages;
+    if (AOffScreen)
+        for (const QString &file : ALine.Files)
+            AWindow.OpenFile(file);
+    else
+        messages = AWindow.OpenEach(ALine.Files, &TMainWindow::OpenOrBegin);
     if (!ALine.Database.File.isEmpty())
         AWindow.OpenDatabase(ALine.Database);
-    else if (ALine.Files.isEmpty())
+    if (AWindow.DocumentCount() == 0)
         AWindow.NewDocument();
     AWindow.ShowDocument(0);
+    return messages;
 }
 
 int Run(const TCommandLine &ALine, bool AOffScreen)
 {
     TMainWindow window;
-    OpenAll(window, ALine);
+    const QStringList messages = OpenAll(window, ALine, AOffScreen);
     if (AOffScreen) {
         Render(window, ALine);
         return 0;
     }
+    window.resize(window.size().boundedTo(window.screen()->availableSize()));
     Show(window, ALine);
+    if (!messages.isEmpty())
+        ZtMsgBoxError(messages.join(QLatin1Char('\n')), QCoreApplication::applicationName());
     return QApplication::exec();
 }
 

@@ -1,6 +1,7 @@
 #include "Document.h"
 #include "MainWindow.h"
 #include "SaveFlow.h"
+#include "StatusTexts.h"
 #include "message_boxes.h"
 
 #include "uZtCodeEdit.h"
@@ -8,9 +9,12 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QHBoxLayout>
+#include <QLabel>
 #include <QMenuBar>
 #include <QTabBar>
 #include <QTemporaryDir>
+#include <QWindow>
 
 using namespace Qt::StringLiterals;
 
@@ -172,6 +176,127 @@ TEST_F(Host, AFileIsOpenInOneTabAndAnUnusedTabGoes)
     window.OpenFiles({Folder.filePath(u"none"_s), Folder.path()});
     EXPECT_EQ(window.DocumentCount(), 2);
     EXPECT_EQ(Asked.size(), 1);
+}
+
+TEST_F(Host, AFileThatIsNotThereIsBegun)
+{
+    const QString path = Folder.filePath(u"new.js"_s);
+    TMainWindow window;
+    const QStringList files{path, path, Make("a.pas", "one"), Folder.path(), QString()};
+    EXPECT_EQ(window.OpenEach(files, &TMainWindow::OpenOrBegin).size(), 2);
+    EXPECT_EQ(window.DocumentCount(), 2);
+    TDocument *document = window.DocumentOf(path);
+    ASSERT_TRUE(document);
+    EXPECT_STREQ(document->Language().Name, "JavaScript");
+    EXPECT_FALSE(document->IsModified());
+    EXPECT_FALSE(QFile::exists(path));
+    EXPECT_TRUE(window.Save(document));
+    EXPECT_EQ(ZtReadFile(path), "");
+    QFile::remove(path);
+    document->Editor()->InsertText(TZtChangeType::ctPaste, u"x"_s);
+    EXPECT_TRUE(window.Save(document));
+    EXPECT_EQ(ZtReadFile(path), "x\n");
+    EXPECT_TRUE(Asked.isEmpty());
+    // Another program was quicker.
+    const QString late = Folder.filePath(u"late"_s);
+    document = window.OpenOrBegin(late);
+    Make("late", "theirs");
+    Answer = mrNo;
+    EXPECT_FALSE(window.Save(document));
+    EXPECT_EQ(ZtReadFile(late), "theirs");
+}
+
+TEST_F(Host, GoingToALinePutsItIntoTheMiddle)
+{
+    TMainWindow window;
+    window.resize(600, 400);
+    TDocument *document = window.OpenFile(Make("lines", QByteArray("x\n").repeated(1000)));
+    window.show();
+    QApplication::processEvents();
+    const int page = document->Editor()->GetVScrollBar()->GetPageSize();
+    ASSERT_GT(page, 5);
+    const struct {
+        int Line, Top;
+    } rows[] = {{500, 499 - page / 2},
+                {510, 509 - page / 2},
+                {3, 0},
+                {999, 1000 - page},
+                {5000, 1000 - page}};
+    for (const auto &row : rows) {
+        if (row.Line == 510)
+            document->Load(document->Path()); // into an editor that was not shown before
+        document->GoToLine(row.Line);
+        EXPECT_EQ(document->Editor()->GetVScrollBar()->GetPosition(), row.Top) << row.Line;
+        EXPECT_EQ(document->Editor()->GetLinePos(), qMin(row.Line, 1000) - 1);
+    }
+}
+
+TEST_F(Host, NamesAreShownAsTheyAre)
+{
+    const char *name = "a&b[*]<b>%4.pas";
+    const QString text = QString::fromLatin1(name);
+    TMainWindow window;
+    window.OpenFile(Make(name, "\xE4\n"))
+        ->Editor()
+        ->InsertText(TZtChangeType::ctPaste, u"\u0142"_s);
+    window.show();
+    QApplication::processEvents();
+    const auto *tabs = window.findChild<QTabBar *>();
+    EXPECT_EQ(tabs->tabText(0), u"a&&b[*]<b>%4.pas*"_s);
+    EXPECT_TRUE(tabs->tabToolTip(0).contains(u"a&amp;b[*]&lt;b&gt;%4.pas"_s));
+    EXPECT_TRUE(window.windowHandle()->title().startsWith(text + u'*'))
+        << window.windowHandle()->title().toStdString();
+    Answer = mrNo;
+    window.Save(window.CurrentDocument());
+    EXPECT_TRUE(Asked.join(u' ').contains(u'"' + text + u'"')) << Asked.join(u' ').toStdString();
+}
+
+TEST(Status, EachTextIsWholeOrNotThere)
+{
+    QWidget bar;
+    QHBoxLayout row(&bar);
+    row.setContentsMargins(0, 0, 0, 0);
+    TStatusTexts texts;
+    row.addWidget(&texts);
+    const QStringList shown{u"Line 1, column 1"_s, u"<b>&x"_s, u"UTF-8"_s, u"CR LF, mixed"_s};
+    texts.SetTexts(shown);
+    bar.show();
+    size_t before = 0;
+    for (int width = 0; width <= texts.sizeHint().width(); ++width) {
+        bar.resize(width, 20);
+        row.activate();
+        QStringList seen;
+        for (const QLabel *label : texts.findChildren<QLabel *>())
+            if (label->isVisible()) {
+                seen += label->text();
+                EXPECT_GE(label->width(), label->sizeHint().width());
+            }
+        EXPECT_EQ(seen, shown.first(seen.size())) << width;
+        EXPECT_GE(size_t(seen.size()), before);
+        before = size_t(seen.size());
+    }
+    EXPECT_EQ(before, 4u);
+    texts.SetTexts({u"Line 1000000, column 1"_s});
+    EXPECT_EQ(texts.findChildren<QLabel *>().constFirst()->isVisible(), true);
+}
+
+TEST_F(Host, WhatACommandRaisesEndsItAlone)
+{
+    QStringList shown;
+    ZtPlatform().ShowException = [&](const QString &message) { shown += message; };
+    TMainWindow window;
+    TZtCodeEdit *editor = window.OpenFile(Make("a.pas", "one"))->Editor();
+    editor->OnKeyDown = [](QObject *, quint16 &, TShiftState) { throw std::bad_alloc(); };
+    for (QAction *action : window.menuBar()->actions().at(1)->menu()->actions())
+        if (action->text().startsWith(u"Select"_s))
+            action->trigger();
+    EXPECT_EQ(shown, QStringList{u"There is not enough memory."_s});
+    editor->InsertText(TZtChangeType::ctPaste, u"x"_s);
+    ZtPlatform().MsgBoxYesNoCancel = [](const QString &, const QString &) -> int {
+        throw std::runtime_error("no question");
+    };
+    EXPECT_FALSE(window.close()) << "the text is not saved";
+    EXPECT_EQ(shown.size(), 2);
 }
 
 TEST_F(Host, ClosingAsksAboutAnEditedText)
