@@ -4,6 +4,8 @@
 #include "DbOpenDialog.h"
 #include "Document.h"
 #include "EventDialog.h"
+#include "MethodIndex.h"
+#include "MethodListDialog.h"
 #include "Methods.h"
 #include "PlainText.h"
 #include "SaveFlow.h"
@@ -32,6 +34,8 @@
 namespace {
 
 constexpr int MessageTime = 5000;
+constexpr int MenuMethods = 50;   // as many as a menu shows well
+constexpr int MenuPatience = 100; // milliseconds that a menu may take to find them
 
 // Whether nothing is there, as far as one may see.
 bool IsMissing(const QString &APath)
@@ -152,6 +156,8 @@ void TMainWindow::CreateMethodsMenu()
     static constexpr TCommand methods[] = {
         {QT_TR_NOOP("New event &handler…"), nullptr, &TMainWindow::NewEventHandler,
          &TMainWindow::FNewHandler},
+        {QT_TR_NOOP("&All methods…"), nullptr, &TMainWindow::ShowAllMethods,
+         &TMainWindow::FAllMethods},
         {},
     };
     FMethods = CreateMenu(tr("&Methods"), std::begin(methods), std::end(methods));
@@ -159,22 +165,48 @@ void TMainWindow::CreateMethodsMenu()
     connect(FMethods, &QMenu::aboutToShow, this, TZtGuarded([this] { FillMethodsMenu(); }));
 }
 
-// Behind the menu's own command, the methods in the text as it is now.
+// Behind the menu's own commands, the methods in the text as it is now, if they are few.
 void TMainWindow::FillMethodsMenu()
 {
+    disconnect(FMethodsRead);
     const QList<QAction *> before = FMethods->actions();
-    for (QAction *action : before.sliced(2))
+    for (QAction *action : before.sliced(before.indexOf(FAllMethods) + 2))
         delete action;
     TDocument *document = CurrentDocument();
-    FNewHandler->setEnabled(document && ZtScriptLexerOf(*document));
-    if (!document)
+    TMethodIndex *index = document ? ZtMethodIndexOf(*document) : nullptr;
+    FNewHandler->setEnabled(index);
+    FAllMethods->setEnabled(index);
+    if (!index)
         return;
-    for (const TScriptMethod &method : ZtMethodsOf(*document)) {
-        QAction *action = FMethods->addAction(ZtWithoutMnemonics(method.Name) + QLatin1Char('\t') +
-                                              tr("line %1").arg(method.Line));
-        connect(action, &QAction::triggered, document,
-                TZtGuarded([document, line = method.Line] { document->GoToLine(line); }));
+    const bool complete = index->ReadOn(MenuPatience, MenuMethods);
+    if (index->Count() > MenuMethods)
+        return;
+    if (!complete) {
+        const auto fill = TZtGuarded([this, index] {
+            if (index->IsComplete() && FMethods->isVisible())
+                FillMethodsMenu();
+        });
+        FMethodsRead = connect(index, &TMethodIndex::Advanced, FMethods, fill);
+        return;
     }
+    for (int i = 0; i < index->Count(); ++i) {
+        const int line = index->Line(i);
+        QAction *action = FMethods->addAction(ZtWithoutMnemonics(index->Name(i)) +
+                                              QLatin1Char('\t') + tr("line %1").arg(line));
+        connect(action, &QAction::triggered, document,
+                TZtGuarded([document, line] { document->GoToLine(line); }));
+    }
+}
+
+void TMainWindow::ShowAllMethods()
+{
+    TDocument *document = CurrentDocument();
+    TMethodIndex *index = document ? ZtMethodIndexOf(*document) : nullptr;
+    if (!index)
+        return;
+    TMethodListDialog dialog(*index, this);
+    if (dialog.exec() == QDialog::Accepted)
+        document->GoToLine(dialog.Line());
 }
 
 void TMainWindow::CreateDatabaseMenu()

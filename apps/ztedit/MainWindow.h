@@ -83,6 +83,7 @@ private:
     void FindAgain();
     void GoToLine();
     void NewEventHandler();
+    void ShowAllMethods();
     void OpenDatabaseTable();
 
     bool AskForNameAndSave(TDocument *ADocument);
@@ -102,8 +103,10 @@ private:
     TStatusTexts *FStatus = nullptr;
     QActionGroup *FLanguages = nullptr;
     QMenu *FMethods = nullptr;
+    QMetaObject::Connection FMethodsRead; // fills the menu that is open once all methods are known
     QMenu *FDatabase = nullptr;
     QAction *FNewHandler = nullptr;
+    QAction *FAllMethods = nullptr;
     QAction *FUndo = nullptr;
     QAction *FCut = nullptr;
     QAction *FCopy = nullptr;

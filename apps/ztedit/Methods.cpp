@@ -1,33 +1,11 @@
 #include "Methods.h"
 
 #include "Document.h"
+#include "MethodIndex.h"
 
 #include "uZtCodeEdit.h"
 #include "uZtCodeJSParser.h"
 #include "uZtCodeVBParser.h"
-
-namespace {
-
-// Reads the headers. The word of a method behind the token `AEnd` starts none.
-template <typename TToken>
-std::vector<TScriptMethod> ReadMethods(TZtScriptLexer<TToken> &ALexer, TToken AEnd)
-{
-    std::vector<TScriptMethod> methods;
-    QString text;
-    TToken before = TToken::vtUnknown;
-    for (TToken kind = ALexer.GetNextRealToken(text); kind != TToken::vtEndOfFile;
-         kind = ALexer.GetNextRealToken(text)) {
-        const bool header = (before == TToken::vtFunction || before == TToken::vtSub) &&
-                            kind == TToken::vtIdentifier;
-        if (header)
-            methods.push_back({text, ALexer.GetLineNr()});
-        const bool word = kind == TToken::vtFunction || kind == TToken::vtSub;
-        before = word && before == AEnd ? TToken::vtUnknown : kind;
-    }
-    return methods;
-}
-
-} // namespace
 
 std::unique_ptr<TZtLangParser> ZtScriptLexerOf(const TDocument &ADocument)
 {
@@ -37,31 +15,23 @@ std::unique_ptr<TZtLangParser> ZtScriptLexerOf(const TDocument &ADocument)
     if (!qobject_cast<TZtCodeVBParser *>(lexer.get()) &&
         !qobject_cast<TZtCodeJSParser *>(lexer.get()))
         return nullptr;
-    const TStringList *lines = ADocument.Editor()->GetLines();
-    lexer->OnGetNewBuffer = [lines, next = 0](bool reset, QString &text) mutable {
-        if (reset) {
-            next = 0;
-            return true;
-        }
-        if (next >= lines->GetCount())
-            return false;
-        text.clear();
-        lines->AppendTo(next++, text);
-        text += QLatin1StringView("\r\n");
-        return true;
-    };
+    lexer->OnGetNewBuffer = TLineFeed(ADocument.Editor()->GetLines());
     return lexer;
 }
 
-std::vector<TScriptMethod> ZtMethodsOf(const TDocument &ADocument)
+TMethodIndex *ZtMethodIndexOf(const TDocument &ADocument)
 {
-    const auto lexer = ZtScriptLexerOf(ADocument);
-    if (auto *vb = qobject_cast<TZtCodeVBParser *>(lexer.get()))
-        return ReadMethods(*vb, TVBToken::vtEnd);
-    // A "}" reads as the end of something too, but what follows it may be a method.
-    if (auto *js = qobject_cast<TZtCodeJSParser *>(lexer.get()))
-        return ReadMethods(*js, TJSToken::vtEndOfFile);
-    return {};
+    auto lexer = ZtScriptLexerOf(ADocument);
+    TZtCodeEdit *editor = ADocument.Editor();
+    auto *index = editor->findChild<TMethodIndex *>(QString(), Qt::FindDirectChildrenOnly);
+    if (index && lexer && index->Lexer().metaObject() == lexer->metaObject())
+        return index;
+    delete index; // of another language
+    if (!lexer)
+        return nullptr;
+    index = new TMethodIndex(editor->GetLines(), std::move(lexer), editor);
+    QObject::connect(editor, &TZtCodeEdit::textChanged, index, &TMethodIndex::TextChanged);
+    return index;
 }
 
 void ZtInsertMethod(TDocument &ADocument, const QString &ACode, TInsertPlace APlace)

@@ -61,8 +61,10 @@ public:
     /// The letters, digits and underscores that follow.
     virtual QString ReadIdentifier();
 
-    /// Reads up to the next token that counts for the method tools and answers its kind: blanks,
-    /// line breaks, unknown characters, remarks and the words ByVal and ByRef do not.
+    /// Whether a token counts for the method tools: blanks, line breaks, unknown characters,
+    /// remarks and the words ByVal and ByRef do not.
+    static constexpr bool IsReal(TToken AKind) { return !Unreal.contains(AKind); }
+    /// Reads up to the next token that counts for the method tools and answers its kind.
     TToken GetNextRealToken(QString &AToken);
 
     /// The text of a new handler, which begins and ends with a line break. `AMethodName` becomes
@@ -171,6 +173,9 @@ private:
     TToken KeyWordKind(const TZtTokenText &AText) const;
     int CountParams(TToken &AKind);
 
+    static constexpr TZtSet<TToken> Unreal{
+        TToken::vtLineBreak, TToken::vtUnknown, TToken::vtInvalid, TToken::vtByVal,
+        TToken::vtByRef,     TToken::vtRem,     TToken::vtComment};
     static constexpr TZtCharSet HexChars{{u'0', u'9'}, {u'A', u'F'}, {u'a', u'f'}};
     static constexpr TZtCharSet NumberChars{u'.', {u'0', u'9'}};
     static constexpr TZtCharSet WordChars{{u'0', u'9'}, {u'A', u'Z'}, u'_', {u'a', u'z'}};
@@ -486,13 +491,10 @@ TToken TZtScriptLexer<TToken>::KeyWordKind(const TZtTokenText &AText) const
 
 template <typename TToken> TToken TZtScriptLexer<TToken>::GetNextRealToken(QString &AToken)
 {
-    constexpr TZtSet<TToken> Skipped{TToken::vtLineBreak, TToken::vtUnknown, TToken::vtInvalid,
-                                     TToken::vtByVal,     TToken::vtByRef,   TToken::vtRem,
-                                     TToken::vtComment};
     TToken Kind;
     do
         Kind = InternalGetNextToken(AToken);
-    while (Skipped.contains(Kind));
+    while (!IsReal(Kind));
     return Kind;
 }
 

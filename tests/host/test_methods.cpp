@@ -1,10 +1,16 @@
 #include "Document.h"
 #include "EventDialog.h"
 #include "MainWindow.h"
+#include "MethodIndex.h"
+#include "MethodListDialog.h"
 #include "Methods.h"
 
 #include "uZtCodeEdit.h"
 
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QListView>
 #include <QListWidget>
 #include <QMenuBar>
 #include <QPushButton>
@@ -20,15 +26,23 @@ const TLanguage &LanguageOf(const char *AExtension)
     return ZtLanguageOfFile(u"x."_s + QLatin1StringView(AExtension));
 }
 
+constexpr int Patience = 60'000; // milliseconds, of which a fraction is needed
+
+QString Found(TMethodIndex *AIndex)
+{
+    QString found;
+    EXPECT_TRUE(!AIndex || AIndex->ReadOn(Patience));
+    for (int i = 0; AIndex && i < AIndex->Count(); ++i)
+        found += u"%1:%2 "_s.arg(AIndex->Name(i)).arg(AIndex->Line(i));
+    return found;
+}
+
 QString MethodsOf(const char *AExtension, const QString &AText)
 {
     TDocument document(u"new"_s);
     document.SetLanguage(LanguageOf(AExtension));
     document.Editor()->SetText(AText);
-    QString found;
-    for (const TScriptMethod &method : ZtMethodsOf(document))
-        found += u"%1:%2 "_s.arg(method.Name).arg(method.Line);
-    return found;
+    return Found(ZtMethodIndexOf(document));
 }
 
 struct TScript {
@@ -76,6 +90,85 @@ TEST(Methods, AreListedWithTheirLines)
     EXPECT_EQ(MethodsOf("js", u"function a() {\n}\n/* function x\n*/\nfunction b() {}"_s),
               u"a:1 b:5 "_s);
     EXPECT_EQ(MethodsOf("vbs", QString()) + MethodsOf("pas", u"function a;"_s), QString());
+    // A long line is read in pieces, which cut words in two.
+    for (int blanks = 16378; blanks < 16386; ++blanks)
+        EXPECT_EQ(
+            MethodsOf("js", QString(blanks, u' ') + u"function abc(){}function d\nfunction e"_s),
+            u"abc:1 d:1 e:2 "_s);
+}
+
+TEST(Methods, AreReadAgainWhenTheTextHasChanged)
+{
+    TScript script(u"sub A\nend sub"_s);
+    TMethodIndex *index = ZtMethodIndexOf(script.Document);
+    int restarts = 0;
+    QObject::connect(index, &TMethodIndex::Restarted, [&] { ++restarts; });
+    while (!index->IsComplete())
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    EXPECT_EQ(index->Progress(), 1);
+    for (const QChar typed : u"\nsub B"_s) {
+        script.Document.Editor()->InsertText(TZtChangeType::ctPaste, QString(typed));
+        QApplication::processEvents();
+        EXPECT_EQ(index->Count() + index->Progress(), 0) << "not before a pause";
+    }
+    EXPECT_EQ(restarts, 1);
+    while (!index->IsComplete())
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    EXPECT_EQ(ZtMethodIndexOf(script.Document), index);
+    EXPECT_EQ(Found(index), u"Bsub:2 "_s);
+    script.Document.SetLanguage(LanguageOf("js"));
+    script.Document.Editor()->SetText(u"function f() {\n}\n'function g'"_s);
+    EXPECT_EQ(Found(ZtMethodIndexOf(script.Document)), u"f:1 g:3 "_s);
+    script.Document.SetLanguage(LanguageOf("pas"));
+    EXPECT_FALSE(ZtMethodIndexOf(script.Document));
+}
+
+TEST(Methods, TheListIsFilteredWhileTyping)
+{
+    QString text;
+    for (int i = 1; i <= 2000; ++i)
+        text += u"sub Method%1\n"_s.arg(i);
+    TScript script(text);
+    const auto press = [](QWidget *widget, int key) {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+        QApplication::sendEvent(widget, &event);
+    };
+    const struct {
+        QString Filter;
+        int Rows;
+        QList<int> Keys;
+        int Line; // 0: none was taken
+    } rows[] = {
+        {QString(), 2000, {Qt::Key_Return}, 1},
+        {u"METHOD15"_s, 111, {Qt::Key_Return}, 15},
+        {u"99"_s, 38, {Qt::Key_Down, Qt::Key_Down, Qt::Key_Up, Qt::Key_Return}, 199},
+        {u"d2000"_s, 1, {Qt::Key_Down, Qt::Key_Return}, 2000},
+        {u"d\n"_s, 0, {Qt::Key_Return, Qt::Key_Escape}, 0},
+        {u"15"_s, 139, {Qt::Key_Escape}, 0},
+    };
+    for (const auto &row : rows) {
+        TMethodListDialog dialog(*ZtMethodIndexOf(script.Document));
+        dialog.show();
+        auto *filter = dialog.findChild<QLineEdit *>();
+        const auto *model = dialog.findChild<QListView *>()->model();
+        filter->setText(row.Filter);
+        press(filter, Qt::Key_Up);
+        EXPECT_EQ(model->rowCount(), row.Rows);
+        for (const int key : row.Keys)
+            press(filter, key);
+        EXPECT_EQ(dialog.Line(), row.Line) << row.Filter.toStdString();
+        EXPECT_EQ(dialog.result() == QDialog::Accepted, row.Line > 0);
+        EXPECT_FALSE(dialog.isVisible());
+    }
+    // What is found later comes in, and goes when the text changes.
+    TMethodListDialog dialog(*ZtMethodIndexOf(script.Document));
+    const auto *model = dialog.findChild<QListView *>()->model();
+    script.Document.Editor()->SetText(u"sub A1\nsub A2"_s);
+    EXPECT_EQ(model->rowCount(), 0);
+    dialog.findChild<QLineEdit *>()->setText(u"2"_s);
+    while (model->rowCount() == 0)
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    EXPECT_EQ(model->index(0, 0).data(), u"A2, line 2"_s);
 }
 
 TEST(Methods, AHandlerIsInsertedAndTheCaretIsInIt)
@@ -162,8 +255,16 @@ TEST(Methods, TheMenuFollowsTheText)
     for (int i = 0; i < 2; ++i)
         Q_EMIT menu->aboutToShow();
     EXPECT_TRUE(menu->actions().constFirst()->isEnabled());
-    ASSERT_EQ(menu->actions().size(), 4);
-    EXPECT_EQ(menu->actions().at(3)->text(), u"B\tline 4"_s);
-    menu->actions().at(3)->trigger();
+    ASSERT_EQ(menu->actions().size(), 5);
+    EXPECT_EQ(menu->actions().at(4)->text(), u"B\tline 4"_s);
+    menu->actions().at(4)->trigger();
     EXPECT_EQ(document->Editor()->GetLinePos(), 3);
+    // Many are in the list alone.
+    for (const int count : {50, 51}) {
+        document->Editor()->SetText(u"sub A\n"_s.repeated(count));
+        Q_EMIT menu->aboutToShow();
+        EXPECT_EQ(menu->actions().size(), count > 50 ? 3 : 3 + count);
+        EXPECT_EQ(menu->actions().at(1)->text(), u"&All methods…"_s);
+        EXPECT_TRUE(menu->actions().at(1)->isEnabled());
+    }
 }
