@@ -1,6 +1,7 @@
 #include "uZtException.h"
 #include "uZtStringStream.h"
 
+#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -211,4 +212,19 @@ TEST(StringStream, AFileThatCannotBeReadIsNamedWithTheReason)
         }
     }
     EXPECT_EQ(stream.GetWString(), u"kept"_s);
+}
+
+TEST(StringStream, AFileThatIsLargerThanTheMemoryIsRefused)
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(u"large"_s));
+    if (!file.open(QIODevice::WriteOnly) || !file.resize(qint64(1) << 43))
+        GTEST_SKIP() << "no file of 8 TiB here";
+    try {
+        ZtReadFile(file.fileName());
+        ADD_FAILURE();
+    } catch (const EStreamError &error) {
+        EXPECT_EQ(error.Message(),
+                  u"Cannot read \"%1\": there is not enough memory."_s.arg(file.fileName()));
+    }
 }

@@ -2,6 +2,7 @@
 
 #include "uZtException.h"
 #include "uZtLineScan.h"
+#include "uZtMemory.h"
 #include "uZtUtf8.h"
 
 #include <QCoreApplication>
@@ -105,7 +106,9 @@ bool LooksLikeUtf16(QByteArrayView ABytes, bool ABigEndian)
     return units < 64 ? high == units && low == 0 : high * 10 >= units * 4 && low * 20 <= high;
 }
 
-template <typename T> void SetLineEndings(TZtTextFormat &AFormat, const T *AText, qsizetype ASize)
+// Answers how many line endings there are.
+template <typename T>
+qsizetype SetLineEndings(TZtTextFormat &AFormat, const T *AText, qsizetype ASize)
 {
     const TZtBreakCount count = ZtCountBreaks(AText, ASize);
     const qsizetype most = std::max({count.CrLf, count.Lf, count.Cr});
@@ -115,6 +118,7 @@ template <typename T> void SetLineEndings(TZtTextFormat &AFormat, const T *AText
         AFormat.LineEnding = most == count.CrLf ? TZtLineEnding::leCrLf : TZtLineEnding::leCr;
     AFormat.MixedLineEndings = (count.CrLf > 0) + (count.Lf > 0) + (count.Cr > 0) > 1;
     AFormat.FinalLineBreak = ASize > 0 && (AText[ASize - 1] == '\n' || AText[ASize - 1] == '\r');
+    return count.CrLf + count.Lf + count.Cr;
 }
 
 QString DecodeWindows1252(QByteArrayView ABytes)
@@ -164,6 +168,12 @@ EStreamError CannotRead(const QString &AFileName, const QString &AReason)
                             .arg(AFileName, AReason));
 }
 
+EStreamError CannotHold(const QString &AFileName)
+{
+    return CannotRead(AFileName,
+                      QCoreApplication::translate("TZtStringStream", "there is not enough memory"));
+}
+
 } // namespace
 
 QByteArray ZtReadFile(const QString &AFileName)
@@ -178,18 +188,26 @@ QByteArray ZtReadFile(const QString &AFileName)
     QFile file(AFileName);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         throw CannotRead(AFileName, file.errorString());
+    if (!ZtHasMemory(file.size()))
+        throw CannotHold(AFileName);
     try {
         QByteArray bytes = file.readAll();
         if (file.error() != QFileDevice::NoError)
             throw CannotRead(AFileName, file.errorString());
         return bytes;
     } catch (const std::bad_alloc &) {
-        throw CannotRead(AFileName, QCoreApplication::translate("TZtStringStream",
-                                                                "there is not enough memory"));
+        throw CannotHold(AFileName);
     }
 }
 
 QString ZtEncodingName(TZtEncoding AEncoding) { return QString::fromLatin1(RowOf(AEncoding).Name); }
+
+int ZtUnitSize(TZtEncoding AEncoding)
+{
+    if (!IsWide(AEncoding))
+        return 1;
+    return AEncoding == TZtEncoding::teUtf16LE || AEncoding == TZtEncoding::teUtf16BE ? 2 : 4;
+}
 
 QString ZtLineEndingName(TZtLineEnding ALineEnding)
 {
@@ -207,7 +225,13 @@ TZtStringStream::TZtStringStream(int ACodePage, int AFlags)
 
 void TZtStringStream::LoadFromFile(const QString &AFileName, int ACodePage)
 {
-    LoadFromBytes(ZtReadFile(AFileName), ACodePage);
+    try {
+        TZtStringStream loaded;
+        loaded.LoadFromBytes(ZtReadFile(AFileName), ACodePage);
+        *this = std::move(loaded);
+    } catch (const std::bad_alloc &) {
+        throw CannotHold(AFileName);
+    }
 }
 
 void TZtStringStream::LoadFromBytes(const QByteArray &ABytes, int ACodePage)
@@ -259,17 +283,20 @@ void TZtStringStream::FindLineEndings()
     FWideText = QString();
     if (IsWide(FFormat.Encoding)) {
         Decode(FWideText, FFormat.Undecodable);
-        SetLineEndings(FFormat, FWideText.utf16(), FWideText.size());
+        FLineEndings = SetLineEndings(FFormat, FWideText.utf16(), FWideText.size());
         return;
     }
     const QByteArrayView content = Content();
-    SetLineEndings(FFormat, reinterpret_cast<const uchar *>(content.data()), content.size());
+    FLineEndings =
+        SetLineEndings(FFormat, reinterpret_cast<const uchar *>(content.data()), content.size());
 }
 
 void TZtStringStream::Decode(QString &AText, bool &AUndecodable) const
 {
     const QByteArrayView bytes = Content();
     const bool big = IsBigEndian(FFormat.Encoding);
+    if (!ZtHasMemory(bytes.size() / ZtUnitSize(FFormat.Encoding) * qint64(sizeof(QChar))))
+        throw std::bad_alloc();
     switch (FFormat.Encoding) {
     case TZtEncoding::teUtf8:
         AText = ZtFromUtf8(bytes); // behind the mark
@@ -304,6 +331,8 @@ TZtTextEncoder::TZtTextEncoder(const TZtTextFormat &AFormat, qsizetype ASizeHint
     static constexpr std::array<QStringView, 3> breaks{u"\r\n", u"\n", u"\r"};
     Append(breaks[size_t(FFormat.LineEnding)]);
     FLineBreak = std::exchange(FBytes, {});
+    if (!ZtHasMemory(ASizeHint))
+        throw std::bad_alloc();
     FBytes.reserve(ASizeHint);
     if (FFormat.Mark)
         FBytes.append(RowOf(FFormat.Encoding).Mark);

@@ -38,11 +38,13 @@ struct TZtTextFormat {
 
 /// The name that people know an encoding by, such as "UTF-16 LE".
 QString ZtEncodingName(TZtEncoding AEncoding);
+/// The bytes that a character takes at least: 1, 2 or 4.
+int ZtUnitSize(TZtEncoding AEncoding);
 /// "CR LF", "LF" or "CR".
 QString ZtLineEndingName(TZtLineEnding ALineEnding);
 
 /// The bytes of a file. Raises `EStreamError`, with the file and the reason in the message, for a
-/// file that is missing, not readable or not a regular file.
+/// file that is missing, not readable, not a regular file or larger than the memory that is left.
 QByteArray ZtReadFile(const QString &AFileName);
 
 /// Reads a text file of whatever encoding as a UTF-16 string.
@@ -62,13 +64,16 @@ public:
     /// or 1252), or -1 to find it out. Raises `EStreamError` as `ZtReadFile` does, and for an
     /// unknown code page; the contents are then as before.
     void LoadFromFile(const QString &AFileName, int ACodePage = -1);
-    /// `LoadFromFile` from memory.
+    /// `LoadFromFile` from memory. Raises `std::bad_alloc` when there is none for the text.
     void LoadFromBytes(const QByteArray &ABytes, int ACodePage = -1);
 
-    /// The text without the byte-order mark. What cannot be decoded is U+FFFD.
+    /// The text without the byte-order mark. What cannot be decoded is U+FFFD. Raises
+    /// `std::bad_alloc` when there is no memory for it.
     QString GetWString() const;
 
     const TZtTextFormat &GetFormat() const { return FFormat; }
+    /// How often a line ends.
+    qsizetype LineEndings() const { return FLineEndings; }
     /// The file as it is, with its byte-order mark.
     const QByteArray &Bytes() const { return FBytes; }
     /// The file without its byte-order mark, for one who can use the encoded text.
@@ -81,6 +86,7 @@ private:
 
     QByteArray FBytes;
     qsizetype FMarkSize = 0;
+    qsizetype FLineEndings = 0;
     TZtTextFormat FFormat;
     // Filled at once only for the encodings in which line endings cannot be told from the bytes.
     QString FWideText;
@@ -97,7 +103,8 @@ struct TZtLostChar {
 /// question mark (U+FFFD in UTF-8, for a lone surrogate) and is listed in `Lost`.
 class TZtTextEncoder {
 public:
-    /// `ASizeHint` is the number of bytes to reserve.
+    /// `ASizeHint` is the number of bytes to reserve. Raises `std::bad_alloc` when there is no
+    /// memory for them.
     explicit TZtTextEncoder(const TZtTextFormat &AFormat, qsizetype ASizeHint = 0);
 
     void AddLine(QAnyStringView ALine);
