@@ -1,9 +1,34 @@
 #include "Document.h"
 
+#include "FileStore.h"
+
 #include "uZtCodeEdit.h"
+#include "uZtException.h"
+#include "uZtMemory.h"
+#include "uZtPlatform.h"
 
 #include <QFileInfo>
 #include <QVBoxLayout>
+
+#include <algorithm>
+#include <new>
+
+namespace {
+
+// What a line takes in memory beside its characters.
+constexpr qint64 LineSize = 16;
+
+// The bytes of a text whose characters are none of the longer ones.
+qint64 LeastSize(const TStringList &ALines, const TZtTextFormat &AFormat)
+{
+    const int lineBreak = AFormat.LineEnding == TZtLineEnding::leCrLf ? 2 : 1;
+    qint64 units = 0;
+    for (int i = 0; i < ALines.GetCount(); ++i)
+        units += ALines.GetLength(i) + lineBreak;
+    return units * ZtUnitSize(AFormat.Encoding);
+}
+
+} // namespace
 
 TDocument::TDocument(const QString &ATitle, QWidget *AParent)
     : QWidget(AParent), FTitle(ATitle), FLanguage(&ZtLanguages()[0])
@@ -22,31 +47,45 @@ void TDocument::DeleteEditor() { delete std::exchange(FEditor, nullptr); }
 void TDocument::NewEditor()
 {
     DeleteEditor();
-    FEditor = CreateEditor();
+    SetEditor(CreateEditor());
+    SetLanguage(*FLanguage);
+}
+
+void TDocument::SetEditor(TZtCodeEdit *AEditor)
+{
+    DeleteEditor();
+    FEditor = AEditor;
     FEditorPlace->addWidget(FEditor);
     setFocusProxy(FEditor);
     connect(FEditor, &TZtCodeEdit::textChanged, this, &TDocument::Changed);
     connect(FEditor, &TZtCodeEdit::cursorPositionChanged, this, &TDocument::Changed);
-    SetLanguage(*FLanguage);
 }
 
+// Whatever takes memory comes before the editor that is there goes.
 void TDocument::Load(const QString &APath)
-{
+try {
+    TZtFileState state(APath);
     TZtStringStream stream;
     stream.LoadFromFile(APath);
+    state.SetContents(stream.Bytes());
+    const TLanguage &language = FPath.isEmpty() ? ZtLanguageOfFile(APath) : *FLanguage;
+    std::unique_ptr<TZtCodeEdit> editor = EditorOf(stream, language);
+    QString path = QFileInfo(APath).absoluteFilePath();
     const bool focused = FEditor->hasFocus();
-    NewEditor();
-    if (FPath.isEmpty())
-        SetLanguage(ZtLanguageOfFile(APath));
-    FPath = QFileInfo(APath).absoluteFilePath();
+    SetEditor(editor.release());
+    FLanguage = &language;
+    FPath = std::move(path);
     FFormat = stream.GetFormat();
-    FFingerprint = ZtFingerprintOf(stream.Bytes());
+    FState = state;
     const bool exact = !FFormat.MixedLineEndings && !FFormat.Undecodable;
     FLoadedBytes = exact ? QByteArray() : stream.Bytes();
-    SetText(stream);
     if (focused)
         FEditor->setFocus();
     Q_EMIT Changed();
+} catch (const EStreamError &) {
+    throw;
+} catch (...) {
+    throw EStreamError(tr("Cannot open \"%1\": %2").arg(APath, ZtCurrentExceptionMessage()));
 }
 
 void TDocument::Begin(const QString &APath)
@@ -55,20 +94,26 @@ void TDocument::Begin(const QString &APath)
     SetLanguage(ZtLanguageOfFile(APath));
 }
 
-void TDocument::SetText(const TZtStringStream &AStream)
+std::unique_ptr<TZtCodeEdit> TDocument::EditorOf(const TZtStringStream &AStream,
+                                                 const TLanguage &ALanguage)
 {
-    if (FFormat.Encoding == TZtEncoding::teUtf8) {
-        const qsizetype mark = AStream.Bytes().size() - AStream.Content().size();
-        FEditor->GetLines()->SetUtf8Text(mark ? AStream.Bytes().sliced(mark) : AStream.Bytes());
-    } else {
-        FEditor->GetLines()->SetText(AStream.GetWString());
-    }
-    FEditor->SetModified(false);
+    if (!ZtHasMemory(AStream.LineEndings() * LineSize))
+        throw std::bad_alloc();
+    std::unique_ptr<TZtCodeEdit> editor(CreateEditor());
+    if (AStream.GetFormat().Encoding == TZtEncoding::teUtf8)
+        editor->GetLines()->SetUtf8Text(AStream.Bytes(),
+                                        AStream.Bytes().size() - AStream.Content().size());
+    else
+        editor->GetLines()->SetText(AStream.GetWString());
+    editor->SetParser(ALanguage.CreateParser ? ALanguage.CreateParser(editor.get()) : nullptr);
+    editor->SetModified(false);
+    return editor;
 }
 
-void TDocument::Write(const QString &APath, const QByteArray &ABytes, const TZtTextFormat &AFormat)
+QStringList TDocument::Write(const QString &APath, const QByteArray &ABytes,
+                             const TZtTextFormat &AFormat)
 {
-    ZtSaveFile(APath, ABytes);
+    QStringList lost = ZtSaveFile(APath, ABytes);
     if (IsModified()) {
         FLoadedBytes.clear();
         FFormat = AFormat;
@@ -77,11 +122,13 @@ void TDocument::Write(const QString &APath, const QByteArray &ABytes, const TZtT
     }
     const bool byName = FLanguage == &ZtLanguageOfFile(FPath);
     FPath = QFileInfo(APath).absoluteFilePath();
-    FFingerprint = ZtFingerprintOf(ABytes);
+    FState = TZtFileState(FPath);
+    FState.SetContents(ABytes);
     if (byName)
         SetLanguage(ZtLanguageOfFile(FPath));
     FEditor->SetModified(false);
     Q_EMIT Changed();
+    return lost;
 }
 
 QString TDocument::Title() const { return FPath.isEmpty() ? FTitle : QFileInfo(FPath).fileName(); }
@@ -95,24 +142,13 @@ QString TDocument::DiscardQuestion() const
 
 bool TDocument::IsUnused() const { return FPath.isEmpty() && !IsModified(); }
 
-bool TDocument::IsChangedOnDisk() const
-{
-    const TZtFileFingerprint now = ZtFingerprintOfFile(FPath);
-    return now.Exists && now != FFingerprint;
-}
-
-bool TDocument::IsSameOnDisk() const
-{
-    return FFingerprint.Exists && ZtFingerprintOfFile(FPath) == FFingerprint;
-}
-
 QByteArray TDocument::Encode(const TZtTextFormat &AFormat, std::vector<TZtLostChar> &ALost) const
 {
     ALost.clear();
     if (!IsModified() && !FLoadedBytes.isEmpty())
         return FLoadedBytes;
     const TStringList *lines = FEditor->GetLines();
-    TZtTextEncoder encoder(AFormat, FFingerprint.Size);
+    TZtTextEncoder encoder(AFormat, std::max(FState.Size(), LeastSize(*lines, AFormat)));
     for (int i = 0; i < lines->GetCount(); ++i)
         encoder.AddLine(lines->View(i));
     QByteArray bytes = encoder.Finish();

@@ -1,10 +1,13 @@
 #pragma once
 
-#include "FileStore.h"
+#include "FileState.h"
 #include "Languages.h"
 #include "uZtStringStream.h"
 
+#include <QStringList>
 #include <QWidget>
+
+#include <memory>
 
 class TZtCodeEdit;
 
@@ -18,13 +21,14 @@ public:
 
     /// Reads a file, again or for the first time, into a new editor: what could be undone before
     /// has no meaning for the text that comes now. Raises `EStreamError` and leaves all as it was
-    /// when the file cannot be read.
+    /// when the file cannot be read or is too large for the memory.
     void Load(const QString &APath);
     /// Gives an empty text the name of a file that is not there, which the first save makes.
     void Begin(const QString &APath);
     /// Writes `ABytes`, which are the text in `AFormat`, to a file, which becomes the document's.
-    /// Raises `EStreamError` and leaves all as it was when it cannot be written.
-    void Write(const QString &APath, const QByteArray &ABytes, const TZtTextFormat &AFormat);
+    /// Answers what the file lost by that, in words. Raises `EStreamError` and leaves all as it was
+    /// when it cannot be written.
+    QStringList Write(const QString &APath, const QByteArray &ABytes, const TZtTextFormat &AFormat);
 
     /// The absolute path of the file; empty before the first save.
     const QString &Path() const { return FPath; }
@@ -42,12 +46,12 @@ public:
     virtual QString DiscardQuestion() const;
     /// Whether nothing was ever typed into a document without a file.
     virtual bool IsUnused() const;
-    /// Whether the file is there with other contents than those that were last loaded or saved.
-    bool IsChangedOnDisk() const;
-    /// Whether the file is there just as it was last loaded or saved.
-    bool IsSameOnDisk() const;
+    /// What became of the file since it was last loaded or saved; `AReason` says why it is not
+    /// known.
+    TZtFileChange ChangeOnDisk(QString &AReason) const { return FState.ChangeOf(FPath, AReason); }
 
     /// The text as bytes. A text that was not edited gives the very bytes that it was loaded from.
+    /// Raises `std::bad_alloc` when there is no memory for them.
     QByteArray Encode(const TZtTextFormat &AFormat, std::vector<TZtLostChar> &ALost) const;
 
     const TLanguage &Language() const { return *FLanguage; }
@@ -69,12 +73,14 @@ protected:
     void SetEditorPlace(QLayout *APlace) { FEditorPlace = APlace; }
 
 private:
-    void SetText(const TZtStringStream &AStream);
+    std::unique_ptr<TZtCodeEdit> EditorOf(const TZtStringStream &AStream,
+                                          const TLanguage &ALanguage);
+    void SetEditor(TZtCodeEdit *AEditor);
 
     QString FTitle;
     QString FPath;
     TZtTextFormat FFormat;
-    TZtFileFingerprint FFingerprint;
+    TZtFileState FState;
     // What was loaded, kept only when the lines do not give it back.
     QByteArray FLoadedBytes;
     const TLanguage *FLanguage;

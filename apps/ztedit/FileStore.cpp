@@ -1,18 +1,20 @@
 #include "FileStore.h"
 
+#include "FileAttributes.h"
+#include "SideFile.h"
+
 #include "uZtException.h"
-#include "uZtStringStream.h"
+#include "uZtPlatform.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
-#include <QHash>
-#include <QSaveFile>
 
-#include <algorithm>
 #include <cerrno>
+#include <optional>
+#include <system_error>
 
-#include <sys/stat.h>
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace {
@@ -26,49 +28,141 @@ EStreamError CannotWrite(const QString &APath, const QString &AReason)
     return EStreamError(Tr("Cannot write \"%1\": %2.").arg(APath, AReason));
 }
 
-// Gives the new file the owner, group and permissions of the one that it will replace. The owner
-// comes first, since a change of owner takes permission bits away.
-void KeepOwnerAndMode(const QString &APath, int AHandle)
+// Runs what raises errors of the system, for which the user gets the file's name.
+template <typename T> auto Writing(const QString &APath, T AWork)
 {
-    struct stat old = {};
-    struct stat fresh = {};
-    if (stat(QFile::encodeName(APath).constData(), &old) != 0 || fstat(AHandle, &fresh) != 0)
-        return;
-    mode_t mode = old.st_mode & 07777;
-    if (old.st_gid != fresh.st_gid && fchown(AHandle, uid_t(-1), old.st_gid) != 0)
-        mode = (mode & ~mode_t(S_ISGID | S_IRWXG)) | (mode & S_IRWXO) << 3; // another group now
-    if (old.st_uid != fresh.st_uid && fchown(AHandle, old.st_uid, gid_t(-1)) != 0)
-        mode &= ~mode_t(S_ISUID);
-    fchmod(AHandle, mode);
+    try {
+        return AWork();
+    } catch (const std::system_error &error) {
+        throw CannotWrite(APath, qt_error_string(error.code().value()));
+    }
 }
 
-// Writes down to the disk. Answers the system's error number, 0 for none.
-int WriteAll(int AHandle, QByteArrayView ABytes)
+void CheckKind(const QString &APath, const QString &ATarget)
 {
-    while (!ABytes.isEmpty()) {
-        const ssize_t written = write(AHandle, ABytes.data(), size_t(ABytes.size()));
-        if (written < 0 && errno != EINTR)
-            return errno;
-        ABytes = ABytes.sliced(std::max<ssize_t>(written, 0));
+    const QFileInfo info(ATarget);
+    if (info.isDir())
+        throw CannotWrite(APath, Tr("it is a directory"));
+    if (info.exists() && !info.isFile())
+        throw CannotWrite(APath, Tr("it is not a regular file"));
+}
+
+std::optional<TZtFileAttributes> AttributesOf(const QString &ATarget)
+{
+    try {
+        TZtFileAttributes attributes(ATarget);
+        if (!S_ISREG(attributes.Status().st_mode))
+            throw std::system_error(ELOOP, std::generic_category()); // links that lead nowhere
+        return attributes;
+    } catch (const std::system_error &error) {
+        if (error.code().value() != ENOENT)
+            throw;
+        return std::nullopt;
     }
-    return fsync(AHandle) == 0 || errno == EINVAL ? 0 : errno;
+}
+
+// What a new file in the place of the old one would lose.
+QStringList Prepare(const TZtSideFile &AFresh, const QString &ATarget,
+                    const std::optional<TZtFileAttributes> &AOld)
+{
+    if (!AOld) {
+        ZtGiveNewFileMode(AFresh.Handle(), ATarget);
+        return {};
+    }
+    QStringList lost = AOld->GiveTo(AFresh.Handle());
+    if (AOld->Status().st_nlink > 1)
+        lost.append(Tr("its other names, which keep the old contents"));
+    return lost;
+}
+
+// Puts a new file in the place of the old one and answers what that lost. None when something would
+// be lost that need not be, or the system does not let it, and then all is as before.
+std::optional<QStringList> SaveByRename(const QString &ATarget, const QByteArray &ABytes,
+                                        const std::optional<TZtFileAttributes> &AOld, bool AOnlyWay)
+{
+    TZtSideFile fresh(ATarget);
+    if (!Prepare(fresh, ATarget, AOld).isEmpty() && !AOnlyWay)
+        return std::nullopt;
+    ZtWriteAll(fresh.Handle(), ABytes);
+    // What was written may have cost the file permissions.
+    QStringList lost = Prepare(fresh, ATarget, AOld);
+    ZtSync(fresh.Handle());
+    if (!fresh.Replace()) {
+        ZtCheckCall(AOnlyWay ? -1 : 0);
+        return std::nullopt;
+    }
+    ZtSyncFolderOf(ATarget);
+    return lost;
+}
+
+TZtFileHandle OpenInPlace(const QString &ATarget, const TZtFileAttributes &AOld)
+{
+    TZtFileHandle file = ZtOpenFile(ATarget, O_RDWR);
+    struct stat now = {};
+    if (!file.IsOpen() || (fstat(file.Get(), &now) == 0 && now.st_ino == AOld.Status().st_ino &&
+                           now.st_dev == AOld.Status().st_dev))
+        return file;
+    errno = ESTALE; // another file has come
+    return {};
+}
+
+// Takes the room on the disk before anything is written over, where the file system has a way.
+void Reserve(int AHandle, qsizetype ASize)
+{
+    if (ASize > 0 && fallocate(AHandle, FALLOC_FL_KEEP_SIZE, 0, ASize) != 0 &&
+        (errno == ENOSPC || errno == EDQUOT || errno == EFBIG))
+        ZtCheckCall(-1);
+}
+
+// Gives a file the contents of its backup, which stays.
+void CopyBack(int ABackup, int AHandle, const TZtFileAttributes &AOld)
+{
+    ZtCopyAll(ABackup, AHandle);
+    AOld.GiveTo(AHandle);
+    ZtSync(AHandle);
+}
+
+// Writes the new contents over the old ones and answers what that lost.
+QStringList SaveInPlace(const QString &ATarget, const QByteArray &ABytes,
+                        const TZtFileAttributes &AOld, int AHandle)
+{
+    TZtSideFile backup(ATarget);
+    ZtCopyAll(AHandle, backup.Handle());
+    ZtSync(backup.Handle());
+    Reserve(AHandle, ABytes.size());
+    backup.BecomeBackup();
+    ZtSyncFolderOf(ATarget);
+    try {
+        ZtWriteAll(AHandle, ABytes);
+        QStringList lost = AOld.GiveTo(AHandle);
+        ZtSync(AHandle);
+        return lost;
+    } catch (...) {
+        const QString reason = ZtCurrentExceptionMessage();
+        try {
+            CopyBack(backup.Handle(), AHandle, AOld);
+        } catch (...) {
+            const QString kept = backup.Path();
+            backup.Keep();
+            throw CannotWrite(ATarget,
+                              Tr("%1. What it held before is in \"%2\"").arg(reason, kept));
+        }
+        throw;
+    }
+}
+
+QStringList Save(const QString &ATarget, const QByteArray &ABytes)
+{
+    ZtRemoveDeadFiles(ATarget);
+    const std::optional<TZtFileAttributes> old = AttributesOf(ATarget);
+    if (const auto lost = SaveByRename(ATarget, ABytes, old, !old))
+        return *lost;
+    if (const TZtFileHandle file = OpenInPlace(ATarget, *old); file.IsOpen())
+        return SaveInPlace(ATarget, ABytes, *old, file.Get());
+    return *SaveByRename(ATarget, ABytes, old, true);
 }
 
 } // namespace
-
-TZtFileFingerprint ZtFingerprintOf(const QByteArray &ABytes)
-{
-    return {true, ABytes.size(), qHashBits(ABytes.constData(), size_t(ABytes.size()))};
-}
-
-TZtFileFingerprint ZtFingerprintOfFile(const QString &APath)
-{
-    try {
-        return ZtFingerprintOf(ZtReadFile(APath));
-    } catch (const EStreamError &) {
-        return {};
-    }
-}
 
 QString ZtFollowLinks(const QString &APath)
 {
@@ -78,22 +172,43 @@ QString ZtFollowLinks(const QString &APath)
     return info.exists() ? info.canonicalFilePath() : info.absoluteFilePath();
 }
 
-void ZtSaveFile(const QString &APath, const QByteArray &ABytes)
+bool ZtMayOnlyReplace(const QString &APath)
 {
     const QString target = ZtFollowLinks(APath);
-    const QFileInfo info(target);
-    if (info.isDir())
-        throw CannotWrite(APath, Tr("it is a directory"));
-    if (info.exists() && !info.isFile())
-        throw CannotWrite(APath, Tr("it is not a regular file"));
-    QSaveFile file(target);
-    if (!file.open(QIODevice::WriteOnly))
-        throw CannotWrite(APath, file.errorString());
-    KeepOwnerAndMode(target, file.handle());
-    if (const int error = WriteAll(file.handle(), ABytes)) {
-        file.cancelWriting();
-        throw CannotWrite(APath, qt_error_string(error));
-    }
-    if (!file.commit())
-        throw CannotWrite(APath, file.errorString());
+    const auto may = [](const QString &path) {
+        return faccessat(AT_FDCWD, QFile::encodeName(path).constData(), W_OK, AT_EACCESS) == 0;
+    };
+    return !may(target) && (errno == EACCES || errno == EPERM) && may(QFileInfo(target).path());
+}
+
+QStringList ZtSaveFile(const QString &APath, const QByteArray &ABytes)
+{
+    const QString target = ZtFollowLinks(APath);
+    CheckKind(APath, target);
+    return Writing(APath, [&] { return Save(target, ABytes); });
+}
+
+void ZtRestoreBackup(const QString &ATarget, const TZtBackup &ABackup, const QString &AKept)
+{
+    Writing(ATarget, [&] {
+        const TZtFileAttributes attributes(ATarget);
+        const TZtFileHandle file = OpenInPlace(ATarget, attributes);
+        ZtCheckCall(file.Get());
+        TZtSideFile kept(ATarget);
+        ZtCopyAll(file.Get(), kept.Handle());
+        attributes.GiveTo(kept.Handle());
+        ZtSync(kept.Handle());
+        kept.PutAt(AKept);
+        ZtSyncFolderOf(ATarget);
+        CopyBack(ABackup.Handle.Get(), file.Get(), attributes);
+        unlink(QFile::encodeName(ABackup.Path).constData());
+    });
+}
+
+void ZtKeepBackup(const QString &ATarget, const TZtBackup &ABackup, const QString &AKept)
+{
+    Writing(AKept, [&] {
+        TZtFileAttributes(ATarget).GiveTo(ABackup.Handle.Get());
+        ZtPutAt(ABackup.Path, AKept);
+    });
 }

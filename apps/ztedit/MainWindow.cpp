@@ -4,6 +4,7 @@
 #include "DbOpenDialog.h"
 #include "Document.h"
 #include "EventDialog.h"
+#include "FileStore.h"
 #include "MethodIndex.h"
 #include "MethodListDialog.h"
 #include "Methods.h"
@@ -296,6 +297,7 @@ TDocument *TMainWindow::OpenFile(const QString &APath)
         FTabs->setCurrentWidget(open);
         return open;
     }
+    ZtOfferRestore(APath);
     auto document = std::make_unique<TDocument>(QString());
     document->Load(APath);
     return AddInsteadOfUnused(std::move(document));
@@ -418,10 +420,11 @@ void TMainWindow::Reload()
         return;
     try {
         const int line = document->Editor()->GetLinePos() + 1;
+        ZtOfferRestore(document->Path());
         document->Load(document->Path());
         document->GoToLine(line);
-    } catch (const EStreamError &error) {
-        ShowError(error.Message());
+    } catch (...) {
+        ShowError(ZtCurrentExceptionMessage());
     }
 }
 

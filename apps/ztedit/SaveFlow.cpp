@@ -1,19 +1,96 @@
 #include "SaveFlow.h"
 
 #include "Document.h"
+#include "FileStore.h"
+#include "SideFile.h"
 
 #include "uZtException.h"
+#include "uZtLossQuestion.h"
 #include "uZtPlatform.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
+#include <QLocale>
 
 namespace {
 
 QString Tr(const char *AText) { return QCoreApplication::translate("SaveFlow", AText); }
 
-bool Confirm(const QString &AText)
+int Ask(const QString &AText)
 {
-    return ZtMsgBoxConfirm(AText, QCoreApplication::applicationName()) == mrYes;
+    return ZtMsgBoxConfirm(AText, QCoreApplication::applicationName());
+}
+
+bool Confirm(const QString &AText) { return Ask(AText) == mrYes; }
+
+void Tell(const QString &AText)
+{
+    if (!AText.isEmpty())
+        ZtMsgBoxError(AText, QCoreApplication::applicationName());
+}
+
+// Runs what ends with a message when something is raised, and answers what it does.
+template <typename T> bool Try(const QString &AFault, T AWork)
+{
+    try {
+        return AWork();
+    } catch (const EStreamError &error) {
+        Tell(error.Message());
+    } catch (...) {
+        const QString message = ZtCurrentExceptionMessage();
+        Tell(message.isEmpty() ? message : AFault + QLatin1Char(' ') + message);
+    }
+    return false;
+}
+
+QString NameOf(const QString &APath) { return QFileInfo(APath).fileName(); }
+
+void OfferRestore(const QString &ATarget, const TZtBackup &ABackup)
+{
+    if (!ABackup.Fault.isEmpty())
+        return Tell(
+            Tr("A save of \"%1\" was cut short. What it held before that is in \"%2\", which "
+               "cannot be restored here: %3.")
+                .arg(NameOf(ATarget), ABackup.Path, ABackup.Fault));
+    const QString kept = ZtFreeName(ATarget);
+    const QString time =
+        QLocale().toString(QFileInfo(ABackup.Path).lastModified(), QLocale::ShortFormat);
+    const int answer =
+        Ask(Tr("A save of \"%1\" was cut short at %2, and it may hold only a part of its text. "
+               "Restore what it held before that save? What you do not choose is kept as \"%3\".")
+                .arg(NameOf(ATarget), time, NameOf(kept)));
+    if (answer == mrYes)
+        ZtRestoreBackup(ATarget, ABackup, kept);
+    else if (answer == mrNo)
+        ZtKeepBackup(ATarget, ABackup, kept);
+}
+
+// The file may have been changed since it was read, or may not be this user's to write.
+bool ConfirmOverwriting(const TDocument &ADocument)
+{
+    QString reason;
+    switch (ADocument.ChangeOnDisk(reason)) {
+    case TZtFileChange::fcChanged:
+        return Confirm(Tr("\"%1\" was changed by another program after it was read here. Overwrite "
+                          "those changes?")
+                           .arg(ADocument.Title()));
+    case TZtFileChange::fcUnknown:
+        return Confirm(Tr("\"%1\" cannot be read to see whether another program changed it: %2. "
+                          "Overwrite it?")
+                           .arg(ADocument.Title(), reason));
+    case TZtFileChange::fcNone:
+    case TZtFileChange::fcMissing:
+        break;
+    }
+    return true;
+}
+
+bool ConfirmReplacing(const QString &APath)
+{
+    return !ZtMayOnlyReplace(APath) ||
+           Confirm(Tr("You have no right to write \"%1\", but you may put another file in its "
+                      "place. Replace it?")
+                       .arg(NameOf(APath)));
 }
 
 // An edited text cannot give back all of a file with mixed line endings or undecodable bytes.
@@ -28,74 +105,60 @@ bool ConfirmWhatIsLost(const TDocument &ADocument)
                      .arg(ADocument.Title(), ZtLineEndingName(format.LineEnding))))
         return false;
     return !format.Undecodable ||
-           Confirm(Tr("\"%1\" holds bytes that are no %2 text. A replacement character (U+FFFD) "
-                      "will be written for each. Save it?")
-                       .arg(ADocument.Title(), ZtEncodingName(format.Encoding)));
+           ZtAgreeOnUndecodable(ADocument.Title(), ZtEncodingName(format.Encoding));
 }
 
-QString CharacterName(char32_t AChar)
+bool Save(TDocument &ADocument, const QString &APath)
 {
-    const QString code = QStringLiteral("U+%1").arg(quint32(AChar), 4, 16, QLatin1Char('0'));
-    if (QChar::isSurrogate(AChar) || !QChar::isPrint(AChar))
-        return code.toUpper();
-    return QStringLiteral("%1 (%2)").arg(QString::fromUcs4(&AChar, 1), code.toUpper());
-}
-
-// Half a surrogate pair, which UTF-8 lacks as well, is kept by UTF-16 alone.
-TZtTextFormat RoomierFormat(TZtTextFormat AFormat)
-{
-    const bool narrow = AFormat.Encoding == TZtEncoding::teWindows1252;
-    AFormat.Encoding = narrow ? TZtEncoding::teUtf8 : TZtEncoding::teUtf16LE;
-    AFormat.Mark = !narrow;
-    return AFormat;
-}
-
-// The bytes to write, in the document's encoding or in one that the user has agreed to in
-// `AFormat`. False when there was no agreement.
-bool EncodeAll(const TDocument &ADocument, TZtTextFormat &AFormat, QByteArray &ABytes)
-{
-    std::vector<TZtLostChar> lost;
-    for (ABytes = ADocument.Encode(AFormat, lost); !lost.empty();
-         ABytes = ADocument.Encode(AFormat, lost)) {
-        const TZtTextFormat other = RoomierFormat(AFormat);
-        const QString question =
-            Tr("%1 cannot hold all characters of \"%2\"; the first is %3 in line %4, column %5. "
-               "Save it as %6 instead?")
-                .arg(ZtEncodingName(AFormat.Encoding), ADocument.Title(),
-                     CharacterName(lost[0].Char), QString::number(lost[0].Line + 1),
-                     QString::number(lost[0].Column + 1), ZtEncodingName(other.Encoding));
-        if (!Confirm(question))
-            return false;
-        AFormat = other;
-    }
+    TZtTextFormat format = ADocument.Format();
+    QByteArray bytes;
+    const auto encode = [&](const TZtTextFormat &in, std::vector<TZtLostChar> &lost) {
+        return ADocument.Encode(in, lost);
+    };
+    if (!ConfirmWhatIsLost(ADocument) ||
+        !ZtAgreeOnEncoding(encode, ADocument.Title(), format, bytes) || !ConfirmReplacing(APath))
+        return false;
+    const QStringList lost = ADocument.Write(APath, bytes, format);
+    if (!lost.isEmpty())
+        Tell(Tr("\"%1\" is saved, but it lost %2.")
+                 .arg(ADocument.Title(), lost.join(QLatin1StringView(", "))));
     return true;
+}
+
+QString NotSaved(const TDocument &ADocument)
+{
+    return Tr("\"%1\" is not saved:").arg(ADocument.Title());
 }
 
 } // namespace
 
+void ZtOfferRestore(const QString &APath)
+{
+    const QString target = ZtFollowLinks(APath);
+    if (!QFileInfo(target).isFile())
+        return;
+    Try(Tr("\"%1\" is not restored:").arg(NameOf(target)), [&] {
+        for (const TZtBackup &backup : ZtFindBackups(target))
+            OfferRestore(target, backup);
+        return true;
+    });
+}
+
 bool ZtSaveDocument(TDocument &ADocument)
 {
-    if (!ADocument.IsModified() && ADocument.IsSameOnDisk())
-        return true;
-    if (ADocument.IsChangedOnDisk() &&
-        !Confirm(Tr("\"%1\" was changed by another program after it was read here. Overwrite "
-                    "those changes?")
-                     .arg(ADocument.Title())))
-        return false;
-    return ZtSaveDocumentAs(ADocument, ADocument.Path());
+    return Try(NotSaved(ADocument), [&] {
+        ZtOfferRestore(ADocument.Path());
+        QString reason;
+        if (!ADocument.IsModified() && ADocument.ChangeOnDisk(reason) == TZtFileChange::fcNone)
+            return true;
+        return ConfirmOverwriting(ADocument) && Save(ADocument, ADocument.Path());
+    });
 }
 
 bool ZtSaveDocumentAs(TDocument &ADocument, const QString &APath)
 {
-    TZtTextFormat format = ADocument.Format();
-    QByteArray bytes;
-    if (!ConfirmWhatIsLost(ADocument) || !EncodeAll(ADocument, format, bytes))
-        return false;
-    try {
-        ADocument.Write(APath, bytes, format);
-    } catch (const EStreamError &error) {
-        ZtMsgBoxError(error.Message(), QCoreApplication::applicationName());
-        return false;
-    }
-    return true;
+    return Try(NotSaved(ADocument), [&] {
+        ZtOfferRestore(APath);
+        return Save(ADocument, APath);
+    });
 }

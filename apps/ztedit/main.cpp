@@ -2,6 +2,7 @@
 #include "DbConnection.h"
 #include "DbDocument.h"
 #include "Document.h"
+#include "FileStore.h"
 #include "MainWindow.h"
 #include "Tokens.h"
 
@@ -83,6 +84,9 @@ void Render(TMainWindow &AWindow, const TCommandLine &ALine)
     QBuffer buffer(&picture);
     AWindow.grab().save(&buffer, "PNG");
     const QString path = ALine.RenderTo.isEmpty() ? NewPictureName() : ALine.RenderTo;
+    if (ZtMayOnlyReplace(path))
+        throw EStreamError(
+            QCoreApplication::translate("main", "You have no right to write \"%1\".").arg(path));
     ZtSaveFile(path, picture);
     PrintLine(stdout, QCoreApplication::translate("main", "The window is drawn in %1")
                           .arg(QFileInfo(path).absoluteFilePath()));
@@ -94,8 +98,8 @@ int MakeSample(const QString &APath)
         ZtMakeSample(APath);
         PrintLine(stdout, QCoreApplication::translate("main", "%1 is made").arg(APath));
         return 0;
-    } catch (const EZtException &error) {
-        return Fail(error.Message(), ZtFileTrouble);
+    } catch (...) {
+        return Fail(ZtCurrentExceptionMessage(), ZtFileTrouble);
     }
 }
 
@@ -104,9 +108,19 @@ int PrintTokens(const QString &AFile)
     try {
         ZtPrintTokens(AFile, stdout);
         return 0;
-    } catch (const EZtException &error) {
-        return Fail(error.Message(), ZtFileTrouble);
+    } catch (...) {
+        return Fail(ZtCurrentExceptionMessage(), ZtFileTrouble);
     }
+}
+
+// Nobody would see a box: what it says is printed, and a question has no answer.
+void PrintMessages()
+{
+    ZtPlatform().MsgBoxError = [](const QString &text, const QString &) { Fail(text, 0); };
+    ZtPlatform().MsgBoxConfirm = [](const QString &text, const QString &) {
+        Fail(text, 0);
+        return mrCancel;
+    };
 }
 
 // For a picture every file has to be there. A user may want to begin one, and can be told about
@@ -129,6 +143,8 @@ QStringList OpenAll(TMainWindow &AWindow, const TCommandLine &ALine, bool AOffSc
 
 int Run(const TCommandLine &ALine, bool AOffScreen)
 {
+    if (AOffScreen)
+        PrintMessages();
     TMainWindow window;
     const QStringList messages = OpenAll(window, ALine, AOffScreen);
     if (AOffScreen) {
@@ -171,7 +187,7 @@ int main(int argc, char *argv[])
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Zt Code Editor"));
     try {
         return Run(line, offScreen);
-    } catch (const EZtException &error) {
-        return Fail(error.Message(), ZtFileTrouble);
+    } catch (...) {
+        return Fail(ZtCurrentExceptionMessage(), ZtFileTrouble);
     }
 }

@@ -1,6 +1,7 @@
 #include "Document.h"
 #include "MainWindow.h"
 #include "SaveFlow.h"
+#include "SideFile.h"
 #include "StatusTexts.h"
 #include "message_boxes.h"
 
@@ -15,6 +16,9 @@
 #include <QTabBar>
 #include <QTemporaryDir>
 #include <QWindow>
+
+#include <new>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -141,6 +145,106 @@ TEST_F(Host, AForeignChangeIsNotOverwrittenUnasked)
     EXPECT_TRUE(ZtSaveDocument(document));
     EXPECT_EQ(ZtReadFile(path), "xone\n");
     EXPECT_EQ(Asked.size(), 2);
+}
+
+TEST_F(Host, AFileThatCannotBeComparedIsNotOverwrittenUnasked)
+{
+    const QString path = Make("%2.pas", "one\n");
+    TDocument document(u"new"_s);
+    document.Load(path);
+    document.Editor()->InsertText(TZtChangeType::ctPaste, u"x"_s);
+    QFile::remove(path);
+    QFile::link(u"%2.pas"_s, path);
+    Answer = mrNo;
+    EXPECT_FALSE(ZtSaveDocument(document));
+    EXPECT_EQ(Asked,
+              (QStringList{u"\"%2.pas\" cannot be read to see whether another program changed "
+                           "it: Too many levels of symbolic links. Overwrite it?"_s}));
+    Answer = mrYes;
+    EXPECT_FALSE(ZtSaveDocument(document));
+    EXPECT_TRUE(Asked.last().startsWith(u"Cannot write \"%1\": "_s.arg(path)));
+    EXPECT_TRUE(document.IsModified());
+}
+
+TEST_F(Host, ASaveThatWasCutShortCanBeTakenBack)
+{
+    const struct {
+        const char *Opened;
+        int Answer;
+        QByteArray Now;
+        QByteArray Kept;
+    } rows[] = {
+        {"a", mrYes, "old\n", "ha"},
+        {"a", mrNo, "ha", "old\n"},
+        {"a", mrCancel, "ha", ""},
+        {"a's hard link", mrYes, "old\n", "ha"},
+    };
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.Opened);
+        Asked.clear();
+        Answer = row.Answer;
+        const QString path = Make("a", "ha");
+        const QString backup = Make(".a.0123456789abcdef.zt-old", "old\n");
+        const QString opened = Folder.filePath(QLatin1StringView(row.Opened));
+        const QString kept = opened + u".kept"_s;
+        link(QFile::encodeName(path).constData(), QFile::encodeName(opened).constData());
+        TMainWindow window;
+        EXPECT_EQ(window.OpenFile(opened)->Editor()->GetText(),
+                  QString::fromLatin1(row.Now.trimmed()) + u"\r\n"_s);
+        EXPECT_EQ(Asked.size(), 1);
+        EXPECT_TRUE(Asked[0].contains(QFileInfo(kept).fileName())) << Asked[0].toStdString();
+        EXPECT_EQ(ZtReadFile(path), row.Now);
+        EXPECT_EQ(QFile::exists(backup), row.Kept.isEmpty());
+        EXPECT_EQ(QFile::exists(kept) ? ZtReadFile(kept) : QByteArray(), row.Kept);
+        QFile::remove(kept);
+    }
+    Asked.clear();
+    Make("a", "same");
+    const QString same = Make(".a.0123456789abcdef.zt-old", "same");
+    ZtOfferRestore(Folder.filePath(u"a"_s));
+    EXPECT_FALSE(QFile::exists(same));
+    TZtSideFile living(Folder.filePath(u"a"_s));
+    living.BecomeBackup();
+    ZtOfferRestore(Folder.filePath(u"a"_s));
+    EXPECT_TRUE(Asked.isEmpty());
+}
+
+namespace {
+
+// Runs out of memory when it is told to.
+class TPoorDocument : public TDocument {
+public:
+    using TDocument::TDocument;
+    bool IsModified() const override
+    {
+        return Poor ? throw std::bad_alloc() : TDocument::IsModified();
+    }
+    bool Poor = false;
+
+protected:
+    TZtCodeEdit *CreateEditor() override
+    {
+        return Poor ? throw std::bad_alloc() : TDocument::CreateEditor();
+    }
+};
+
+} // namespace
+
+TEST_F(Host, WithoutMemoryNothingIsLost)
+{
+    const QString path = Make("a.pas", "one\n");
+    TPoorDocument document(u"new"_s);
+    document.Load(path);
+    document.Editor()->InsertText(TZtChangeType::ctPaste, u"x"_s);
+    document.Poor = true;
+    EXPECT_THROW(document.Load(Make("b", "two")), EStreamError);
+    EXPECT_FALSE(ZtSaveDocument(document));
+    EXPECT_EQ(Asked, QStringList{u"\"a.pas\" is not saved: There is not enough memory."_s});
+    document.Poor = false;
+    EXPECT_EQ(document.Editor()->GetText(), u"xone\r\n"_s);
+    EXPECT_EQ(document.Path(), path);
+    EXPECT_TRUE(document.IsModified() && ZtSaveDocument(document));
+    EXPECT_EQ(ZtReadFile(path), "xone\n");
 }
 
 TEST_F(Host, LoadingAgainForgetsTheUndoListAndKeepsTheLanguage)

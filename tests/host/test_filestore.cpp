@@ -1,5 +1,7 @@
 #include "CommandLine.h"
+#include "FileState.h"
 #include "FileStore.h"
+#include "SideFile.h"
 
 #include "uZtException.h"
 #include "uZtStringStream.h"
@@ -12,8 +14,11 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <fcntl.h>
+#include <functional>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -86,19 +91,24 @@ TEST_F(FileStore, SavingThroughLinksWritesTheirTarget)
 
 TEST_F(FileStore, AWriteThatFailsLeavesTheOldFileWhole)
 {
-    const QString path = Make("a.pas", "old");
     rlimit before = {};
     getrlimit(RLIMIT_FSIZE, &before);
     rlimit small = before;
     small.rlim_cur = 1000;
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    setrlimit(RLIMIT_FSIZE, &small);
-    const std::string message = MessageOfSave(path);
-    setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, handler);
-    EXPECT_EQ(message, "Cannot write \"" + path.toStdString() + "\": File too large.");
-    EXPECT_EQ(ZtReadFile(path), "old");
-    EXPECT_EQ(Names(), QStringList{u"a.pas"_s});
+    for (const bool inPlace : {false, true}) {
+        const QString path = Make("a.pas", "old");
+        if (inPlace)
+            link(QFile::encodeName(path).constData(), QFile::encodeName(Path("b")).constData());
+        const QStringList names = Names();
+        const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+        setrlimit(RLIMIT_FSIZE, &small);
+        const std::string message = MessageOfSave(path);
+        setrlimit(RLIMIT_FSIZE, &before);
+        std::signal(SIGXFSZ, handler);
+        EXPECT_EQ(message, "Cannot write \"" + path.toStdString() + "\": File too large.");
+        EXPECT_EQ(ZtReadFile(path), "old");
+        EXPECT_EQ(Names(), names);
+    }
 }
 
 TEST_F(FileStore, WhatCannotBeWrittenIsNamedWithTheReason)
@@ -109,18 +119,76 @@ TEST_F(FileStore, WhatCannotBeWrittenIsNamedWithTheReason)
               "Cannot write \"/dev/null\": it is not a regular file.");
     EXPECT_EQ(MessageOfSave(Path("none/a")),
               "Cannot write \"" + Path("none/a").toStdString() + "\": No such file or directory.");
+    QFile::link(u"loop"_s, Path("loop"));
+    EXPECT_EQ(MessageOfSave(Path("loop")), "Cannot write \"" + Path("loop").toStdString() +
+                                               "\": Too many levels of symbolic links.");
+    EXPECT_TRUE(QFileInfo(Path("loop")).isSymLink());
 }
 
-TEST_F(FileStore, AFingerprintTellsContentsNotTimes)
+TEST_F(FileStore, WhatADeadProcessLeftGoesAndNothingElse)
 {
-    const QString path = Make("a.pas", "one");
-    const TZtFileFingerprint one = ZtFingerprintOfFile(path);
-    EXPECT_TRUE(one == ZtFingerprintOf("one"));
-    Make("a.pas", "two");
-    EXPECT_FALSE(ZtFingerprintOfFile(path) == one);
-    Make("a.pas", "one");
-    EXPECT_TRUE(ZtFingerprintOfFile(path) == one);
-    EXPECT_FALSE(ZtFingerprintOfFile(Path("none")).Exists);
+    const QString path = Make("a", "old");
+    const QString dead = Make(".a.0123456789abcdef.zt-new", "half");
+    const QString others[] = {Make(".b.0123456789abcdef.zt-new", ""), Make(".a.0.zt-new", ""),
+                              Make(".a.0123456789abcdef.zt-old", "older")};
+    QFile::link(u"a"_s, Path(".a.fedcba9876543210.zt-new"));
+    const TZtSideFile inUse(path);
+    ZtSaveFile(path, "new");
+    EXPECT_FALSE(QFile::exists(dead));
+    for (const QString &other : others)
+        EXPECT_TRUE(QFile::exists(other)) << other.toStdString();
+    EXPECT_TRUE(QFileInfo(Path(".a.fedcba9876543210.zt-new")).isSymLink());
+    EXPECT_TRUE(QFile::exists(inUse.Path()));
+    EXPECT_EQ(ModeOf(inUse.Path()), 0600);
+    EXPECT_EQ(ZtReadFile(path), "new");
+}
+
+TEST_F(FileStore, AChangeIsOneOfTheContents)
+{
+    using enum TZtFileChange;
+    const QString path = Path("a");
+    const QByteArray name = QFile::encodeName(path);
+    const struct {
+        const char *Name;
+        std::function<void()> Change;
+        TZtFileChange Found;
+    } rows[] = {
+        {"nothing", [] {}, fcNone},
+        {"same size at once", [&] { Make("a", "two"); }, fcChanged},
+        {"other size", [&] { Make("a", "three"); }, fcChanged},
+        {"touched", [&] { utimensat(AT_FDCWD, name.constData(), nullptr, 0); }, fcNone},
+        {"copied back",
+         [&] {
+             QFile::remove(path);
+             Make("a", "one");
+         },
+         fcNone},
+        {"gone", [&] { QFile::remove(path); }, fcMissing},
+        {"no file",
+         [&] {
+             QFile::remove(path);
+             QDir().mkdir(path);
+         },
+         fcChanged},
+        {"cannot be read",
+         [&] {
+             QFile::remove(path);
+             QFile::link(u"a"_s, path);
+         },
+         fcUnknown},
+    };
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.Name);
+        const QFileInfo old(path);
+        old.isDir() ? QDir().rmdir(path) : QFile::remove(path);
+        Make("a", "one");
+        TZtFileState state(path);
+        state.SetContents("one");
+        row.Change();
+        QString reason;
+        EXPECT_EQ(state.ChangeOf(path, reason), row.Found);
+        EXPECT_EQ(reason.isEmpty(), row.Found != fcUnknown);
+    }
 }
 
 TEST(CommandLine, WrongArgumentsAreUsageErrors)
