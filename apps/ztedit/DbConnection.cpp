@@ -1,13 +1,19 @@
 #include "DbConnection.h"
 
+#include "FileAttributes.h"
+#include "SideFile.h"
+
 #include "uZtSqlTable.h"
+#include "uZtStringStream.h"
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QFileInfo>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QUuid>
+
+#include <cerrno>
+#include <system_error>
 
 namespace {
 
@@ -60,6 +66,8 @@ void RunAll(const QSqlDatabase &ADatabase, const QString &ASql)
         if (!query.exec(statement))
             throw EDatabaseError(query.lastError().text().trimmed());
     };
+    // The file gets its name when it is whole. A journal on disk would only be one more file.
+    run(QStringLiteral("PRAGMA journal_mode=MEMORY"));
     run(QStringLiteral("BEGIN"));
     for (qsizetype at = 0; at < ASql.size();) {
         const qsizetype end = StatementEnd(ASql, at);
@@ -142,22 +150,25 @@ void TDbConnection::Check(const TDbPlace &APlace) const
 
 void ZtMakeSample(const QString &APath)
 {
-    QFile script(APath + QStringLiteral(".sql"));
-    if (!script.open(QIODevice::ReadOnly))
-        throw EStreamError(
-            Tr("Cannot read \"%1\": %2.").arg(script.fileName(), script.errorString()));
-    const QString half = APath + QStringLiteral(".new");
-    if (QFileInfo::exists(APath) || QFileInfo::exists(half))
-        throw EStreamError(
-            Tr("\"%1\" is there already.").arg(QFileInfo::exists(APath) ? APath : half));
+    const QString statements = QString::fromUtf8(ZtReadFile(APath + QStringLiteral(".sql")));
+    const auto exists = [&] { return EStreamError(Tr("\"%1\" is there already.").arg(APath)); };
+    const QFileInfo info(APath);
+    if (info.exists() || info.isSymLink())
+        throw exists();
+    const QString path = info.absoluteFilePath();
     try {
-        MakeDatabase(half, QString::fromUtf8(script.readAll()));
+        ZtRemoveDeadFiles(path);
+        TZtSideFile fresh(path);
+        MakeDatabase(fresh.Path(), statements);
+        ZtGiveNewFileMode(fresh.Handle(), path);
+        fresh.PutAt(path);
+        ZtSyncFolderOf(path);
     } catch (const EDatabaseError &error) {
-        QFile::remove(half);
         throw EDatabaseError(Tr("Cannot make \"%1\": %2").arg(APath, error.Message()));
-    }
-    if (!QFile::rename(half, APath)) {
-        QFile::remove(half);
-        throw EStreamError(Tr("Cannot make \"%1\".").arg(APath));
+    } catch (const std::system_error &error) {
+        if (error.code().value() == EEXIST)
+            throw exists();
+        throw EStreamError(
+            Tr("Cannot make \"%1\": %2.").arg(APath, qt_error_string(error.code().value())));
     }
 }

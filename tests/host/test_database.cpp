@@ -329,10 +329,19 @@ TEST_F(HostDatabase, ASampleIsMadeWholeOrNotAtAll)
         return {};
     };
     EXPECT_TRUE(make("CREATE TABLE a (b); NONSENSE;").contains(u"NONSENSE"_s));
-    EXPECT_EQ(QDir(Folder.path()).entryList({u"sample*"_s}), QStringList(u"sample.sql"_s));
+    const auto names = [&] {
+        return QDir(Folder.path()).entryList({u"*sample*"_s}, QDir::Files | QDir::Hidden);
+    };
+    EXPECT_EQ(names(), QStringList(u"sample.sql"_s));
+    QFile::link(u"elsewhere"_s, path);
+    EXPECT_TRUE(make("CREATE TABLE a (b);").contains(u"there already"_s));
+    EXPECT_FALSE(QFile::exists(Folder.filePath(u"elsewhere"_s)));
+    QFile::remove(path);
     EXPECT_EQ(make("-- one; two\nCREATE TABLE a (b); /* ; */ INSERT INTO a VALUES ('x;''y');\n"),
               QString());
     EXPECT_TRUE(make("CREATE TABLE a (b);").contains(u"there already"_s));
+    EXPECT_EQ(names(), (QStringList{u"sample"_s, u"sample.sql"_s}));
+    EXPECT_EQ(QFileInfo(path).permissions(), QFileInfo(path + u".sql"_s).permissions());
     const TDbConnection connection(path);
     QSqlQuery query(u"SELECT b FROM a"_s, connection.Database());
     EXPECT_TRUE(query.next());
