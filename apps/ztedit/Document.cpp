@@ -4,6 +4,7 @@
 
 #include "uZtCodeEdit.h"
 #include "uZtException.h"
+#include "uZtLossQuestion.h"
 #include "uZtMemory.h"
 #include "uZtPlatform.h"
 
@@ -124,7 +125,7 @@ QStringList TDocument::Write(const QString &APath, const QByteArray &ABytes,
     FPath = QFileInfo(APath).absoluteFilePath();
     FState = TZtFileState(FPath);
     FState.SetContents(ABytes);
-    if (byName)
+    if (byName && FLanguage != &ZtLanguageOfFile(FPath))
         SetLanguage(ZtLanguageOfFile(FPath));
     FEditor->SetModified(false);
     Q_EMIT Changed();
@@ -148,12 +149,8 @@ QByteArray TDocument::Encode(const TZtTextFormat &AFormat, std::vector<TZtLostCh
     if (!IsModified() && !FLoadedBytes.isEmpty())
         return FLoadedBytes;
     const TStringList *lines = FEditor->GetLines();
-    TZtTextEncoder encoder(AFormat, std::max(FState.Size(), LeastSize(*lines, AFormat)));
-    for (int i = 0; i < lines->GetCount(); ++i)
-        encoder.AddLine(lines->View(i));
-    QByteArray bytes = encoder.Finish();
-    ALost = encoder.Lost();
-    return bytes;
+    return ZtEncodeLines(*lines, AFormat, ALost,
+                         std::max(FState.Size(), LeastSize(*lines, AFormat)));
 }
 
 void TDocument::SetLanguage(const TLanguage &ALanguage)

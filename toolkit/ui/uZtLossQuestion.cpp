@@ -32,9 +32,9 @@ bool Confirm(const QString &AText) { return ZtMsgBoxConfirm(AText, QString()) ==
 } // namespace
 
 QByteArray ZtEncodeLines(const TStringList &ALines, const TZtTextFormat &AFormat,
-                         std::vector<TZtLostChar> &ALost)
+                         std::vector<TZtLostChar> &ALost, qsizetype ASizeHint)
 {
-    TZtTextEncoder encoder(AFormat);
+    TZtTextEncoder encoder(AFormat, ASizeHint);
     for (int i = 0; i < ALines.GetCount(); ++i)
         encoder.AddLine(ALines.View(i));
     QByteArray bytes = encoder.Finish();

@@ -10,9 +10,10 @@ class TStringList;
 using TZtEncodeText =
     std::function<QByteArray(const TZtTextFormat &AFormat, std::vector<TZtLostChar> &ALost)>;
 
-/// The bytes of the lines.
+/// The bytes of the lines, and the characters that the format lacks. Raises `std::bad_alloc` when
+/// there is no memory for them, and at once when there is none for `ASizeHint` bytes.
 QByteArray ZtEncodeLines(const TStringList &ALines, const TZtTextFormat &AFormat,
-                         std::vector<TZtLostChar> &ALost);
+                         std::vector<TZtLostChar> &ALost, qsizetype ASizeHint = 0);
 
 /// Encodes a text in `AFormat` or, where that lacks characters, in a roomier one that the user
 /// agrees to and that `AFormat` becomes. False when the user does not agree. `AName` is what the
