@@ -8,26 +8,17 @@
 
 namespace {
 
-struct TNamedKey {
-    int Key;
-    QString Text;
+const std::map<QString, std::pair<int, QString>> NamedKeys = {
+    {"Enter", {Qt::Key_Return, "\r"}}, {"Backspace", {Qt::Key_Backspace, "\b"}},
+    {"Tab", {Qt::Key_Tab, "\t"}},      {"Delete", {Qt::Key_Delete, "\x7F"}},
+    {"Space", {Qt::Key_Space, " "}},   {"Escape", {Qt::Key_Escape, "\x1B"}},
+    {"Left", {Qt::Key_Left, {}}},      {"Right", {Qt::Key_Right, {}}},
+    {"Up", {Qt::Key_Up, {}}},          {"Down", {Qt::Key_Down, {}}},
+    {"Home", {Qt::Key_Home, {}}},      {"End", {Qt::Key_End, {}}},
+    {"PgUp", {Qt::Key_PageUp, {}}},    {"PgDn", {Qt::Key_PageDown, {}}},
+    {"Insert", {Qt::Key_Insert, {}}},  {"F3", {Qt::Key_F3, {}}},
+    {"F11", {Qt::Key_F11, {}}},
 };
-
-const std::map<QString, TNamedKey> &NamedKeys()
-{
-    static const std::map<QString, TNamedKey> keys = {
-        {"Enter", {Qt::Key_Return, "\r"}}, {"Backspace", {Qt::Key_Backspace, "\b"}},
-        {"Tab", {Qt::Key_Tab, "\t"}},      {"Delete", {Qt::Key_Delete, "\x7F"}},
-        {"Space", {Qt::Key_Space, " "}},   {"Escape", {Qt::Key_Escape, "\x1B"}},
-        {"Left", {Qt::Key_Left, {}}},      {"Right", {Qt::Key_Right, {}}},
-        {"Up", {Qt::Key_Up, {}}},          {"Down", {Qt::Key_Down, {}}},
-        {"Home", {Qt::Key_Home, {}}},      {"End", {Qt::Key_End, {}}},
-        {"PgUp", {Qt::Key_PageUp, {}}},    {"PgDn", {Qt::Key_PageDown, {}}},
-        {"Insert", {Qt::Key_Insert, {}}},  {"F3", {Qt::Key_F3, {}}},
-        {"F11", {Qt::Key_F11, {}}},
-    };
-    return keys;
-}
 
 } // namespace
 
@@ -42,8 +33,6 @@ TMarkedEditor::TMarkedEditor()
     QApplication::setActiveWindow(&Edit);
     Edit.setFocus();
     QCoreApplication::processEvents();
-    for (TScrollBar *bar : Edit.findChildren<TScrollBar *>())
-        (bar->orientation() == Qt::Horizontal ? H : V) = bar;
     Edit.SetOnChange([this](QObject *) { ++Changes, Events += u'C'; });
     Edit.SetOnCursorChange([this](QObject *) { ++CursorMoves, Events += u'M'; });
     QObject::connect(&Edit, &TZtCodeEdit::textChanged, this, [this] { Events += u'L'; });
@@ -73,21 +62,18 @@ void TMarkedEditor::SetMarked(const QString &AText)
 {
     TStringList lines;
     QPoint anchor, end;
-    for (QString line : AText.split(u'\n')) {
+    for (const QString &line : AText.split(u'\n')) {
         QString plain;
         int column = 0;
         for (const QChar c : line) {
             const QPoint here(column, lines.GetCount());
-            if (c == u'|')
-                anchor = end = here;
-            else if (c == u'[')
+            if (c == u'|' || c == u'[')
                 anchor = here;
-            else if (c == u']')
+            if (c == u'|' || c == u']')
                 end = here;
-            else
-                ++column;
+            column += c == u'~';
             if (!QStringLiteral("|[]~").contains(c))
-                plain += c;
+                plain += c, ++column;
         }
         if (AText != QStringLiteral("-"))
             lines.Add(plain);
@@ -108,12 +94,9 @@ QString TMarkedEditor::Mark(QPoint AAnchor, QPoint AEnd) const
         return QStringLiteral("-");
     const auto put = [&lines](QPoint at, QChar mark) {
         QString &line = lines[at.y()];
-        while (line.size() < at.x())
-            line += u'~';
-        line.insert(at.x(), mark);
+        line = line.leftJustified(at.x(), u'~').insert(at.x(), mark);
     };
-    const bool anchorFirst =
-        AAnchor.y() < AEnd.y() || (AAnchor.y() == AEnd.y() && AAnchor.x() < AEnd.x());
+    const bool anchorFirst = std::pair(AAnchor.y(), AAnchor.x()) < std::pair(AEnd.y(), AEnd.x());
     if (AAnchor == AEnd) {
         put(AEnd, u'|');
     } else { // the later one first, so that the other's column holds
@@ -123,47 +106,67 @@ QString TMarkedEditor::Mark(QPoint AAnchor, QPoint AEnd) const
     return lines.join(u'\n');
 }
 
-QString TMarkedEditor::Marked() const { return Mark(Edit.GetSelEnd(), Edit.GetSelStart()); }
-
 QString TMarkedEditor::MarkedCaret() const
 {
     const QPoint caret(Edit.GetCharPos(), Edit.GetLinePos());
     return Mark(caret, caret);
 }
 
-void TMarkedEditor::Press(int AKey, Qt::KeyboardModifiers AModifiers, const QString &AText)
+void TMarkedEditor::Do(const QString &AWords)
 {
-    QKeyEvent event(QEvent::KeyPress, AKey, AModifiers, AText);
+    for (QString word : AWords.split(u' ', Qt::SkipEmptyParts)) {
+        Qt::KeyboardModifiers modifiers;
+        for (const auto &[name, modifier] :
+             {std::pair("Ctrl+", Qt::ControlModifier), std::pair("Shift+", Qt::ShiftModifier)}) {
+            if (!word.startsWith(QLatin1StringView(name)))
+                continue;
+            modifiers |= modifier;
+            word.remove(0, qstrlen(name));
+        }
+        const qsizetype star = word.startsWith(u"insert:") ? -1 : word.lastIndexOf(u'*');
+        const int times = star > 0 ? word.sliced(star + 1).toInt() : 1;
+        if (star > 0)
+            word.truncate(star);
+        for (int i = 0; i < times; ++i)
+            DoOne(word, modifiers);
+    }
+}
+
+void TMarkedEditor::DoOne(const QString &AWord, Qt::KeyboardModifiers AModifiers)
+{
+    if (AWord.startsWith(u'#') && AWord.size() > 1)
+        return Send(AWord.mid(1).toUInt());
+    if (AWord.startsWith(u"insert:"))
+        return Edit.InsertText(TZtChangeType::ctPaste, AWord.mid(7));
+    if (AWord.startsWith(u"wheel"))
+        return Wheel(AWord.mid(5).toInt());
+    if (AWord.contains(u'@') && AWord.size() > 1)
+        return Point(AWord.section(u'@', 0, 0), AWord.section(u'@', 1), AModifiers);
+    const auto named = NamedKeys.find(AWord);
+    const int code = AWord.size() == 1 ? AWord[0].toUpper().unicode() : 0;
+    const auto &[key, text] = named == NamedKeys.end() ? std::pair(code, AWord) : named->second;
+    QKeyEvent event(QEvent::KeyPress, key, AModifiers, text);
     QCoreApplication::sendEvent(&Edit, &event);
     QCoreApplication::sendPostedEvents(&Edit);
 }
 
-void TMarkedEditor::Keys(const QString &AKeys)
+void TMarkedEditor::Point(const QString &AWhat, const QString &ACell,
+                          Qt::KeyboardModifiers AModifiers)
 {
-    for (QString key : AKeys.split(u' ', Qt::SkipEmptyParts)) {
-        Qt::KeyboardModifiers modifiers;
-        const auto take = [&](QLatin1StringView name, Qt::KeyboardModifier modifier) {
-            if (!key.startsWith(name))
-                return;
-            modifiers |= modifier;
-            key.remove(0, name.size());
-        };
-        take(QLatin1StringView("Ctrl+"), Qt::ControlModifier);
-        take(QLatin1StringView("Shift+"), Qt::ShiftModifier);
-        const qsizetype star = key.lastIndexOf(u'*');
-        const int times = star > 0 ? key.mid(star + 1).toInt() : 1;
-        if (star > 0)
-            key.truncate(star);
-        for (int i = 0; i < times; ++i) {
-            const auto named = NamedKeys().find(key);
-            if (key.startsWith(u'#') && key.size() > 1)
-                Send(key.mid(1).toUInt());
-            else if (named != NamedKeys().end())
-                Press(named->second.Key, modifiers, named->second.Text);
-            else
-                Press(key.size() == 1 ? key[0].toUpper().unicode() : 0, modifiers, key);
-        }
-    }
+    using enum QEvent::Type;
+    const int cell = Edit.GetCharWidth(), pitch = Edit.GetLineWidth();
+    const QPoint at(Edit.RealGuttorWidth() + ACell.section(u',', 0, 0).toInt() * cell + cell / 2,
+                    ACell.section(u',', 1).toInt() * pitch + pitch / 2);
+    static const std::map<QString, QList<QEvent::Type>> gestures = {
+        {"press", {MouseButtonPress}},
+        {"move", {MouseMove}},
+        {"release", {MouseButtonRelease}},
+        {"click", {MouseButtonPress, MouseButtonRelease}},
+        {"right", {MouseButtonPress}},
+        {"double",
+         {MouseButtonPress, MouseButtonRelease, MouseButtonDblClick, MouseButtonRelease}}};
+    for (const QEvent::Type type : gestures.at(AWhat))
+        Mouse(type, at, AWhat == "right" ? Qt::RightButton : Qt::LeftButton, AModifiers);
 }
 
 void TMarkedEditor::Send(quint32 AMsg, quint64 AWParam)
@@ -175,8 +178,8 @@ void TMarkedEditor::Send(quint32 AMsg, quint64 AWParam)
 void TMarkedEditor::Mouse(QEvent::Type AType, QPoint AAt, Qt::MouseButton AButton,
                           Qt::KeyboardModifiers AModifiers)
 {
-    const bool move = AType == QEvent::MouseMove;
-    QMouseEvent event(AType, AAt, Edit.mapToGlobal(QPointF(AAt)), move ? Qt::NoButton : AButton,
+    QMouseEvent event(AType, AAt, Edit.mapToGlobal(QPointF(AAt)),
+                      AType == QEvent::MouseMove ? Qt::NoButton : AButton,
                       AType == QEvent::MouseButtonRelease ? Qt::NoButton : AButton, AModifiers);
     QCoreApplication::sendEvent(&Edit, &event);
     QCoreApplication::sendPostedEvents(&Edit);
@@ -187,10 +190,4 @@ void TMarkedEditor::Wheel(int ADelta)
     QWheelEvent event(QPointF(50, 50), Edit.mapToGlobal(QPointF(50, 50)), {}, {0, ADelta}, {}, {},
                       Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(&Edit, &event);
-}
-
-QPoint TMarkedEditor::Cell(int AColumn, int ALine)
-{
-    return {Edit.RealGuttorWidth() + AColumn * Edit.GetCharWidth() + Edit.GetCharWidth() / 2,
-            ALine * Edit.GetLineWidth() + Edit.GetLineWidth() / 2};
 }

@@ -18,8 +18,8 @@ public:
     ~TMarkedEditor() override;
 
     TZtCodeEdit Edit;
-    TScrollBar *H;
-    TScrollBar *V;
+    TScrollBar *const H = Edit.GetHScrollBar();
+    TScrollBar *const V = Edit.GetVScrollBar();
     int Changes = 0;
     int CursorMoves = 0;
     QString Clipboard;
@@ -28,24 +28,25 @@ public:
     QString Events;     ///< `C` a change, `M` a caret move, `L` a change of the lines
 
     void SetMarked(const QString &AText);
-    QString Marked() const;
+    QString Marked() const { return Mark(Edit.GetSelEnd(), Edit.GetSelStart()); }
     QString MarkedCaret() const; ///< the caret alone
     QStringList Lines() const;
-    /// Presses keys, such as "Shift+Right*3 Enter a Backspace Ctrl+Z"; "#772" is a message.
-    void Keys(const QString &AKeys);
-    void Press(int AKey, Qt::KeyboardModifiers AModifiers, const QString &AText);
+    /// Does what a user and a host do, in words: "Shift+Right*3 Enter a Ctrl+Z" are keys, "#772" is
+    /// a message, "click@2,0" a click into column 2 of the view's line 0 (also "press@", "move@",
+    /// "release@", "double@", "right@"), "wheel-120" the wheel, "insert:x" an `InsertText` of the
+    /// rest of the word.
+    void Do(const QString &AWords);
     void Send(quint32 AMsg, quint64 AWParam = 0);
-    /// A mouse event at a pixel of the editor.
     void Mouse(QEvent::Type AType, QPoint AAt, Qt::MouseButton AButton = Qt::LeftButton,
                Qt::KeyboardModifiers AModifiers = {});
     void Wheel(int ADelta);
-    /// The pixel in the middle of a cell of the view.
-    QPoint Cell(int AColumn, int ALine);
 
     bool eventFilter(QObject *AWatched, QEvent *AEvent) override;
 
 private:
     QString Mark(QPoint AAnchor, QPoint AEnd) const;
+    void DoOne(const QString &AWord, Qt::KeyboardModifiers AModifiers);
+    void Point(const QString &AWhat, const QString &ACell, Qt::KeyboardModifiers AModifiers);
 };
 
 inline void PrintTo(const QString &S, std::ostream *AStream)

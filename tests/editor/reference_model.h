@@ -7,10 +7,10 @@
 
 #include <deque>
 #include <limits>
-#include <utility>
 
-/// A second, deliberately plain description of how the editor behaves: no widget, no speed, one
-/// list of strings. `test_random` runs it beside the control.
+/// A second, deliberately plain description of how the editor edits: no widget, no speed, one list
+/// of strings. `test_random` runs it beside the control. Jumps by words, the mouse and the wheel
+/// are left to rows.
 class TReferenceEditor {
 public:
     // what a comparison looks at
@@ -22,31 +22,22 @@ public:
     int Changes = 0, CursorMoves = 0, Errors = 0;
     QString Clipboard;
     // what it is told
-    int HPage = 0, VPage = 0, CharWidth = 0, LineHeight = 0, Guttor = 0, WheelLines = 3;
-    int TabSize = 2;
+    int HPage = 0, VPage = 0, TabSize = 2;
     bool ReadOnly = false, Shift = false;
 
-    // --- caret and selection
+    int Count() const { return int(Lines.size()); }
+    int Length(int AIndex) const { return int(Lines.value(AIndex).size()); }
+
+    // --- caret, selection, view
 
     void SetSelection(bool ACollapse)
     {
         SelStart = Caret;
-        if (!FDragSeen && (FDrag || ACollapse || !Shift))
+        if (ACollapse || !Shift)
             SelEnd = SelStart;
-        FDragSeen = FDrag;
     }
 
-    int Count() const { return int(Lines.size()); }
-    QString Line(int AIndex) const { return Lines.value(AIndex); }
-    int Length(int AIndex) const { return int(Line(AIndex).size()); }
     void ScrollLines(int AValue) { VPos = qBound(0, AValue, Count() + 100); }
-    void ScrollColumns(int AValue) { HPos = qBound(0, AValue, 500); }
-
-    void Moved()
-    {
-        ++CursorMoves;
-        SetSelection(false);
-    }
 
     void SetCharPos(int Value)
     {
@@ -57,9 +48,9 @@ public:
                 SetLinePos(Caret.y() - 1);
         }
         if (Caret.x() < HPos)
-            ScrollColumns(Caret.x());
+            HPos = Caret.x();
         else if (Caret.x() > HPos + HPage)
-            ScrollColumns(Caret.x() - HPage);
+            HPos = qMin(Caret.x() - HPage, 500);
         Moved();
     }
 
@@ -73,38 +64,39 @@ public:
         Moved();
     }
 
+    void Moved()
+    {
+        ++CursorMoves;
+        SetSelection(false);
+    }
+
     // --- the text
 
-    void LinesEdited()
+    void Edited()
     {
         Modified = true;
         ScrollLines(VPos);
     }
-
     void Store(int AIndex, const QString &S)
     {
         Lines[AIndex] = S;
-        LinesEdited();
+        Edited();
     }
-
     void Insert(int AIndex, const QString &S)
     {
         Lines.insert(AIndex, S);
-        LinesEdited();
+        Edited();
     }
-
     void Remove(int AIndex)
     {
         Lines.removeAt(AIndex);
-        LinesEdited();
+        Edited();
     }
-
     void Ensure(int AIndex)
     {
         while (Count() <= AIndex)
             Insert(Count(), QString());
     }
-
     void Record(TZtChangeType AType, QPoint AStart, QPoint AEnd, QPoint ACaret, const QString &S)
     {
         if (Items.size() >= 100)
@@ -112,52 +104,39 @@ public:
         Items.emplace_back(AType, AStart, AEnd, ACaret, S);
     }
 
-    bool Reversed() const
+    // Puts the selection in order; answers whether it holds anything, after a line was added for
+    // one that ends below the text.
+    bool TakeSelection()
     {
-        return SelEnd.y() < SelStart.y() ||
-               (SelEnd.y() == SelStart.y() && SelEnd.x() < SelStart.x());
-    }
-
-    bool Normalise()
-    {
-        const bool Swap = Reversed();
-        if (Swap)
+        if (std::pair(SelEnd.y(), SelEnd.x()) < std::pair(SelStart.y(), SelStart.x()))
             std::swap(SelStart, SelEnd);
-        return Swap;
+        if (SelStart.x() == -1 || SelEnd.x() == -1 || SelEnd.x() == ToLineEnd ||
+            SelStart == SelEnd || SelStart.y() < 0 || SelEnd.y() < 0)
+            return false;
+        if (SelEnd.y() >= Count()) {
+            Insert(Count(), QString());
+            SelEnd = {ToLineEnd, Count() - 1};
+        }
+        return SelStart.y() < Count();
     }
 
-    bool Nothing() const
+    QString Selected() const
     {
-        return SelStart.x() == -1 || SelEnd.x() == -1 || SelEnd.x() == ToLineEnd ||
-               SelStart == SelEnd || SelStart.y() < 0 || SelEnd.y() < 0;
-    }
-
-    void ClampEnd()
-    {
-        if (SelEnd.y() < Count())
-            return;
-        Insert(Count(), QString());
-        SelEnd = {ToLineEnd, Count() - 1};
-    }
-
-    QString Removed() const
-    {
+        const QString last = Lines[SelEnd.y()].left(SelEnd.x());
         if (SelStart.y() == SelEnd.y())
-            return Line(SelStart.y()).left(SelEnd.x()).mid(SelStart.x());
-        QString S = Line(SelStart.y()).mid(SelStart.x());
+            return last.mid(SelStart.x());
+        QString S = Lines[SelStart.y()].mid(SelStart.x()) + "\r\n";
         for (int y = SelStart.y() + 1; y < SelEnd.y(); ++y)
-            S += QStringLiteral("\r\n") + Line(y);
-        return S + QStringLiteral("\r\n") + Line(SelEnd.y()).left(SelEnd.x());
+            S += Lines[y] + "\r\n";
+        return S + last;
     }
 
     bool PairAt(int AColumn) const
     {
-        const QString L = Line(Caret.y());
+        const QString L = Lines.value(Caret.y());
         return AColumn >= 0 && AColumn + 1 < L.size() && L[AColumn].isHighSurrogate() &&
                L[AColumn + 1].isLowSurrogate();
     }
-
-    // --- editing
 
     void InsertText(TZtChangeType AType, const QString &S)
     {
@@ -167,14 +146,14 @@ public:
         ++Changes;
         Ensure(Caret.y());
         if (Length(Caret.y()) < Caret.x())
-            Store(Caret.y(), Line(Caret.y()).leftJustified(Caret.x()));
+            Store(Caret.y(), Lines[Caret.y()].leftJustified(Caret.x()));
         int Start = 0;
         for (int i = 0; i < S.size(); ++i) {
             if (!IsBreak(S[i]))
                 continue;
             const int x = SelStart.x(), y = SelStart.y();
-            Insert(y + 1, Line(y).mid(x));
-            Store(y, Line(y).left(x) + S.mid(Start, i - Start));
+            Insert(y + 1, Lines[y].mid(x));
+            Store(y, Lines[y].left(x) + S.mid(Start, i - Start));
             SelStart = SelEnd = {0, y + 1};
             SetLinePos(y + 1);
             SetCharPos(0);
@@ -182,9 +161,8 @@ public:
             Start = i + 1;
         }
         if (Start < S.size()) {
-            const QString Rest = S.mid(Start);
-            Store(SelStart.y(), Line(SelStart.y()).insert(SelStart.x(), Rest));
-            SetCharPos(Caret.x() + int(Rest.size()));
+            Store(SelStart.y(), Lines[SelStart.y()].insert(SelStart.x(), S.mid(Start)));
+            SetCharPos(Caret.x() + int(S.size()) - Start);
         }
         Record(AType, P0, Caret, P0, QString());
     }
@@ -196,8 +174,8 @@ public:
         const QPoint P0 = Caret;
         ++Changes;
         Ensure(Caret.y());
-        QString L = Line(Caret.y()).leftJustified(Caret.x());
-        if (S == QStringLiteral("\r")) {
+        QString L = Lines[Caret.y()].leftJustified(Caret.x());
+        if (S == "\r") {
             Enter(P0, L);
         } else {
             L.insert(Caret.x(), S);
@@ -215,13 +193,12 @@ public:
         SetCharPos(0);
         for (int y = Caret.y() - 1; y >= 0; --y) {
             int n = 0;
-            while (n < Length(y) && Line(y)[n] == u' ')
+            while (n < Length(y) && Lines[y][n] == u' ')
                 ++n;
             if (n == Length(y))
                 continue;
-            Store(Caret.y(), QString(n, u' ') + Line(Caret.y()));
-            SetCharPos(n);
-            return;
+            Store(Caret.y(), QString(n, u' ') + Lines[Caret.y()]);
+            return SetCharPos(n);
         }
     }
 
@@ -231,25 +208,20 @@ public:
             return {};
         const QPoint P0 = Caret;
         ++Changes;
-        Normalise();
-        if (Nothing())
-            return {};
-        ClampEnd();
-        if (SelStart.y() >= Count())
+        if (!TakeSelection())
             return {};
         if (SelStart.x() == ToLineEnd)
             SelStart.setX(Length(SelStart.y()));
         const QPoint From = SelStart;
-        const QString Rest = Line(SelEnd.y()).mid(SelEnd.x());
-        const QString S = Removed();
+        const QString S = Selected();
+        const QString Joined = Lines[From.y()].left(From.x()) + Lines[SelEnd.y()].mid(SelEnd.x());
         if (AType != TZtChangeType::ctNone)
             Record(AType, SelStart, SelEnd, P0, S);
-        const QString Head = Line(From.y()).left(From.x());
         for (int y = From.y(); y < SelEnd.y(); ++y)
             Remove(From.y());
         if (AType == TZtChangeType::ctCut)
             Clipboard = S;
-        Store(From.y(), Head + Rest);
+        Store(From.y(), Joined);
         SelEnd = SelStart;
         SetCharPos(From.x());
         SetLinePos(From.y());
@@ -259,26 +231,22 @@ public:
     // Of the line, as Backspace sees it: 1-based place of the first character that is no space.
     int Indentation(int ALine) const
     {
-        const QString L = Line(ALine);
-        if (L.isEmpty() || L[0] != u' ')
-            return 0;
+        const QString L = Lines.value(ALine);
         int i = 1;
         while (i < L.size() && L[i - 1] == u' ')
             ++i;
-        return i;
+        return L.startsWith(u' ') ? i : 0;
     }
 
     void Backspace()
     {
         Ensure(Caret.y());
-        QString L = Line(Caret.y());
+        QString L = Lines[Caret.y()];
         const int x = Caret.x(), y = Caret.y();
         if (x >= 1 && y >= 1) {
-            for (int k = y; k >= 1 && Blank(L.left(x)); --k) {
-                const int Column = Indentation(k);
-                if (Column > 0 && Column < x)
-                    return SetCharPos(Column - 1);
-            }
+            for (int k = y; k >= 1 && TrimRight(L.left(x)).isEmpty(); --k)
+                if (Indentation(k) > 0 && Indentation(k) < x)
+                    return SetCharPos(Indentation(k) - 1);
             if (L.size() < x)
                 return SetCharPos(int(L.size()));
         }
@@ -296,11 +264,10 @@ public:
             Ensure(Caret.y());
             SetCharPos(Length(Caret.y()));
         } else if (y > 0) {
-            const QString Above = Line(y - 1);
-            const int M = int(Above.size());
-            Record(TZtChangeType::ctDelete, {M, y - 1}, {0, y}, {0, y}, QStringLiteral("\r\n"));
+            const int M = Length(y - 1);
+            Record(TZtChangeType::ctDelete, {M, y - 1}, {0, y}, {0, y}, "\r\n");
             SetCharPos(M);
-            Store(y - 1, TrimRight(Above + L));
+            Store(y - 1, TrimRight(Lines[y - 1] + L));
             Remove(y);
             SetLinePos(y - 1);
         }
@@ -320,81 +287,30 @@ public:
         SetSelection(true);
     }
 
-    void AddCode(const QString &S) { InsertCode(Count(), 0, S); }
-
-    void InsertCode(int ALine, int AChar, const QString &S)
+    void SetText(QString S)
     {
-        SetLinePos(ALine);
-        SetCharPos(AChar);
-        InsertText(TZtChangeType::ctPaste, S);
-    }
-
-    void SetText(const QString &S)
-    {
-        QString Unix = S;
-        Unix.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
-        if (Unix.endsWith(u'\n'))
-            Unix.chop(1);
-        Lines = S.isEmpty() ? QStringList() : Unix.split(u'\n');
-        LinesEdited();
+        S.replace("\r\n", "\n").replace(u'\r', u'\n');
+        Lines = S.isEmpty() ? QStringList() : S.split(u'\n');
+        if (S.endsWith(u'\n'))
+            Lines.removeLast();
+        Edited();
         SelStart = SelEnd = {-1, -1};
         SetCharPos(0);
         SetLinePos(0);
     }
 
-    // --- selection and messages
-
-    QString GetSelected()
-    {
-        const bool Swap = Normalise();
-        if (Nothing())
-            return {};
-        ClampEnd();
-        const QString S = SelStart.y() < Count() ? Removed() : QString();
-        if (Swap)
-            std::swap(SelStart, SelEnd);
-        return S;
-    }
-
-    qint64 SelLength()
-    {
-        const bool Swap = Normalise();
-        qint64 n = 0;
-        if (!Nothing()) {
-            ClampEnd();
-            n = SelStart.y() < Count() ? Length(SelStart.y()) - SelStart.x() : 0;
-            for (int y = SelStart.y() + 1; y < SelEnd.y(); ++y)
-                n += Length(y);
-            if (SelEnd.y() > SelStart.y())
-                n += SelEnd.x();
-        }
-        if (Swap)
-            std::swap(SelStart, SelEnd);
-        return n;
-    }
-
-    void SelectWord()
-    {
-        const QString L = Line(Caret.y());
-        if (Caret.y() >= Count() || Caret.x() >= L.size())
-            return;
-        const auto Word = [&](int Index) {
-            return Index >= 1 && (IsAsciiWord(L[Index - 1]) || L[Index - 1] == u'_');
-        };
-        int E = Caret.x(), S = Caret.x();
-        while (E < L.size() && Word(E))
-            ++E;
-        while (S > 0 && Word(S))
-            --S;
-        if (E < L.size())
-            --E;
-        SetCharPos(E);
-        SelEnd.setX(S);
-        SelStart.setX(E);
-    }
+    // --- messages
 
     void Cut() { Clipboard = DeleteSelected(TZtChangeType::ctCut); }
-    void Copy() { Clipboard = GetSelected(); }
+
+    void Copy()
+    {
+        const QPoint Start = SelStart;
+        const bool Any = TakeSelection();
+        Clipboard = Any ? Selected() : QString();
+        if (Any && SelStart != Start)
+            std::swap(SelStart, SelEnd);
+    }
 
     void Paste()
     {
@@ -414,11 +330,11 @@ public:
         if (Cut || Item.GetChangeType() == TZtChangeType::ctDelete) {
             if (Start.y() >= Count())
                 return void(++Errors);
-            const QString L = Line(Start.y());
+            const QString L = Lines[Start.y()];
             const QString S = L.left(Start.x()) + Item.GetValue() + L.mid(Start.x());
             Remove(Start.y());
             int y = Start.y();
-            for (const QString &Piece : S.split(QStringLiteral("\r\n")))
+            for (const QString &Piece : S.split("\r\n"))
                 Insert(y++, Piece);
         } else {
             SelStart = Start;
@@ -437,17 +353,13 @@ public:
 
     void Key(quint16 AKey, bool ACtrl)
     {
-        const bool Navigation = AKey >= TZtKey::Prior && AKey <= TZtKey::Down &&
-                                AKey != TZtKey::End && AKey != TZtKey::Home;
+        const bool Navigation = AKey == TZtKey::Prior || AKey == TZtKey::Next ||
+                                (AKey >= TZtKey::Left && AKey <= TZtKey::Down);
         const int x = Caret.x(), y = Caret.y();
         if (Navigation)
             SetSelection(false);
         if (AKey == 'A' && ACtrl)
             SelectAll();
-        else if (AKey == TZtKey::Left && ACtrl)
-            WordLeft();
-        else if (AKey == TZtKey::Right && ACtrl)
-            WordRight();
         else if (AKey == TZtKey::Left && x > 0)
             SetCharPos(x - (PairAt(x - 2) ? 2 : 1));
         else if (AKey == TZtKey::Right && x < 500)
@@ -462,11 +374,10 @@ public:
             SetLinePos(y + VPage);
         else if (AKey == TZtKey::Delete)
             DeleteKey();
-        if (AKey == TZtKey::Home) {
+        else if (AKey == TZtKey::Home)
             SetCharPos(0);
-            if (ACtrl)
-                SetLinePos(0);
-        }
+        if (AKey == TZtKey::Home && ACtrl)
+            SetLinePos(0);
         if (AKey == TZtKey::End) {
             if (Shift)
                 SetSelection(false);
@@ -500,80 +411,6 @@ public:
         DeleteSelected(Shift ? TZtChangeType::ctCut : TZtChangeType::ctDelete);
     }
 
-    void WordRight()
-    {
-        if (Caret.y() >= Count())
-            return;
-        TReader R{Lines, Caret.x(), Caret.y(), Caret.x(), Line(Caret.y())};
-        ushort C = 0;
-        do
-            C = R.Forward();
-        while (TReader::Word(C));
-        do
-            C = R.Forward();
-        while (!TReader::Word(C) && C != 13);
-        if (C == 13 && R.Line == Count() - 1)
-            R.P = int(Lines.last().size()) + 1;
-        if (R.Line > Caret.y() && Caret.x() < Length(Caret.y())) {
-            R.Line = Caret.y();
-            R.P = Length(Caret.y()) + 1;
-        }
-        SetCharPos(R.P - 1);
-        SetLinePos(R.Line);
-    }
-
-    void WordLeft()
-    {
-        if (Caret.y() >= Count())
-            return;
-        TReader R{Lines, Caret.x(), Caret.y(), Caret.x(), Line(Caret.y())};
-        ushort C = 0;
-        do
-            C = R.Backward();
-        while (!TReader::Word(C) && C != 0 && R.Dry == 0);
-        if (R.Dry > 0) {
-            SetCharPos(0);
-            return SetLinePos(0);
-        }
-        int P = 0, y = 0;
-        do {
-            P = R.P;
-            y = R.Line;
-        } while (TReader::Word(R.Backward()));
-        if (y < Caret.y() && P < Length(y))
-            P = Length(y) + 1;
-        SetCharPos(P - 1);
-        SetLinePos(y);
-    }
-
-    // --- mouse
-
-    void MouseTo(int X, int Y)
-    {
-        SetCharPos(HPos + (X - Guttor) / CharWidth);
-        SetLinePos(VPos + Y / LineHeight);
-    }
-
-    void MouseDown(int X, int Y)
-    {
-        FButton = true;
-        FDrag = FDragSeen = false;
-        MouseTo(X, Y);
-    }
-
-    void MouseMove(int X, int Y)
-    {
-        if (!FButton)
-            return;
-        FDrag = true;
-        MouseTo(X, Y);
-        SetSelection(false);
-    }
-
-    void MouseUp() { FButton = FDrag = FDragSeen = false; }
-
-    void Wheel(int ADelta) { ScrollLines(VPos + (ADelta > 0 ? -WheelLines : WheelLines)); }
-
 private:
     static constexpr int ToLineEnd = std::numeric_limits<int>::max();
 
@@ -583,48 +420,5 @@ private:
             S.chop(1);
         return S;
     }
-
-    static bool Blank(const QString &S) { return TrimRight(S).isEmpty(); }
     static bool IsBreak(QChar C) { return C == u'\r' || C == u'\n'; }
-    static bool IsAsciiWord(QChar C)
-    {
-        return (C >= u'0' && C <= u'9') || (C >= u'A' && C <= u'Z') || (C >= u'a' && C <= u'z');
-    }
-
-    // The reader of the word jumps: 0 is the stop mark, 13 the mark of a line's end.
-    struct TReader {
-        const QStringList &Lines;
-        int Column;
-        int Line;
-        int P;
-        QString Text;
-        int Dry = 0; // reads above the first line
-
-        ushort Forward()
-        {
-            if (++P <= Text.size())
-                return Text[P - 1].unicode();
-            Text = Line < Lines.size() - 1 ? Lines[++Line] : QString();
-            P = 0;
-            return 13;
-        }
-
-        ushort Backward()
-        {
-            if (--P >= 1)
-                return P <= Text.size() ? Text[P - 1].unicode() : ushort(0);
-            if (Column > 0) {
-                P = 0;
-                return 0;
-            }
-            Dry += Line == 0;
-            Text = Line > 0 ? Lines[--Line] : QString();
-            P = int(Text.size()) + 1;
-            return 13;
-        }
-
-        static bool Word(ushort C) { return C > 255 || IsAsciiWord(QChar(C)); }
-    };
-
-    bool FButton = false, FDrag = false, FDragSeen = false;
 };
