@@ -20,6 +20,61 @@ const std::map<QString, std::pair<int, QString>> NamedKeys = {
     {"F11", {Qt::Key_F11, {}}},
 };
 
+void Point(QPointer<TZtCodeEdit> AEdit, const QString &AWhat, const QString &ACell,
+           Qt::KeyboardModifiers AModifiers)
+{
+    using enum QEvent::Type;
+    const int cell = AEdit->GetCharWidth(), pitch = AEdit->GetLineWidth();
+    const QPoint at(AEdit->RealGuttorWidth() + ACell.section(u',', 0, 0).toInt() * cell + cell / 2,
+                    ACell.section(u',', 1).toInt() * pitch + pitch / 2);
+    static const std::map<QString, QList<QEvent::Type>> gestures = {
+        {"press", {MouseButtonPress}},
+        {"move", {MouseMove}},
+        {"release", {MouseButtonRelease}},
+        {"click", {MouseButtonPress, MouseButtonRelease}},
+        {"right", {MouseButtonPress}},
+        {"double",
+         {MouseButtonPress, MouseButtonRelease, MouseButtonDblClick, MouseButtonRelease}}};
+    for (const QEvent::Type type : gestures.at(AWhat))
+        if (AEdit)
+            SendMouse(*AEdit, type, at, AWhat == "right" ? Qt::RightButton : Qt::LeftButton,
+                      AModifiers);
+}
+
+void Wheel(TZtCodeEdit *AEdit, int ADelta)
+{
+    QWheelEvent event(QPointF(50, 50), AEdit->mapToGlobal(QPointF(50, 50)), {}, {0, ADelta}, {}, {},
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(AEdit, &event);
+}
+
+void Key(TZtCodeEdit *AEdit, const QString &AName, Qt::KeyboardModifiers AModifiers)
+{
+    const auto named = NamedKeys.find(AName);
+    const int code = AName.size() == 1 ? AName[0].toUpper().unicode() : 0;
+    const auto &[key, text] = named == NamedKeys.end() ? std::pair(code, AName) : named->second;
+    QKeyEvent event(QEvent::KeyPress, key, AModifiers, text);
+    QCoreApplication::sendEvent(AEdit, &event);
+}
+
+void DoOne(QPointer<TZtCodeEdit> AEdit, const QString &AWord, Qt::KeyboardModifiers AModifiers)
+{
+    if (AWord.startsWith(u'#') && AWord.size() > 1)
+        ZtPostMessage(AEdit, AWord.mid(1).toUInt());
+    else if (AWord.startsWith(u"insert:"))
+        AEdit->InsertText(TZtChangeType::ctPaste, AWord.mid(7));
+    else if (AWord.startsWith(u"wheel"))
+        Wheel(AEdit, AWord.mid(5).toInt());
+    else if (AWord == u"paint")
+        AEdit->grab();
+    else if (AWord.contains(u'@') && AWord.size() > 1)
+        Point(AEdit, AWord.section(u'@', 0, 0), AWord.section(u'@', 1), AModifiers);
+    else
+        Key(AEdit, AWord, AModifiers);
+    if (AEdit)
+        QCoreApplication::sendPostedEvents(AEdit);
+}
+
 } // namespace
 
 TMarkedEditor::TMarkedEditor()
@@ -112,7 +167,7 @@ QString TMarkedEditor::MarkedCaret() const
     return Mark(caret, caret);
 }
 
-void TMarkedEditor::Do(const QString &AWords)
+void DoInEditor(QPointer<TZtCodeEdit> AEdit, const QString &AWords)
 {
     for (QString word : AWords.split(u' ', Qt::SkipEmptyParts)) {
         Qt::KeyboardModifiers modifiers;
@@ -127,67 +182,22 @@ void TMarkedEditor::Do(const QString &AWords)
         const int times = star > 0 ? word.sliced(star + 1).toInt() : 1;
         if (star > 0)
             word.truncate(star);
-        for (int i = 0; i < times; ++i)
-            DoOne(word, modifiers);
+        for (int i = 0; i < times && AEdit; ++i)
+            DoOne(AEdit, word, modifiers);
     }
 }
 
-void TMarkedEditor::DoOne(const QString &AWord, Qt::KeyboardModifiers AModifiers)
+void SendMouse(TZtCodeEdit &AEdit, QEvent::Type AType, QPoint AAt, Qt::MouseButton AButton,
+               Qt::KeyboardModifiers AModifiers)
 {
-    if (AWord.startsWith(u'#') && AWord.size() > 1)
-        return Send(AWord.mid(1).toUInt());
-    if (AWord.startsWith(u"insert:"))
-        return Edit.InsertText(TZtChangeType::ctPaste, AWord.mid(7));
-    if (AWord.startsWith(u"wheel"))
-        return Wheel(AWord.mid(5).toInt());
-    if (AWord.contains(u'@') && AWord.size() > 1)
-        return Point(AWord.section(u'@', 0, 0), AWord.section(u'@', 1), AModifiers);
-    const auto named = NamedKeys.find(AWord);
-    const int code = AWord.size() == 1 ? AWord[0].toUpper().unicode() : 0;
-    const auto &[key, text] = named == NamedKeys.end() ? std::pair(code, AWord) : named->second;
-    QKeyEvent event(QEvent::KeyPress, key, AModifiers, text);
-    QCoreApplication::sendEvent(&Edit, &event);
-    QCoreApplication::sendPostedEvents(&Edit);
-}
-
-void TMarkedEditor::Point(const QString &AWhat, const QString &ACell,
-                          Qt::KeyboardModifiers AModifiers)
-{
-    using enum QEvent::Type;
-    const int cell = Edit.GetCharWidth(), pitch = Edit.GetLineWidth();
-    const QPoint at(Edit.RealGuttorWidth() + ACell.section(u',', 0, 0).toInt() * cell + cell / 2,
-                    ACell.section(u',', 1).toInt() * pitch + pitch / 2);
-    static const std::map<QString, QList<QEvent::Type>> gestures = {
-        {"press", {MouseButtonPress}},
-        {"move", {MouseMove}},
-        {"release", {MouseButtonRelease}},
-        {"click", {MouseButtonPress, MouseButtonRelease}},
-        {"right", {MouseButtonPress}},
-        {"double",
-         {MouseButtonPress, MouseButtonRelease, MouseButtonDblClick, MouseButtonRelease}}};
-    for (const QEvent::Type type : gestures.at(AWhat))
-        Mouse(type, at, AWhat == "right" ? Qt::RightButton : Qt::LeftButton, AModifiers);
+    QMouseEvent event(AType, AAt, AEdit.mapToGlobal(QPointF(AAt)),
+                      AType == QEvent::MouseMove ? Qt::NoButton : AButton,
+                      AType == QEvent::MouseButtonRelease ? Qt::NoButton : AButton, AModifiers);
+    QCoreApplication::sendEvent(&AEdit, &event);
 }
 
 void TMarkedEditor::Send(quint32 AMsg, quint64 AWParam)
 {
     ZtPostMessage(&Edit, AMsg, AWParam);
     QCoreApplication::sendPostedEvents(&Edit);
-}
-
-void TMarkedEditor::Mouse(QEvent::Type AType, QPoint AAt, Qt::MouseButton AButton,
-                          Qt::KeyboardModifiers AModifiers)
-{
-    QMouseEvent event(AType, AAt, Edit.mapToGlobal(QPointF(AAt)),
-                      AType == QEvent::MouseMove ? Qt::NoButton : AButton,
-                      AType == QEvent::MouseButtonRelease ? Qt::NoButton : AButton, AModifiers);
-    QCoreApplication::sendEvent(&Edit, &event);
-    QCoreApplication::sendPostedEvents(&Edit);
-}
-
-void TMarkedEditor::Wheel(int ADelta)
-{
-    QWheelEvent event(QPointF(50, 50), Edit.mapToGlobal(QPointF(50, 50)), {}, {0, ADelta}, {}, {},
-                      Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(&Edit, &event);
 }

@@ -3,9 +3,20 @@
 #include "uZtCodeEdit.h"
 #include "uZtPlatform.h"
 
+#include <QPointer>
+
 #include <gtest/gtest.h>
 
 #include <ostream>
+
+/// Does what a user and a host do, in words: "Shift+Right*3 Enter a Ctrl+Z" are keys, "#772" is a
+/// message, "click@2,0" a click into column 2 of the view's line 0 (also "press@", "move@",
+/// "release@", "double@", "right@"), "wheel-120" the wheel, "insert:x" an `InsertText` of the rest
+/// of the word, "paint" a paint. Ends early when the editor is deleted.
+void DoInEditor(QPointer<TZtCodeEdit> AEdit, const QString &AWords);
+
+void SendMouse(TZtCodeEdit &AEdit, QEvent::Type AType, QPoint AAt,
+               Qt::MouseButton AButton = Qt::LeftButton, Qt::KeyboardModifiers AModifiers = {});
 
 /// An editor of fixed size in a shown window, with the desktop's services replaced.
 ///
@@ -31,22 +42,13 @@ public:
     QString Marked() const { return Mark(Edit.GetSelEnd(), Edit.GetSelStart()); }
     QString MarkedCaret() const; ///< the caret alone
     QStringList Lines() const;
-    /// Does what a user and a host do, in words: "Shift+Right*3 Enter a Ctrl+Z" are keys, "#772" is
-    /// a message, "click@2,0" a click into column 2 of the view's line 0 (also "press@", "move@",
-    /// "release@", "double@", "right@"), "wheel-120" the wheel, "insert:x" an `InsertText` of the
-    /// rest of the word.
-    void Do(const QString &AWords);
+    void Do(const QString &AWords) { DoInEditor(&Edit, AWords); }
     void Send(quint32 AMsg, quint64 AWParam = 0);
-    void Mouse(QEvent::Type AType, QPoint AAt, Qt::MouseButton AButton = Qt::LeftButton,
-               Qt::KeyboardModifiers AModifiers = {});
-    void Wheel(int ADelta);
 
     bool eventFilter(QObject *AWatched, QEvent *AEvent) override;
 
 private:
     QString Mark(QPoint AAnchor, QPoint AEnd) const;
-    void DoOne(const QString &AWord, Qt::KeyboardModifiers AModifiers);
-    void Point(const QString &AWhat, const QString &ACell, Qt::KeyboardModifiers AModifiers);
 };
 
 inline void PrintTo(const QString &S, std::ostream *AStream)

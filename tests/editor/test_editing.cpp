@@ -349,7 +349,7 @@ TEST_F(TEditing, ARightClickOpensTheMenu)
     QMenu menu;
     menu.addAction("x");
     Edit.SetPopupMenu(&menu);
-    Rig.Mouse(QEvent::MouseButtonPress, QPoint(40, 10), Qt::RightButton);
+    SendMouse(Edit, QEvent::MouseButtonPress, QPoint(40, 10), Qt::RightButton);
     EXPECT_TRUE(menu.isVisible());
     EXPECT_EQ(menu.pos(), Edit.mapToGlobal(QPoint(40, 10)));
     menu.close();

@@ -10,6 +10,12 @@
 namespace {
 
 struct TCountingEdit : TZtCodeEdit {
+    TCountingEdit(int AWidth, int AHeight)
+    {
+        resize(AWidth, AHeight);
+        show();
+        Painted();
+    }
     void Paint() override
     {
         ++Paints;
@@ -24,13 +30,6 @@ struct TCountingEdit : TZtCodeEdit {
     int Paints = 0;
 };
 
-void ShowAt(TZtCodeEdit &AEditor, int AWidth, int AHeight)
-{
-    AEditor.resize(AWidth, AHeight);
-    AEditor.show();
-    QCoreApplication::processEvents();
-}
-
 bool IsPlain(const TZtLangParser *AParser)
 {
     return AParser->metaObject() == &TZtLangParser::staticMetaObject;
@@ -40,22 +39,20 @@ bool IsPlain(const TZtLangParser *AParser)
 
 TEST(Properties, Defaults)
 {
-    const TZtCodeEdit editor;
+    using TControl = TCustomControl;
+    TZtCodeEdit editor;
     const auto shown = TZtCodeOption::coShowGuttor | TZtCodeOption::coShowRightMargin;
-    const struct {
-        const char *Name;
-        QVariant Value;
-    } rows[] = {
-        {"BevelEdges", QVariant::fromValue(TCustomControl::TBevelEdges(0xF))},
-        {"BevelInner", QVariant::fromValue(TCustomControl::TBevelCut::bvRaised)},
-        {"BevelOuter", QVariant::fromValue(TCustomControl::TBevelCut::bvLowered)},
-        {"BevelKind", QVariant::fromValue(TCustomControl::TBevelKind::bkNone)},
+    const auto anchors = TControl::TAnchorKind::akLeft | TControl::TAnchorKind::akTop;
+    const std::pair<const char *, QVariant> rows[] = {
+        {"BevelEdges", QVariant::fromValue(TControl::TBevelEdges(0xF))},
+        {"BevelInner", QVariant::fromValue(TControl::TBevelCut::bvRaised)},
+        {"BevelOuter", QVariant::fromValue(TControl::TBevelCut::bvLowered)},
+        {"BevelKind", QVariant::fromValue(TControl::TBevelKind::bkNone)},
         {"BevelWidth", 1},
         {"BorderStyle", QVariant::fromValue(TBorderStyle::bsSingle)},
         {"Ctl3D", true},
-        {"Align", QVariant::fromValue(TCustomControl::TAlign::alNone)},
-        {"Anchors", QVariant::fromValue(TCustomControl::TAnchorKind::akLeft |
-                                        TCustomControl::TAnchorKind::akTop)},
+        {"Align", QVariant::fromValue(TControl::TAlign::alNone)},
+        {"Anchors", QVariant::fromValue(anchors)},
         {"Width", 100},
         {"Height", 100},
         {"GuttorWidth", 20},
@@ -74,117 +71,110 @@ TEST(Properties, Defaults)
         {"Text", QString()},
         {"ParserLineNr", 0},
         {"Modified", false},
+        {"Lines", QVariant::fromValue(editor.GetLines())},
+        {"Parser", QVariant::fromValue(editor.GetParser())},
     };
-    for (const auto &row : rows) {
-        EXPECT_EQ(editor.property(row.Name), row.Value) << row.Name;
-        const int index = editor.metaObject()->indexOfProperty(row.Name);
-        ASSERT_GE(index, 0) << row.Name;
-        EXPECT_TRUE(editor.metaObject()->property(index).isWritable()) << row.Name;
+    for (const auto &[name, value] : rows) {
+        EXPECT_EQ(editor.property(name), value) << name;
+        const int index = editor.metaObject()->indexOfProperty(name);
+        EXPECT_TRUE(editor.metaObject()->property(index).isWritable()) << name;
     }
     const auto font = editor.property("Font").value<QFont>();
-    EXPECT_EQ(font.family().toLower(), QStringLiteral("courier new"));
+    EXPECT_EQ(font.family().toLower(), QString("courier new"));
     EXPECT_EQ(font.pointSize(), 10);
-    EXPECT_EQ(editor.property("Lines").value<TStringList *>(), editor.GetLines());
-    EXPECT_TRUE(IsPlain(editor.property("Parser").value<TZtLangParser *>()));
+    EXPECT_TRUE(IsPlain(editor.GetParser()));
     EXPECT_TRUE(editor.focusPolicy() & Qt::TabFocus);
-    EXPECT_EQ(int(TZtLineKind::lkHidden), 4);
+    for (const int lines : {-1, 0, 1, 7}) {
+        ZtPlatform().WheelLines = [lines] { return lines; };
+        EXPECT_EQ(TZtCodeEdit().GetScollLines(), lines < 1 ? 3 : lines);
+    }
+    ZtPlatform() = ZtDefaultPlatform();
 }
 
 TEST(Properties, WhichSettersAskForAPaint)
 {
-    TCountingEdit editor;
-    ShowAt(editor, 300, 200);
+    TCountingEdit editor(300, 200);
     QMenu menu;
     TZtLangParser parser;
-    const struct {
-        const char *Name;
-        std::function<void()> Set;
-        bool Paints;
-    } rows[] = {
-        {"GuttorWidth", [&] { editor.SetGuttorWidth(50); }, false},
-        {"BorderStyle", [&] { editor.SetBorderStyle(TBorderStyle::bsNone); }, false},
-        {"PopupMenu", [&] { editor.SetPopupMenu(&menu); }, false},
-        {"TabIndentSize", [&] { editor.SetTabIndentSize(4); }, false},
-        {"ParserLineNr", [&] { editor.SetParserLineNr(3); }, false},
-        {"OnChange", [&] { editor.SetOnChange([](QObject *) {}); }, false},
-        {"RightMargin", [&] { editor.SetRightMargin(70); }, true},
-        {"RightMarginColor", [&] { editor.SetRightMarginColor(clRed); }, true},
-        {"ReadOnly", [&] { editor.SetReadOnly(true); }, true},
-        {"Parser", [&] { editor.SetParser(&parser); }, true},
-        {"the same Parser", [&] { editor.SetParser(&parser); }, false},
-        {"scrolling", [&] { editor.GetVScrollBar()->SetPosition(1); }, true},
-        {"a line", [&] { editor.GetLines()->Add(QStringLiteral("a")); }, true},
+    const std::pair<bool, std::function<void()>> rows[] = {
+        {false, [&] { editor.SetGuttorWidth(50); }},
+        {false, [&] { editor.SetBorderStyle(TBorderStyle::bsNone); }},
+        {false, [&] { editor.SetPopupMenu(&menu); }},
+        {false, [&] { editor.SetTabIndentSize(4); }},
+        {false, [&] { editor.SetParserLineNr(3); }},
+        {false, [&] { editor.SetOnChange([](QObject *) {}); }},
+        {true, [&] { editor.SetRightMargin(70); }},
+        {true, [&] { editor.SetRightMarginColor(clRed); }},
+        {true, [&] { editor.SetReadOnly(true); }},
+        {true, [&] { editor.SetParser(&parser); }},
+        {false, [&] { editor.SetParser(&parser); }},
+        {true, [&] { editor.GetVScrollBar()->SetPosition(1); }},
+        {true, [&] { editor.GetLines()->Add("a"); }},
+        {true, [&] { editor.SetOptions(TZtCodeOption::coCanCollapse); }},
     };
     const QRect bar = editor.GetHScrollBar()->geometry();
-    EXPECT_TRUE(editor.Painted());
-    for (const auto &row : rows) {
-        row.Set();
-        EXPECT_EQ(editor.Painted(), row.Paints) << row.Name;
-        EXPECT_TRUE(editor.GetHScrollBar()->geometry() == bar || row.Paints) << row.Name;
+    for (const auto &[paints, set] : rows) {
+        set();
+        EXPECT_TRUE(paints || editor.GetHScrollBar()->geometry() == bar);
+        EXPECT_EQ(editor.Painted(), paints) << &set - &rows[0].second;
     }
     EXPECT_EQ(editor.GetGuttorWidth(), 50);
-    EXPECT_EQ(editor.GetBorderStyle(), TBorderStyle::bsNone);
     EXPECT_EQ(editor.GetPopupMenu(), &menu);
     EXPECT_EQ(editor.GetParserLineNr(), 3);
-    EXPECT_TRUE(editor.GetReadOnly());
 }
 
+// The two switches only ever switch on.
 TEST(Properties, OptionsAndTheirSwitches)
 {
-    TCountingEdit editor;
-    ShowAt(editor, 300, 200);
+    TCountingEdit editor(300, 200);
     editor.SetShowGuttor(false);
-    editor.SetShowRightMargin(false);
-    EXPECT_TRUE(editor.GetShowGuttor());
-    EXPECT_TRUE(editor.GetShowRightMargin());
-
-    EXPECT_TRUE(editor.Painted());
+    EXPECT_TRUE(editor.GetShowGuttor() && editor.GetShowRightMargin());
     editor.SetOptions(TZtCodeOption::coCanCollapse);
-    EXPECT_TRUE(editor.Painted());
-    EXPECT_FALSE(editor.GetShowGuttor());
-    EXPECT_FALSE(editor.GetShowRightMargin());
+    EXPECT_FALSE(editor.GetShowGuttor() || editor.GetShowRightMargin());
     EXPECT_EQ(editor.RealGuttorWidth(), 0);
     EXPECT_EQ(editor.GetGuttorWidth(), 20);
     EXPECT_EQ(editor.GetHScrollBar()->x(), 0);
-
     editor.SetShowRightMargin(false);
     EXPECT_EQ(editor.GetOptions(), TZtCodeOption::coCanCollapse | TZtCodeOption::coShowRightMargin);
     editor.SetShowGuttor(false);
     EXPECT_EQ(int(editor.GetOptions()), 7);
-    EXPECT_EQ(editor.RealGuttorWidth(), 20);
     EXPECT_EQ(editor.GetHScrollBar()->x(), 20);
 }
 
-TEST(Properties, ParserOwnership)
+TEST(Properties, WhoseTheParserIs)
 {
-    QPointer<TZtLangParser> host = new TZtLangParser;
-    QPointer<TZtLangParser> replaced = new TZtLangParser;
+    QPointer<TZtLangParser> host = new TZtLangParser, replaced = new TZtLangParser;
     auto *editor = new TZtCodeEdit;
-    editor->GetLines()->Add(QStringLiteral("a"));
+    const auto isOwn = [editor](const TZtLangParser *parser) {
+        return IsPlain(parser) && parser->parent() == editor;
+    };
+    editor->GetLines()->Add("a");
     QPointer<TZtLangParser> own = editor->GetParser();
-    EXPECT_TRUE(IsPlain(own));
-    EXPECT_EQ(own->parent(), editor);
-    EXPECT_EQ(editor->GetParser(), own);
-
+    EXPECT_TRUE(isOwn(own) && editor->GetParser() == own);
     editor->SetParser(replaced);
     EXPECT_FALSE(own);
     editor->Paint();
     editor->SetParser(host);
-    EXPECT_EQ(editor->GetParser(), host);
     EXPECT_TRUE(replaced);
+    editor->Notification(host, TOperation::opInsert);
+    EXPECT_EQ(editor->GetParser(), host);
     editor->SetParser(nullptr);
-    EXPECT_TRUE(host);
     own = editor->GetParser();
-    EXPECT_TRUE(IsPlain(own) && own->parent() == editor);
-
+    EXPECT_TRUE(host && isOwn(own));
     // One that was created with the editor as its owner belongs to it, whoever created it.
     QPointer<TZtLangParser> given = new TZtLangParser(editor);
     editor->SetParser(given);
     EXPECT_FALSE(own);
-    editor->SetParser(host);
+    editor->SetParser(new TZtLangParser);
     EXPECT_FALSE(given);
-
+    delete editor->GetParser();
+    EXPECT_TRUE(isOwn(editor->GetParser()));
+    editor->SetParser(host);
     editor->Paint();
+    editor->SetPopupMenu(new QMenu);
+    delete editor->GetPopupMenu();
+    EXPECT_EQ(editor->GetPopupMenu(), nullptr);
+    editor->SetPopupMenu(new QMenu(editor));
     delete editor;
     ASSERT_TRUE(host && replaced);
     for (TZtLangParser *parser : {host.data(), replaced.data()}) {
@@ -194,33 +184,11 @@ TEST(Properties, ParserOwnership)
     }
 }
 
-TEST(Properties, RemovedComponentsAreForgotten)
-{
-    TZtCodeEdit editor;
-    auto *parser = new TZtLangParser;
-    auto *menu = new QMenu;
-    editor.SetParser(parser);
-    editor.SetPopupMenu(menu);
-    editor.Notification(parser, TOperation::opInsert);
-    EXPECT_EQ(editor.GetParser(), parser);
-    delete menu;
-    EXPECT_EQ(editor.GetPopupMenu(), nullptr);
-    delete parser;
-    ASSERT_NE(editor.GetParser(), nullptr);
-    EXPECT_EQ(editor.GetParser()->parent(), &editor);
-    editor.Paint();
-
-    // Removed with the editor itself, as its child.
-    auto *owner = new TZtCodeEdit;
-    owner->SetPopupMenu(new QMenu(owner));
-    delete owner;
-}
-
 TEST(Properties, ModifiedAndLoaded)
 {
     TZtCodeEdit editor;
     editor.BeginLoading();
-    editor.GetLines()->Add(QStringLiteral("a"));
+    editor.GetLines()->Add("a");
     EXPECT_TRUE(editor.GetModified());
     editor.Loaded();
     EXPECT_FALSE(editor.GetModified());
@@ -229,10 +197,8 @@ TEST(Properties, ModifiedAndLoaded)
     editor.GetLines()->SetObjects(0, 5);
     EXPECT_TRUE(editor.GetModified());
     editor.SetModified(false);
-    EXPECT_FALSE(editor.GetModified());
     editor.GetLines()->Clear();
     EXPECT_TRUE(editor.GetModified());
-
     int changes = 0;
     editor.SetOnChange([&](QObject *sender) { changes += sender == &editor; });
     editor.Changed();
@@ -240,6 +206,9 @@ TEST(Properties, ModifiedAndLoaded)
     bool collapsed = true;
     EXPECT_FALSE(editor.IsLineCollapse(0, collapsed));
     EXPECT_TRUE(collapsed);
+    TZtCodeList shell;
+    shell.SetStrings(0, "a");
+    EXPECT_EQ(shell.GetStrings(0), QString());
 }
 
 TEST(Layout, BarsRangesAndPages)
@@ -253,23 +222,18 @@ TEST(Layout, BarsRangesAndPages)
         TZtCodeEdit editor;
         if (!row.Guttor)
             editor.SetOptions({});
-        ShowAt(editor, row.Width, row.Height);
-        const TScrollBar &across = *editor.GetHScrollBar();
-        const TScrollBar &down = *editor.GetVScrollBar();
-        const int g = row.Guttor ? 20 : 0;
-        const int h = across.height();
-        const int cell = editor.GetCharWidth();
-        const int pitch = editor.GetLineWidth();
-        EXPECT_EQ(across.orientation(), Qt::Horizontal);
-        EXPECT_EQ(down.orientation(), Qt::Vertical);
+        editor.resize(row.Width, row.Height);
+        editor.show();
+        QCoreApplication::processEvents();
+        const TScrollBar &across = *editor.GetHScrollBar(), &down = *editor.GetVScrollBar();
+        const int g = row.Guttor ? 20 : 0, h = across.height();
+        const int cell = editor.GetCharWidth(), pitch = editor.GetLineWidth();
         EXPECT_EQ(across.geometry(), QRect(g, row.Height - h, row.Width - h - g, h));
         EXPECT_EQ(down.geometry(), QRect(row.Width - h, 0, h, row.Height - h));
         EXPECT_EQ(across.focusPolicy() | down.focusPolicy(), Qt::NoFocus);
-        EXPECT_EQ(across.GetMax(), 500);
         EXPECT_EQ(across.GetPageSize(), (row.Width - g - h - cell) / cell);
         EXPECT_EQ(down.GetPageSize(), (row.Height - h - pitch) / pitch);
         EXPECT_EQ(down.GetLargeChange(), qMax(down.GetPageSize(), 0));
-
         editor.Paint();
         EXPECT_EQ(across.GetPageSize(), (row.Width - h - g) / cell - 1);
         for (int count = 1; count < 4; ++count) {
@@ -282,46 +246,27 @@ TEST(Layout, BarsRangesAndPages)
 
 TEST(Layout, TheFontIsMeasuredAtTheNextPaint)
 {
-    TZtCodeEdit editor;
-    ShowAt(editor, 400, 300);
-    const int cell = editor.GetCharWidth();
-    const int pitch = editor.GetLineWidth();
+    TCountingEdit editor(400, 300);
+    const int cell = editor.GetCharWidth(), pitch = editor.GetLineWidth();
     QFont font = editor.GetFont();
     font.setPointSize(24);
     editor.SetFont(font);
     EXPECT_EQ(editor.GetCharWidth(), cell);
     editor.Paint();
-    EXPECT_GT(editor.GetCharWidth(), cell);
-    EXPECT_GT(editor.GetLineWidth(), pitch);
     EXPECT_EQ(editor.GetCharWidth(), QFontMetrics(font).horizontalAdvance(u'X'));
+    EXPECT_GT(editor.GetLineWidth(), pitch);
     editor.SetLineWidth(40);
     EXPECT_EQ(editor.GetVScrollBar()->GetPageSize(),
               (300 - editor.GetHScrollBar()->height() - 40) / 40);
 }
 
-TEST(Properties, WheelLinesComeFromTheSystem)
-{
-    for (const int lines : {-1, 0, 1, 7}) {
-        ZtPlatform().WheelLines = [lines] { return lines; };
-        EXPECT_EQ(TZtCodeEdit().GetScollLines(), lines < 1 ? 3 : lines);
-    }
-    ZtPlatform() = ZtDefaultPlatform();
-}
-
-TEST(Properties, TheListShellStoresNothing)
-{
-    TZtCodeList list;
-    list.SetStrings(0, QStringLiteral("a"));
-    EXPECT_EQ(list.GetStrings(0), QString());
-}
-
 TEST(Properties, TheRegistryCreatesByName)
 {
     QWidget form;
-    QObject *made = ZtCreateObject(QStringLiteral("TZtCodeEdit"), &form);
-    ASSERT_NE(qobject_cast<TZtCodeEdit *>(made), nullptr);
-    EXPECT_EQ(made->parent(), &form);
     QObject noWidget;
-    EXPECT_EQ(ZtCreateObject(QStringLiteral("TZtCodeEdit"), &noWidget), nullptr);
-    EXPECT_EQ(ZtCreateObject(QStringLiteral("TNoSuchClass"), &form), nullptr);
+    const QObject *made = ZtCreateObject("TZtCodeEdit", &form);
+    ASSERT_NE(qobject_cast<const TZtCodeEdit *>(made), nullptr);
+    EXPECT_EQ(made->parent(), &form);
+    EXPECT_EQ(ZtCreateObject("TZtCodeEdit", &noWidget), nullptr);
+    EXPECT_EQ(ZtCreateObject("TNoSuchClass", &form), nullptr);
 }
