@@ -181,7 +181,6 @@ TEST(Handlers, MayDoWhatTheyLike)
             for (const auto &[action, act] : Actions)
                 for (int at = 1; at <= 2; ++at) {
                     SCOPED_TRACE(testing::Message() << doing << ", " << callback << ", " << action);
-                    SCOPED_TRACE(testing::Message() << doing << ", " << callback << ", " << action);
                     TVictim victim(prepare);
                     if (CallsIn(victim, doing, install, at, [&] { act(victim); }) < at)
                         break;

