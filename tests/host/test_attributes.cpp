@@ -1,20 +1,8 @@
 #include "FileStore.h"
+#include "session.h"
 
-#include "uZtException.h"
-#include "uZtStringStream.h"
-
-#include <QFile>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
-
-#include <cerrno>
-#include <cstring>
-
-#include <fcntl.h>
 #include <grp.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
@@ -22,188 +10,143 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr uid_t Self = uid_t(-1);
 constexpr uid_t Nobody = 65534;
 constexpr char AccessList[] = "system.posix_acl_access";
 constexpr char DefaultList[] = "system.posix_acl_default";
 
-// A POSIX access control list as the system stores it.
-struct TEntry {
-    quint16 Tag;
-    quint16 Permissions;
-    quint32 Id = 0xFFFFFFFF;
-};
-constexpr quint16 Owner = 1, User = 2, OwnGroup = 4, Mask = 16, Other = 32;
-
-QByteArray List(std::initializer_list<TEntry> AEntries)
+// A POSIX access control list as the system stores it: what the owner, user 1000, the group, the
+// mask and others may do.
+QByteArray List(const QString &APermissions)
 {
+    static constexpr quint16 tags[] = {1, 2, 4, 16, 32};
     QByteArray list("\2\0\0\0", 4);
-    for (const TEntry &entry : AEntries)
-        list.append(reinterpret_cast<const char *>(&entry), sizeof entry);
+    for (qsizetype i = 0; i < APermissions.size(); ++i) {
+        const quint16 entry[] = {tags[i], quint16(APermissions[i].digitValue())};
+        const quint32 id = tags[i] == 2 ? 1000 : 0xFFFFFFFF;
+        list.append(reinterpret_cast<const char *>(entry), sizeof entry);
+        list.append(reinterpret_cast<const char *>(&id), sizeof id);
+    }
     return list;
 }
 
-bool Set(const char *APath, const char *AName, const QByteArray &AValue)
-{
-    return setxattr(APath, AName, AValue.constData(), size_t(AValue.size()), 0) == 0;
-}
-
-// All that a save is to keep.
-std::string Attributes(const char *APath)
-{
-    struct stat status = {};
-    stat(APath, &status);
-    char text[80];
-    std::snprintf(text, sizeof text, "%o %u:%u, %u names", unsigned(status.st_mode), status.st_uid,
-                  status.st_gid, unsigned(status.st_nlink));
-    std::string all = text;
-    char names[1000];
-    const ssize_t size = listxattr(APath, names, sizeof names);
-    for (const char *name = names; name < names + size; name += strlen(name) + 1) {
-        char value[1000];
-        const ssize_t length = getxattr(APath, name, value, sizeof value);
-        all += std::string("\n") + name + "=" +
-               QByteArray(value, qMax<ssize_t>(length, 0)).toHex().toStdString();
+// In more words: the file "a" gets an "owner:user=group", a "note", a "list:permissions" or its
+// folder a "default:permissions"; "nobody" saves from then on; "now" remembers what a save is to
+// keep, and "then" tells whether it did and whether it is the same file.
+class TAttributes : public THostSession {
+public:
+    TAttributes()
+    {
+        chmod(Folder.path().toLocal8Bit().constData(), 0777);
+        Words[u"owner"_s] = [this](const QString &owner) {
+            Check(chown(Local(u"a"_s).constData(), owner.section(u'=', 0, 0).toUInt(),
+                        owner.section(u'=', 1).toUInt()));
+        };
+        Words[u"note"_s] = [this](const QString &) { Set(u"a"_s, "user.note", "a"); };
+        Words[u"list"_s] = [this](const QString &list) { Set(u"a"_s, AccessList, List(list)); };
+        Words[u"default"_s] = [this](const QString &list) { Set(u"."_s, DefaultList, List(list)); };
+        Words[u"nobody"_s] = [this](const QString &) {
+            Check(setgroups(0, nullptr) | setresgid(Nobody, Nobody, 0) |
+                  setresuid(Nobody, Nobody, 0));
+        };
+        Words[u"now"_s] = [this](const QString &) {
+            FInode = Status(u"a"_s).st_ino;
+            FBefore = All(u"a"_s);
+        };
+        Words[u"then"_s] = [this](const QString &) {
+            Say(FBefore == All(u"a"_s) ? u"kept"_s : u"changed"_s);
+            Say(FInode == Status(u"a"_s).st_ino ? u"inplace"_s : u"replaced"_s);
+        };
+        Words[u"may"_s] = [this](const QString &) { Say(!ZtMayOnlyReplace(Path(u"a"_s))); };
     }
-    return all;
-}
-
-// What a save as that user answers.
-std::string Save(const QString &APath, uid_t AUser)
-{
-    int ends[2];
-    if (pipe(ends) != 0)
-        return "no pipe";
-    const pid_t child = fork();
-    if (child == 0) {
-        std::string answer = "not that user";
-        try {
-            if (AUser == Self ||
-                (setgroups(0, nullptr) == 0 && setgid(AUser) == 0 && setuid(AUser) == 0)) {
-                answer = ZtMayOnlyReplace(APath) ? "replaced: " : "";
-                answer += ZtSaveFile(APath, "new").join(u", "_s).toStdString();
-            }
-        } catch (const EZtException &error) {
-            answer = error.what();
+    ~TAttributes()
+    {
+        if (setresuid(0, 0, 0) | setresgid(0, 0, 0))
+            return; // never another user
+    }
+    // All that a save is to keep.
+    QString All(const QString &AName) const
+    {
+        const struct stat status = Status(AName);
+        QString all = u"%1 %2:%3, %4 names"_s.arg(status.st_mode, 0, 8)
+                          .arg(status.st_uid)
+                          .arg(status.st_gid)
+                          .arg(status.st_nlink);
+        for (const char *name : {"user.note", AccessList, DefaultList}) {
+            char value[1000];
+            const ssize_t size = getxattr(Local(AName).constData(), name, value, sizeof value);
+            all += u' ' + QString::fromLatin1(QByteArray(value, qMax<ssize_t>(size, 0)).toHex());
         }
-        _exit(write(ends[1], answer.data(), answer.size()) != ssize_t(answer.size()));
+        return all;
     }
-    close(ends[1]);
-    char answer[1000];
-    const ssize_t size = read(ends[0], answer, sizeof answer);
-    close(ends[0]);
-    int status = 0;
-    waitpid(child, &status, 0);
-    return status == 0 ? std::string(answer, size_t(size)) : "the child died";
-}
 
-struct TRow {
-    const char *Name;
-    bool (*SetUp)(const char *APath);
-    uid_t Saver;
-    bool InPlace;
-    // What is lost, and the mode then; none when all is kept.
-    const char *Lost = "";
-    mode_t Mode = 0;
-};
+private:
+    struct stat Status(const QString &AName) const
+    {
+        struct stat status = {};
+        stat(Local(AName).constData(), &status);
+        return status;
+    }
+    void Check(int AAnswer)
+    {
+        if (AAnswer != 0)
+            Say(qt_error_string());
+    }
+    void Set(const QString &AFile, const char *AName, const QByteArray &AValue)
+    {
+        Check(setxattr(Local(AFile).constData(), AName, AValue.constData(), size_t(AValue.size()),
+                       0));
+    }
 
-const QByteArray KeepsTheGroupOut =
-    List({{Owner, 6}, {User, 6, 1000}, {OwnGroup, 0}, {Mask, 6}, {Other, 0}});
-
-const TRow Rows[] = {
-    {"Mode", [](const char *path) { return chmod(path, 0604) == 0; }, Self, false},
-    {"List", [](const char *path) { return Set(path, AccessList, KeepsTheGroupOut); }, Self, false},
-    {"Attribute", [](const char *path) { return Set(path, "user.note", "a"); }, Self, false},
-    {"OwnerAndSetUid",
-     [](const char *path) { return chown(path, 1000, 1001) == 0 && chmod(path, 06755) == 0; }, Self,
-     false},
-    {"HardLink",
-     [](const char *path) {
-         return link(path, QByteArray(path).append("2").constData()) == 0 &&
-                Set(path, "user.note", "a") && Set(path, AccessList, KeepsTheGroupOut);
-     },
-     Self, true},
-    {"HardLinkAndSetUidOfItsOwner",
-     [](const char *path) {
-         return link(path, QByteArray(path).append("2").constData()) == 0 &&
-                chown(path, Nobody, Nobody) == 0 && chmod(path, 06755) == 0;
-     },
-     Nobody, true},
-    {"OthersFileThatAllMayWrite", [](const char *path) { return chmod(path, 0666) == 0; }, Nobody,
-     true},
-    {"OthersFileThatOneMayRead", [](const char *path) { return chmod(path, 0644) == 0; }, Nobody,
-     false, "replaced: its owner (root), its group (root)", 0644},
-    {"OthersFileThatItsGroupMayNotRead", [](const char *path) { return chmod(path, 0604) == 0; },
-     Nobody, false, "replaced: its owner (root), its group (root), its permissions", 0600},
-    {"OthersList",
-     [](const char *path) {
-         return chmod(path, 0644) == 0 &&
-                Set(path, AccessList,
-                    List({{Owner, 6}, {User, 0, 1000}, {OwnGroup, 4}, {Mask, 4}, {Other, 4}}));
-     },
-     Nobody, false,
-     "replaced: its owner (root), its group (root), its access control list, its permissions",
-     0600},
-    {"OthersHardLink",
-     [](const char *path) {
-         return link(path, QByteArray(path).append("2").constData()) == 0 && chmod(path, 0644) == 0;
-     },
-     Nobody, false,
-     "replaced: its owner (root), its group (root), its other names, which keep the old contents",
-     0644},
-};
-
-class Saving : public testing::TestWithParam<TRow> {
-protected:
-    Saving() { chmod(QFile::encodeName(Folder.path()).constData(), 0777); }
-
-    QTemporaryDir Folder;
+    ino_t FInode = 0;
+    QString FBefore;
 };
 
 } // namespace
 
-TEST_P(Saving, KeepsWhatCanBeKept)
+TEST(Saving, KeepsWhatCanBeKept)
 {
-    const TRow &row = GetParam();
-    if (row.Saver != Self && geteuid() != 0)
-        GTEST_SKIP() << "only root can be another user";
-    const QString path = Folder.filePath(u"a"_s);
-    const QByteArray name = QFile::encodeName(path);
-    close(open(name.constData(), O_CREAT | O_WRONLY, 0640));
-    if (!row.SetUp(name.constData()))
-        GTEST_SKIP() << "not here: " << strerror(errno);
-    // Of no importance for a file that has no list, or has its own.
-    Set(QFile::encodeName(Folder.path()), DefaultList,
-        List({{Owner, 7}, {User, 7, 1002}, {OwnGroup, 7}, {Mask, 7}, {Other, 7}}));
-    struct stat before = {};
-    struct stat after = {};
-    stat(name.constData(), &before);
-    const std::string attributes = Attributes(name.constData());
-    EXPECT_EQ(Save(path, row.Saver), row.Lost);
-    stat(name.constData(), &after);
-    EXPECT_EQ(ZtReadFile(path), "new");
-    EXPECT_EQ(before.st_ino == after.st_ino, row.InPlace);
-    const bool all = std::string(row.Lost).empty();
-    EXPECT_EQ(after.st_mode & 07777, all ? before.st_mode & 07777 : row.Mode);
-    if (all) {
-        EXPECT_EQ(Attributes(name.constData()), attributes);
+    const struct {
+        const char *Words, *Log, *Mode;
+    } rows[] = {
+        {"mode:a=604", "+ kept replaced", "604"},
+        {"list:66060", "+ kept replaced", "660"},
+        {"note", "+ kept replaced", "640"},
+        {"owner:1000=1001 mode:a=6755", "+ kept replaced", "6755"},
+        {"hard:b=a note list:66060", "+ kept inplace", "660"},
+        {"hard:b=a owner:65534=65534 mode:a=6755 nobody", "+ kept inplace", "6755"},
+        {"mode:a=666 nobody", "+ kept inplace", "666"},
+        {"mode:a=644 nobody", "- its owner (root), its group (root) changed replaced", "644"},
+        {"mode:a=604 nobody",
+         "- its owner (root), its group (root), its permissions changed replaced", "600"},
+        {"mode:a=644 list:60444 nobody",
+         "- its owner (root), its group (root), its access control list, its permissions changed "
+         "replaced",
+         "600"},
+        {"hard:b=a mode:a=644 nobody",
+         "- its owner (root), its group (root), its other names, which keep the old contents "
+         "changed replaced",
+         "644"},
+    };
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.Words);
+        TAttributes session;
+        const QString fault =
+            session.Do(u"write:a=old mode:a=640 "_s + QLatin1StringView(row.Words));
+        if (!fault.isEmpty())
+            continue; // not here
+        // Of no importance for a file that has no list, or has its own.
+        session.Do(u"default:77777 now"_s);
+        EXPECT_EQ(session.Do(u"may store:a=new then modeof:a"_s),
+                  QLatin1StringView(row.Log) + u' ' + QLatin1StringView(row.Mode));
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Files, Saving, testing::ValuesIn(Rows),
-                         [](const auto &row) { return std::string(row.param.Name); });
-
-TEST_F(Saving, ANewFileIsAsTheFolderWantsIt)
+TEST(Saving, ANewFileIsAsTheFolderWantsIt)
 {
-    const QByteArray folder = QFile::encodeName(Folder.path());
-    for (const bool list : {false, true}) {
-        if (list && !Set(folder.constData(), DefaultList,
-                         List({{Owner, 7}, {User, 6, 1002}, {OwnGroup, 7}, {Mask, 6}, {Other, 0}})))
-            GTEST_SKIP() << "no access control lists: " << strerror(errno);
-        const QByteArray made = folder + (list ? "/made2" : "/made");
-        close(open(made.constData(), O_CREAT | O_WRONLY, 0666));
-        const QByteArray saved = folder + (list ? "/saved2" : "/saved");
-        ZtSaveFile(QFile::decodeName(saved), "new");
-        EXPECT_EQ(Attributes(saved.constData()), Attributes(made.constData()));
+    TAttributes session;
+    for (const char *words : {"write:a=new store:b=new", "default:76760 write:c=new store:d=new"}) {
+        session.Do(QLatin1StringView(words));
     }
+    EXPECT_EQ(session.All(u"a"_s), session.All(u"b"_s));
+    EXPECT_EQ(session.All(u"c"_s), session.All(u"d"_s));
 }

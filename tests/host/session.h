@@ -1,0 +1,91 @@
+#pragma once
+
+#include "MainWindow.h"
+
+#include <QHash>
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <ostream>
+
+class TZtCodeEdit;
+class TZtSideFile;
+
+/// A user with the host's window, a folder and other programs that write there, driven in words:
+/// "write:a.pas=x open:a.pas type:y no save" and so on. A file is named within the folder, which
+/// is "."; contents are written with `%0A` for an odd byte.
+///
+/// What comes of it is logged: "+" and "-" for what went through and what did not, "?" for a
+/// message box, "!" for an exception, and whatever a word is there to tell.
+class THostSession {
+public:
+    THostSession();
+    ~THostSession();
+
+    /// Does it and answers the log of it.
+    QString Do(const QString &AWords);
+    QString Path(const QString &AName) const;
+    QByteArray Local(const QString &AName) const { return Path(AName).toLocal8Bit(); }
+    TDocument *Document() const { return Window->CurrentDocument(); }
+    TZtCodeEdit *Editor() const;
+
+    const QTemporaryDir Folder;
+    std::unique_ptr<TMainWindow> Window = std::make_unique<TMainWindow>();
+    int Answer;
+    QStringList Asked; ///< what the boxes and exceptions said, with "~" for the folder
+    QString Clipboard;
+
+protected:
+    using TAction = std::function<void(const QString &)>;
+    void Say(const QString &AText) { FLog += AText; }
+    void Say(bool AOk) { Say(QString(QLatin1Char(AOk ? '+' : '-'))); }
+    void Fault(const QString &AMessage);
+    /// The text with a slash for each end of a line.
+    QString Text() const;
+
+    QHash<QString, TAction> Words;
+
+private:
+    int Box(const QString &AText);
+    void AddFileWords();
+    void AddProgramWords();
+    void AddTextWords();
+    void AddSaveWords();
+    QString Names() const;
+    QString Tabs() const;
+    void ChooseInMenu(const QString &AName);
+
+    QStringList FLog;
+    std::vector<std::unique_ptr<TZtSideFile>> FSideFiles;
+};
+
+/// Contents as the words have them.
+QString ShownBytes(const QByteArray &ABytes);
+
+struct TSessionRow {
+    const char *Name;
+    const char *Words;
+    const char *Log;
+    const char *Said = ""; ///< in a box or an exception
+};
+
+/// Runs each row in a session of its own.
+template <typename TSession, size_t N> void CheckSessions(const TSessionRow (&ARows)[N])
+{
+    for (const TSessionRow &row : ARows) {
+        TSession session;
+        EXPECT_EQ(session.Do(QString::fromUtf8(row.Words)).toStdString(), row.Log) << row.Name;
+        const QString said = session.Asked.join(u'\n');
+        EXPECT_TRUE(said.contains(QString::fromUtf8(row.Said)))
+            << row.Name << ": " << said.toStdString();
+    }
+}
+
+inline void PrintTo(const QString &S, std::ostream *AStream)
+{
+    *AStream << '"' << S.toStdString() << '"';
+}
