@@ -68,7 +68,7 @@ TEST(Host, NothingIsLostUnasked)
          "write:%2=one%0A open:%2 type:x remove:%2 link:%2=%2 no save yes save tabs",
          "? - ? ? - [%2*]",
          "\"%2\" cannot be read to see whether another program changed it: Too many levels of "
-         "symbolic links. Overwrite it?\n"},
+         "symbolic links. Overwrite it?\nCannot write \"~/%2\": "},
         {"what cannot be written", "write:a=a open:a type:x remove:a link:a=a save", "? ? -",
          "Cannot write \"~/a\": "},
         {"closing",
@@ -82,19 +82,20 @@ TEST(Host, ASaveThatWasCutShortCanBeTakenBack)
 {
     const QString set = u"write:a=ha write:.a.0123456789abcdef.zt-old=old%0A "_s;
     const struct {
-        const char *Words, *Log;
+        const char *Words, *Log, *Said;
     } rows[] = {
-        {"yes open:a text read:a read:a.kept names", "? old/ <old%0A> <ha> a,a.kept"},
-        {"no open:a text read:a read:a.kept names", "? ha/ <ha> <old%0A> a,a.kept"},
-        {"cancel open:a text read:a names", "? ha/ <ha> .a.#.zt-old,a"},
-        {"hard:b=a open:b text read:a read:b.kept names", "? old/ <old%0A> <ha> a,b,b.kept"},
-        {"write:a.kept=x open:a read:a.kept names", "? <x> a,a.kept,a.kept-2"},
-        {"write:a=old%0A offer:a names", "a"},
-        {"remove:.a.0123456789abcdef.zt-old backup:a offer:a names", ".a.#.zt-old,a"},
+        {"yes open:a text read:a read:a.kept names", "? old/ <old%0A> <ha> a,a.kept", "\"a.kept\""},
+        {"no open:a text read:a read:a.kept names", "? ha/ <ha> <old%0A> a,a.kept", "\"a.kept\""},
+        {"cancel open:a text read:a names", "? ha/ <ha> .a.#.zt-old,a", ""},
+        {"hard:b=a open:b text read:a read:b.kept names", "? old/ <old%0A> <ha> a,b,b.kept", ""},
+        {"write:a.kept=x open:a read:a.kept names", "? <x> a,a.kept,a.kept-2", "\"a.kept-2\""},
+        {"write:a=old%0A offer:a names", "a", ""},
+        {"remove:.a.0123456789abcdef.zt-old backup:a offer:a names", ".a.#.zt-old,a", ""},
     };
     for (const auto &row : rows) {
         THostSession session;
         EXPECT_EQ(session.Do(set + QLatin1StringView(row.Words)), QLatin1StringView(row.Log));
+        EXPECT_TRUE(session.Asked.join(u' ').contains(QLatin1StringView(row.Said))) << row.Said;
     }
 }
 
@@ -225,9 +226,11 @@ TEST(Host, GoingToALinePutsItIntoTheMiddle)
     session.Window->resize(600, 400);
     session.Window->show();
     QApplication::processEvents();
+    const int page = session.Editor()->GetVScrollBar()->GetPageSize();
     // Loading again makes an editor that was not shown before.
     EXPECT_EQ(session.Do(u"goto:500 goto:3 goto:999 goto:5000 load:a goto:510"_s),
               u"499:middle 2:0 998:end 999:end 509:middle"_s);
+    EXPECT_EQ(session.Editor()->GetVScrollBar()->GetPageSize(), page);
 }
 
 TEST(Host, NamesAreShownAsTheyAre)

@@ -3,6 +3,7 @@
 
 #include "uZtStringStream.h"
 
+#include <QFile>
 #include <QThread>
 
 #include <csignal>
@@ -29,6 +30,20 @@ void KillASave(const QString &APath, std::minstd_rand &ARandom)
     int status = 0;
     ASSERT_EQ(waitpid(saver, &status, 0), saver);
     ASSERT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) << "it left by itself";
+}
+
+// Whether the file is what comes first and then NUL bytes.
+bool HasZeros(const QString &APath, const QByteArray &AFirst, qint64 ACount)
+{
+    QFile file(APath);
+    bool same = file.open(QIODevice::ReadOnly) && file.size() == AFirst.size() + ACount &&
+                file.read(AFirst.size()) == AFirst;
+    const QByteArray zeros(1 << 20, 0);
+    while (same && !file.atEnd()) {
+        const QByteArray bytes = file.read(zeros.size());
+        same = !bytes.isEmpty() && zeros.startsWith(bytes);
+    }
+    return same;
 }
 
 } // namespace
@@ -64,5 +79,33 @@ TEST(Killed, ASaveLeavesTheOldOrTheNewTextWhole)
         EXPECT_FALSE(names.contains(u'#')) << names.toStdString();
         EXPECT_EQ(session.Do(inPlace ? u"write:b=z read:a"_s : u"read:a"_s),
                   inPlace ? u"<z>"_s : u"<>"_s);
+    }
+}
+
+// ZT_LONG_LINES=1 takes the longest line that there can be, one of half the length and one that is
+// too long.
+TEST(LongLines, AreKeptWholeOrRefused)
+{
+    const bool longest = qEnvironmentVariableIntValue("ZT_LONG_LINES") > 0;
+    const QList<qint64> sizes =
+        longest ? QList<qint64>{1LL << 30, (1LL << 31) - 1, 1LL << 31} : QList<qint64>{5};
+    for (const qint64 size : sizes) {
+        THostSession session;
+        const QString path = session.Path(u"a"_s), copy = session.Path(u"b"_s);
+        QFile sparse(path);
+        ASSERT_TRUE(sparse.open(QIODevice::WriteOnly) && sparse.resize(size));
+        sparse.close();
+        const QString opened = session.Do(u"open:a"_s);
+        if (opened.isEmpty()) {
+            EXPECT_EQ(session.Do(u"saveas:b"_s), u"+"_s);
+            EXPECT_TRUE(HasZeros(copy, {}, size)) << size;
+            const QString saved = session.Do(u"type:x save"_s);
+            EXPECT_TRUE(HasZeros(copy, saved == u'+' ? "x" : "", size)) << saved.toStdString();
+        }
+        EXPECT_TRUE(HasZeros(path, {}, size)) << size;
+        EXPECT_NE(opened.isEmpty(), session.Asked.join(u' ').startsWith(u"Cannot open \"~/a\": "));
+        if (longest)
+            std::printf("%lld units: %s %s\n", static_cast<long long>(size), qPrintable(opened),
+                        qPrintable(session.Asked.join(u' ')));
     }
 }

@@ -239,9 +239,9 @@ TEST(Methods, TheMenuFollowsTheText)
         EXPECT_TRUE(actions[0]->isEnabled() && actions[1]->isEnabled());
         EXPECT_EQ(actions[1]->text(), u"&All methods…"_s);
         if (count == 2) {
-            EXPECT_EQ(actions[4]->text(), u"A\tline 3"_s);
-            actions[4]->trigger();
-            EXPECT_EQ(session.Editor()->GetLinePos(), 2);
+            EXPECT_EQ(actions[3]->text(), u"A\tline 2"_s);
+            actions[3]->trigger();
+            EXPECT_EQ(session.Editor()->GetLinePos(), 1);
         }
     }
 }
