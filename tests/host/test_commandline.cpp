@@ -7,14 +7,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct TRun {
-    int ExitCode;
-    QByteArray Output;
-    QByteArray Errors;
-};
-
-// Runs ztedit where there is neither a display nor a way to draw.
-TRun RunZtedit(const QStringList &AArguments, const QString &AOutput = {})
+// The exit code, output and errors of ztedit where there is neither a display nor a way to draw.
+QString RunZtedit(const QString &AArguments, const QString &AOutput = {})
 {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -22,10 +16,11 @@ TRun RunZtedit(const QStringList &AArguments, const QString &AOutput = {})
     process.setProcessEnvironment(environment);
     if (!AOutput.isEmpty())
         process.setStandardOutputFile(AOutput);
-    process.start(QStringLiteral(ZT_ZTEDIT), AArguments);
-    EXPECT_TRUE(process.waitForFinished());
-    EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
-    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+    process.start(QStringLiteral(ZT_ZTEDIT), AArguments.split(u' ', Qt::SkipEmptyParts));
+    EXPECT_TRUE(process.waitForFinished() && process.exitStatus() == QProcess::NormalExit);
+    return u"%1|%2|%3"_s.arg(process.exitCode())
+        .arg(QString::fromUtf8(process.readAllStandardOutput()),
+             QString::fromUtf8(process.readAllStandardError()));
 }
 
 // What the command line asks for, or "error".
@@ -68,16 +63,15 @@ TEST(CommandLine, TokensAreALineEachInTheLanguageOfTheFile)
 {
     THostSession session;
     session.Do(u"write:a.BAS=sub%20A'%20%C3%A4%09%0D%0Ax%0A"_s);
-    const TRun run = RunZtedit({u"--tokens"_s, session.Path(u"a.BAS"_s)});
-    EXPECT_EQ(run.ExitCode, 0) << run.Errors.toStdString();
-    EXPECT_EQ(run.Output.toStdString(), "1:1 vtSub 1 \"sub\"\n"
-                                        "1:4 vtUnknown 0 \" \"\n"
-                                        "1:5 vtIdentifier 4 \"A\"\n"
-                                        "1:6 vtComment 3 \"' \u00E4\\t\"\n"
-                                        "1:10 vtLineBreak 0 \"\\r\"\n"
-                                        "2:1 vtIdentifier 4 \"x\"\n"
-                                        "2:2 vtLineBreak 0 \"\\r\"\n"
-                                        "3:1 vtEndOfFile 0 \"\\u0000\"\n");
+    EXPECT_EQ(RunZtedit(u"--tokens "_s + session.Path(u"a.BAS"_s)),
+              u"0|1:1 vtSub 1 \"sub\"\n"
+              "1:4 vtUnknown 0 \" \"\n"
+              "1:5 vtIdentifier 4 \"A\"\n"
+              "1:6 vtComment 3 \"' \u00E4\\t\"\n"
+              "1:10 vtLineBreak 0 \"\\r\"\n"
+              "2:1 vtIdentifier 4 \"x\"\n"
+              "2:2 vtLineBreak 0 \"\\r\"\n"
+              "3:1 vtEndOfFile 0 \"\\u0000\"\n|"_s);
 }
 
 TEST(CommandLine, TokensThatCannotBeShownAreAnError)
@@ -99,15 +93,12 @@ TEST(CommandLine, TokensThatCannotBeShownAreAnError)
         {"~/a.js --render o.png", 2, "--tokens"},
     };
     for (const auto &row : rows) {
-        const QString arguments = u"--tokens "_s + QLatin1StringView(row.Arguments);
-        const TRun run = RunZtedit(QString(arguments)
-                                       .replace(u"~"_s, session.Folder.path())
-                                       .split(u' ', Qt::SkipEmptyParts));
-        EXPECT_EQ(run.ExitCode, row.ExitCode) << row.Arguments;
-        EXPECT_TRUE(run.Output.isEmpty() && run.Errors.startsWith("ztedit: ") &&
-                    run.Errors.contains(row.Error) && run.Errors.count('\n') == 1)
-            << run.Errors.toStdString();
+        const QString arguments = QString::fromLatin1(row.Arguments);
+        const QString run =
+            RunZtedit(u"--tokens "_s + QString(arguments).replace(u'~', session.Folder.path()));
+        EXPECT_TRUE(run.startsWith(u"%1||ztedit: "_s.arg(row.ExitCode)) &&
+                    run.contains(QLatin1StringView(row.Error)) && run.count(u'\n') == 1)
+            << row.Arguments << run.toStdString();
     }
-    const QStringList full{u"--tokens"_s, session.Path(u"a.js"_s)};
-    EXPECT_EQ(RunZtedit(full, u"/dev/full"_s).ExitCode, 1);
+    EXPECT_EQ(RunZtedit(u"--tokens "_s + session.Path(u"a.js"_s), u"/dev/full"_s)[0], u'1');
 }

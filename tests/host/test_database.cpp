@@ -198,11 +198,12 @@ TEST(HostDatabase, ARecordLosesNothing)
                       u"[a: t.%1] + [a: t.%1*] + [a: t.%1] "_s.arg(field) + text);
         }
         EXPECT_EQ(session.Do(u"close same"_s), u"+ +"_s);
-        session.Do(u"type:x"_s);
+        session.Do(u"to:1 type:x"_s);
         for (const char *lock : {"immediate", "exclusive"}) {
             session.Asked.clear();
-            EXPECT_EQ(session.Do(QLatin1StringView(lock) + u" post next unlock state tabs same"_s),
-                      u"? - ? ? - Editing [a: t.%1*] +"_s.arg(field));
+            EXPECT_EQ(session.Do(QLatin1StringView(lock) +
+                                 u" post next unlock state tabs text canundo same"_s),
+                      u"? - ? ? - Editing [a: t.%1*] xa/b/ + +"_s.arg(field));
             EXPECT_TRUE(session.Asked[0].contains(u"locked"_s)) << session.Asked[0].toStdString();
         }
         EXPECT_EQ(session.Do(u"post same"_s), u"+ -"_s);
