@@ -73,16 +73,7 @@ struct TListModel {
 
 struct TListFuzz : TListModel {
     size_t Below(size_t n) { return std::uniform_int_distribution<size_t>(0, n - 1)(Random); }
-    QString Text()
-    {
-        static constexpr const char16_t *pieces[] = {
-            u"a",  u"é",  u"日",   u"\xD83D\xDE00", u"\xD83D",
-            u"\r", u"\n", u"\r\n", u"﻿b",         u"forty characters in a piece that is long"};
-        QString S;
-        for (size_t n = Below(30); n > 0; --n)
-            S += Below(9) ? QString::fromUtf16(pieces[Below(std::size(pieces))]) : QChar(0);
-        return S;
-    }
+    // Bytes of Windows-1252 or UTF-8, with line breaks, marks, pairs, halves of pairs and zeros.
     QByteArray Bytes()
     {
         static const std::vector<QByteArray> pieces = {
@@ -92,6 +83,11 @@ struct TListFuzz : TListModel {
         for (size_t n = Below(60); n > 0; --n)
             S += pieces[Below(pieces.size())];
         return S;
+    }
+    QString Text()
+    {
+        QString S = Below(2) ? QString::fromUtf8(Bytes()) : QString::fromLatin1(Bytes());
+        return S.insert(qsizetype(Below(size_t(S.size()) + 1)), QChar(Below(2) ? 0xD83D : 0));
     }
     void Step();
 
