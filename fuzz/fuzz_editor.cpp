@@ -1,4 +1,4 @@
-#include "lexer.h"
+#include "require.h"
 
 #include "uZtCodeEdit.h"
 #include "uZtCodeJSParser.h"

@@ -6,8 +6,6 @@
 #include "uZtCodeVBParser.h"
 #include "uZtCodeXmlParser.h"
 
-#include <QMetaEnum>
-
 #include <algorithm>
 
 namespace {
@@ -40,10 +38,11 @@ public:
         ATextColor = row.TextColor;
         AFontStyle = row.Style;
     }
+    QMetaEnum Kinds() const override { return QMetaEnum::fromType<decltype(EndOfFile)>(); }
     bool Next(TZtTokenRecord &ARecord) override
     {
         const auto kind = FParser.InternalGetNextToken(ARecord.Text);
-        ARecord.Kind = QMetaEnum::fromType<decltype(EndOfFile)>().valueToKey(int(kind));
+        ARecord.Kind = Kinds().valueToKey(int(kind));
         ARecord.Row = int(&ZtDrawInfoRow(TParser::DrawInfo, kind) - TParser::DrawInfo);
         return kind != EndOfFile;
     }
@@ -185,12 +184,14 @@ QList<TZtTokenRecord> ZtDrainTokens(TZtTokenReader &AReader, const QStringList &
     const qsizetype before = AReader.Consumed();
     TZtTokenRecord record;
     for (bool more = true; more; records.append(record)) {
-        const qsizetype start = AReader.Consumed() - before;
+        qsizetype start = AReader.Consumed() - before;
         more = AReader.Next(record);
         places.Find(start, record);
         // A lexer may drop the LF in front of a token; the token then starts after it.
         if (places.AtLineFeed(record) && !record.Text.startsWith(u'\n'))
-            places.Find(start + 1, record);
+            places.Find(++start, record);
+        record.Start = start;
+        record.Length = AReader.Consumed() - before - start;
     }
     return records;
 }

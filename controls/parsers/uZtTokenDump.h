@@ -3,6 +3,7 @@
 #include "uZtCodeParser.h"
 
 #include <QList>
+#include <QMetaEnum>
 #include <QStringList>
 
 #include <memory>
@@ -15,6 +16,8 @@ struct TZtTokenRecord {
     const char *Kind = ""; ///< the name of its kind, such as "ptIdentifier"
     int Row = 0;           ///< the 0-based row of `DrawInfo` that draws it
     QString Text;
+    qsizetype Start = 0;  ///< 0-based place of its first character in all that was read
+    qsizetype Length = 0; ///< how many characters were read for it, a #0 after the last included
 
     /// All of it on one line: `12:5 ptIdentifier 4 "Name"`. Control characters, backslashes,
     /// surrogates and line separators in the text are escaped.
@@ -26,6 +29,8 @@ class TZtTokenReader {
 public:
     virtual ~TZtTokenReader() = default;
     virtual TZtLangParser &Parser() = 0;
+    /// The enumeration of the token kinds.
+    virtual QMetaEnum Kinds() const = 0;
     /// Reads one token: its kind, row and text. Answers false at the end of the input.
     virtual bool Next(TZtTokenRecord &ARecord) = 0;
     /// The attributes of a row of the lexer's `DrawInfo`.

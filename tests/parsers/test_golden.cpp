@@ -1,169 +1,176 @@
-#include "golden.h"
+#include "lexing.h"
+#include "uZtTokenDump.h"
 
-#include "uZtCodeJSParser.h"
-#include "uZtCodePascalParser.h"
-#include "uZtCodeSqlParser.h"
-#include "uZtCodeVBParser.h"
-#include "uZtCodeXmlParser.h"
-
-#include <QBuffer>
-#include <QMetaEnum>
-#include <QSet>
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-// The 1-based lines that differences.txt has a reason for in one source.
-QSet<int> IntendedDifferences(const QString &AName)
+QString Quoted(const QString &AText)
 {
-    QSet<int> lines;
-    for (const QString &row : ZtTokenLines(ReadTextFile(GoldenFolder() + "/differences.txt"))) {
-        if (row.section(u' ', 0, 0) != AName)
-            continue;
-        EXPECT_FALSE(row.section(u' ', 2).isEmpty()) << row.toStdString();
-        for (const QString &range : row.section(u' ', 1, 1).split(u','))
-            for (int i = range.section(u'-', 0, 0).toInt(); i <= range.section(u'-', -1).toInt();
-                 ++i)
-                lines.insert(i);
+    TZtTokenRecord record;
+    record.Text = AText;
+    return record.ToString().section(u' ', 3);
+}
+
+QString Attributes(TColor ABackGround, TColor AColor, TFontStyles AStyle)
+{
+    return u"%1 on %2, style %3"_s.arg(AColor, 8, 16, '0'_L1)
+        .arg(ABackGround, 8, 16, '0'_L1)
+        .arg(AStyle.toInt());
+}
+
+/// A language with the letters of its kinds.
+class TGoldens {
+public:
+    TGoldens(const TZtTokenLanguage &ALanguage, const QStringList &ALegend);
+    QStringList Legend() const;
+    QStringList Lines(const QStringList &ALines);
+    QString Alone(const QString &ALine);
+
+private:
+    QStringList Show(const QStringList &APieces, const QList<TZtTokenRecord> &ATokens,
+                     QStringList ANotes);
+    void CheckDrawn(const QString &AText, const QList<TZtTokenRecord> &ATokens);
+
+    const TZtTokenLanguage &FLanguage;
+    const std::unique_ptr<TZtTokenReader> FReader = FLanguage.CreateReader();
+    QStringList FUsual; // the legend's lines that are written by hand
+    QHash<QString, QChar> FLetters;
+    QHash<QChar, QString> FUsualTexts;
+    QHash<QString, QString> FDrawn; // the row and the attributes of each kind that was seen
+};
+
+// The kinds in their order. One that no golden has is one that the lexer never gives.
+QStringList TGoldens::Legend() const
+{
+    QStringList lines = FUsual;
+    const QMetaEnum kinds = FReader->Kinds();
+    for (int i = 0; i < kinds.keyCount(); ++i) {
+        const QString kind = QLatin1StringView(kinds.key(i));
+        lines += FLetters.value(kind, u' ') + u' ' + kind.leftJustified(18) +
+                 FDrawn.value(kind, u"never given"_s);
     }
     return lines;
 }
 
-QString AsText(const QList<TZtTokenRecord> &ARecords, int ALine)
+TGoldens::TGoldens(const TZtTokenLanguage &ALanguage, const QStringList &ALegend)
+    : FLanguage(ALanguage)
 {
-    QString text;
-    for (const TZtTokenRecord &record : ARecords)
-        if (record.Line == ALine)
-            text += record.ToString() + u'\n';
-    return text;
+    for (const QString &line : ALegend)
+        if (const QStringList words = line.split(u' '); words.first() == u"usual") {
+            FUsualTexts[words.at(1).front()] = words.at(2);
+            FUsual += line;
+        } else if (!line.startsWith(u' ')) {
+            EXPECT_TRUE(FLetters.key(line.front()).isEmpty()) << "two kinds of a letter";
+            FLetters[words.at(1)] = line.front();
+        }
 }
 
-class Golden : public testing::TestWithParam<TGoldenCase> {
-protected:
-    const TZtTokenLanguage &Language = *GetParam().Language;
-    const QStringList Lines = ZtTokenLines(ReadTextFile(GetParam().SourceFile));
-    const std::unique_ptr<TZtTokenReader> Reader = Language.CreateReader();
-    QList<int> LineKinds;
-    const QList<TZtTokenRecord> Records = ZtReadTokens(*Reader, Lines, LineKinds);
-};
-
-TEST_P(Golden, LineByLineGivesTheTokenFile)
+QStringList TGoldens::Lines(const QStringList &ALines)
 {
-    ASSERT_FALSE(Lines.isEmpty());
-    const QStringList expected = ZtTokenLines(ReadTextFile(GetParam().TokenFile));
-    const QStringList actual = ZtTokenLines(TokenText(GetParam()));
-    ASSERT_EQ(actual.size(), expected.size()) << "see the target update-golden";
-    for (qsizetype i = 0; i < expected.size(); ++i)
-        ASSERT_EQ(actual.at(i).toStdString(), expected.at(i).toStdString()) << "row " << i + 1;
+    QList<int> states;
+    QStringList lines, pieces, notes;
+    for (const QString &line : ALines) {
+        lines += GoldenText(line);
+        pieces += lines.last() + "\r\n"_L1;
+    }
+    const auto tokens = ZtReadTokens(*FReader, lines, states);
+    for (const int state : states)
+        notes += state == 0 ? QString() : u" state %1"_s.arg(state);
+    const QStringList shown = Show(pieces, tokens, notes);
+    CheckDrawn(pieces.join(QString()), tokens);
+    return shown;
 }
 
-TEST_P(Golden, TheWholeTextFromAStreamGivesTheSameTokens)
+QString TGoldens::Alone(const QString &ALine)
 {
-    const QString text = Lines.join(QLatin1String("\r\n")) + QLatin1String("\r\n");
-    QByteArray bytes(reinterpret_cast<const char *>(text.utf16()), text.size() * 2);
-    QBuffer stream(&bytes);
-    ASSERT_TRUE(stream.open(QIODevice::ReadOnly));
-    const auto reader = Language.CreateReader();
-    reader->Parser().SetEndLines(true);
+    const QString text = GoldenText(ALine);
+    TTextStream stream(text);
+    const auto reader = FLanguage.CreateReader();
     reader->Parser().SetInputStream(&stream, false);
-    const auto records = ZtDrainTokens(*reader, Lines);
-    ASSERT_EQ(records.size(), Records.size());
-    for (qsizetype i = 0; i < records.size(); ++i)
-        ASSERT_EQ(records.at(i).ToString().toStdString(), Records.at(i).ToString().toStdString());
+    reader->Parser().SetEndLines(!ALine.startsWith(u'-'));
+    reader->Parser().SetLineKind(ALine.left(1).toInt());
+    return Show({text}, ZtDrainTokens(*reader, text.split("\r\n"_L1)), {}).first();
 }
 
-TEST_P(Golden, ARestartAtALineFromItsKeptStateGivesTheSameTokens)
+QStringList TGoldens::Show(const QStringList &APieces, const QList<TZtTokenRecord> &ATokens,
+                           QStringList ANotes)
 {
-    const QSet<int> intended = IntendedDifferences(GetParam().Name);
-    for (int i = 0; i < Lines.size(); ++i) {
-        const QString place = QStringLiteral("%1 %2").arg(GetParam().Name).arg(i + 1);
-        QList<int> kinds = LineKinds;
-        const auto reader = Language.CreateReader();
-        const auto records = ZtReadTokens(*reader, Lines, kinds, i, 2);
-        const bool same = AsText(records, i + 1) == AsText(Records, i + 1);
-        if (intended.contains(i + 1)) {
-            EXPECT_FALSE(same) << place.toStdString() << " no longer differs";
-            continue;
-        }
-        EXPECT_EQ(AsText(records, i + 1).toStdString(), AsText(Records, i + 1).toStdString())
-            << place.toStdString();
-        if (i + 1 < Lines.size()) {
-            EXPECT_EQ(kinds.at(i + 1), LineKinds.at(i + 1)) << place.toStdString();
-        }
+    const QString text = APieces.join(QString());
+    QString kinds(text.size(), u'~');
+    ANotes.resize(APieces.size());
+    for (const TZtTokenRecord &token : ATokens) {
+        TColor background = 0, color = 0;
+        TFontStyles style;
+        FReader->RowAttributes(token.Row, background, color, style);
+        FDrawn[QLatin1StringView(token.Kind)] =
+            u"row %1: "_s.arg(token.Row) + Attributes(background, color, style);
+        const QChar letter = FLetters.value(QLatin1StringView(token.Kind), u' ');
+        const QString read = text.mid(token.Start, token.Length), tokenText = Quoted(token.Text);
+        const bool hidden = read.isEmpty() && token.Start < text.size();
+        if (!hidden)
+            kinds.replace(token.Start, qMax(1, read.size()),
+                          letter + QString(qMax(0, read.size() - 1), u'.'));
+        if (hidden || tokenText != FUsualTexts.value(letter, Quoted(read)))
+            ANotes[qMin<qsizetype>(token.Line, APieces.size()) - 1] +=
+                u"%1%2@%3 "_s.arg(hidden ? u" +" : u" ", letter).arg(token.Column) + tokenText;
     }
+    QStringList shown;
+    for (qsizetype at = 0, i = 0; i < APieces.size(); at += APieces.at(i++).size()) {
+        const bool last = i == APieces.size() - 1;
+        const QString note = ANotes.at(i).isEmpty() ? QString() : u" |"_s + ANotes.at(i);
+        shown += kinds.mid(at, last ? -1 : APieces.at(i).size()) + note;
+    }
+    return shown;
 }
 
-TEST_P(Golden, GetNextTokenGivesTheSameTextAndTheAttributesOfTheRow)
+// From a stream `GetNextToken` gives the same, also after a restart.
+void TGoldens::CheckDrawn(const QString &AText, const QList<TZtTokenRecord> &ATokens)
 {
-    const auto parser = Language.CreateParser();
-    int line = 0;
-    parser->OnGetNewBuffer = [&](bool AReset, QString &S) {
-        if (AReset || line >= Lines.size())
-            return false;
-        S = Lines.at(line++) + QLatin1String("\r\n");
-        return true;
-    };
+    const auto parser = FLanguage.CreateParser();
+    TTextStream stream(AText);
     parser->SetEndLines(true);
-    QString token;
-    for (const TZtTokenRecord &record : Records) {
-        SCOPED_TRACE(record.ToString().toStdString());
-        TColor background = 1, color = 1, rowBackground = 0, rowColor = 0;
-        TFontStyles style = TFontStyle::fsStrikeOut, rowStyle;
-        bool lineBreak = false;
-        const bool more = parser->GetNextToken(token, background, color, style, lineBreak);
-        Reader->RowAttributes(record.Row, rowBackground, rowColor, rowStyle);
-        EXPECT_EQ(more, &record != &Records.last());
-        EXPECT_EQ(lineBreak, QByteArray(record.Kind).endsWith("LineBreak"));
-        EXPECT_EQ(token, record.Text);
-        EXPECT_EQ(background, rowBackground);
-        EXPECT_EQ(color, rowColor);
-        EXPECT_EQ(style, rowStyle);
+    parser->SetInputStream(&stream, false);
+    for (int round = 0; round < 2; ++round) {
+        QString text; // the lexers leave it alone at some line breaks
+        for (const TZtTokenRecord &token : ATokens) {
+            TColor background = 1, color = 1;
+            TFontStyles style = TFontStyle::fsStrikeOut;
+            bool lineBreak = false;
+            const bool more = parser->GetNextToken(text, background, color, style, lineBreak);
+            const QString drawn = FDrawn[QLatin1StringView(token.Kind)].section(u": "_s, 1);
+            EXPECT_EQ((Attributes(background, color, style) + text).toStdString(),
+                      (drawn + token.Text).toStdString());
+            EXPECT_EQ(lineBreak, QByteArray(token.Kind).endsWith("LineBreak"));
+            EXPECT_EQ(more, &token != &ATokens.last());
+        }
+        parser->Reset();
+        parser->SetRemarkEnd(QString());
+        parser->SetLineKind(0);
     }
 }
 
-// A kind that no source has is one that its lexer never gives.
-TEST(GoldenKinds, AllThatALexerGivesOccur)
+TEST(Golden, SourcesGiveTheKindsUnderThemAsTheLegendTells)
 {
-    const struct {
-        QString Language;
-        QMetaEnum Kinds;
-        QStringList Never;
-    } rows[] = {
-        {"pascal",
-         QMetaEnum::fromType<TPascalToken>(),
-         {"ptInvalid", "ptRepeat", "ptKeyword", "ptHexNumber", "ptSoapComment"}},
-        {"vb",
-         QMetaEnum::fromType<TVBToken>(),
-         {"vtInvalid", "vtUnitil", "vtRem", "vtHexNumber", "vtColon"}},
-        {"js",
-         QMetaEnum::fromType<TJSToken>(),
-         {"vtInvalid", "vtUnitil", "vtExit", "vtThen", "vtRem", "vtUntil", "vtHexNumber",
-          "vtColon"}},
-        {"xml", QMetaEnum::fromType<TZtXmlToken>(), {"vtUnknown", "vtInvalid", "vtProlog"}},
-        {"sql", QMetaEnum::fromType<TZtSqlToken>(), {"vtInvalid", "vtFieldName"}},
-    };
-    ASSERT_EQ(std::size(rows), ZtTokenLanguages().size());
-    for (const auto &row : rows) {
-        QSet<QString> seen;
-        for (const TGoldenCase &golden : GoldenCases())
-            if (golden.Language->Name == row.Language)
-                for (const QString &record : ZtTokenLines(ReadTextFile(golden.TokenFile)))
-                    seen.insert(record.section(u' ', 1, 1));
-        QStringList never;
-        for (int i = 0; i < row.Kinds.keyCount(); ++i)
-            if (!seen.contains(QString::fromLatin1(row.Kinds.key(i))))
-                never += QString::fromLatin1(row.Kinds.key(i));
-        EXPECT_EQ(never.join(u' ').toStdString(), row.Never.join(u' ').toStdString())
-            << row.Language.toStdString();
+    for (const TZtTokenLanguage &language : ZtTokenLanguages()) {
+        const QString folder = QLatin1StringView(language.Name) + u"/"_s;
+        TGoldens goldens(language, GoldenLines(folder + u"legend"_s));
+        const QDir files(u"" ZT_SOURCE_DIR "/tests/golden/"_s + folder);
+        for (const QString &file : files.entryList({u"*.txt"_s})) {
+            QStringList shown =
+                goldens.Lines(GoldenLines(folder + file).filter(QRegularExpression(u"^>"_s)));
+            ExpectUnderEachLine(folder + file, [&](const QString &line) {
+                return line.startsWith(u'>') ? shown.takeFirst() : goldens.Alone(line);
+            });
+        }
+        ExpectGolden(folder + u"legend"_s, goldens.Legend());
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(Sources, Golden, testing::ValuesIn(GoldenCases()), [](const auto &golden) {
-    QString name = golden.param.Name;
-    for (QChar &c : name)
-        c = c.isLetterOrNumber() ? c : QChar(u'_');
-    return name.toStdString();
-});
 
 } // namespace

@@ -1,12 +1,7 @@
-#include "uZtClassRegistry.h"
-#include "uZtCodePascalParser.h"
-
-#include <QBuffer>
-#include <QVariant>
+#include "lexing.h"
+#include "uZtCodeParser.h"
 
 #include <gtest/gtest.h>
-
-#include <memory>
 
 namespace {
 
@@ -17,10 +12,8 @@ TZtOnGetNewBuffer Pieces(QStringList APieces)
         EXPECT_TRUE(S.isEmpty());
         if (AReset)
             next = 0;
-        if (AReset || next >= pieces.size())
-            return false;
-        S = pieces.at(next++);
-        return true;
+        S = AReset || next >= pieces.size() ? "junk" : pieces.at(next++);
+        return S != "junk";
     };
 }
 
@@ -32,111 +25,57 @@ QString ReadAll(TZtLangParser &AParser, int ALimit = 100000)
     return text;
 }
 
-class Utf16Stream : public QBuffer {
-public:
-    explicit Utf16Stream(const QString &AText, const QByteArray &AExtra = {})
-    {
-        setData(QByteArray(reinterpret_cast<const char *>(AText.utf16()), AText.size() * 2) +
-                AExtra);
-        open(ReadOnly);
-    }
-};
-
-TEST(ParserBase, StartsWithNothingToRead)
+TEST(ParserBase, ReadsPiecesAndPushedCharactersAndCountsLines)
 {
     TZtLangParser parser;
     EXPECT_EQ(parser.ReadCurrChar(), 0);
-    EXPECT_EQ(parser.ReadChar(), 0);
     EXPECT_EQ(parser.GetLineNr(), 1);
-    EXPECT_FALSE(parser.GetInRemark() || parser.GetEndLines() || parser.GetLineKind());
-    EXPECT_EQ(parser.GetLanguage(), "<undefined language>");
-    QString name = "kept";
-    EXPECT_EQ(parser.CreateMethod(&parser, "OnClick", name), "");
-    EXPECT_EQ(parser.GetSameMethods(&parser, "OnClick"), "");
-    EXPECT_EQ(parser.MethodLineNr("kept"), -1);
-    EXPECT_EQ(name, "kept");
-}
-
-TEST(ParserBase, ReadsPieceAfterPieceAndEndsWithZeroEachTime)
-{
-    TZtLangParser parser;
-    int calls = 0;
-    parser.OnGetNewBuffer = [&](bool AReset, QString &S) {
-        calls += AReset ? 0 : 1;
-        S = QStringLiteral("junk after the end");
-        if (!AReset && calls < 3)
-            S = calls == 1 ? "ab" : "c";
-        return !AReset && calls < 3;
+    parser.PushStr("xyz");
+    EXPECT_EQ(ReadAll(parser), "xyz");
+    parser.OnGetNewBuffer = Pieces({"a\r\n", "\r\n", "bc", "", "d"});
+    parser.ResetBuffer();
+    const struct {
+        const char *Push; // '?' peeks, '!' starts again
+        int Count;        // so many characters are read
+        QString Read;
+        int LineNr;
+        char16_t Current;
+    } rows[] = {
+        {"?", 3, "a\r\n", 2, u'\n'},
+        {"\n", 0, "", 1, u'\r'},
+        {"", 2, "\n\r", 2, u'\r'},
+        {"?", 3, "\nbc", 3, u'c'},
+        {"C", 1, "C", 3, u'C'},
+        // Back over the start of the piece stands the last character of the piece before.
+        {"123", 0, "", 3, u'\n'},
+        {"", 9, "123", 3, u'3'},
+        {"", 9, "d", 3, u'\0'},
+        {"", 9, "", 3, u'\0'},
+        {"!", 1, "a", 1, u'a'},
     };
-    EXPECT_EQ(ReadAll(parser), "abc");
-    for (int i = 0; i < 3; ++i)
-        EXPECT_EQ(parser.ReadChar(), 0);
-    EXPECT_EQ(calls, 6);
-    EXPECT_EQ(parser.ReadCurrChar(), 0);
-}
-
-TEST(ParserBase, AnEmptyPieceReadsAsZeroWithoutMoving)
-{
-    TZtLangParser parser;
-    parser.OnGetNewBuffer = Pieces({"", "x"});
-    EXPECT_EQ(parser.ReadChar(), 0);
-    EXPECT_EQ(parser.ReadChar(), u'x');
+    for (const auto &row : rows) {
+        if (*row.Push == '?')
+            parser.PeekChar();
+        else if (*row.Push == '!')
+            parser.Reset();
+        else
+            parser.PushStr(row.Push);
+        EXPECT_EQ(ReadAll(parser, row.Count), row.Read);
+        EXPECT_EQ(parser.GetLineNr(), row.LineNr) << row.Read.toStdString();
+        EXPECT_EQ(parser.ReadCurrChar(), row.Current) << row.Read.toStdString();
+    }
 }
 
 TEST(ParserBase, ASourceThatRaisesLeavesTheParserUsable)
 {
     TZtLangParser parser;
-    bool fail = false;
-    parser.OnGetNewBuffer = [&](bool, QString &S) {
-        if (fail)
-            throw EZtParser("no text");
-        S = "ab";
-        return true;
-    };
-    parser.ReadChar();
-    parser.ReadChar();
-    fail = true;
+    parser.OnGetNewBuffer = Pieces({"ab"});
+    ReadAll(parser, 2);
+    parser.OnGetNewBuffer = [](bool, QString &) -> bool { throw EZtParser("no text"); };
     EXPECT_THROW(parser.ReadChar(), EZtParser);
     EXPECT_EQ(parser.ReadCurrChar(), u'b');
-    fail = false;
-    EXPECT_EQ(parser.ReadChar(), u'a');
-}
-
-TEST(ParserBase, PushedCharactersAreReadAgainAndReplaceTheOnesRead)
-{
-    TZtLangParser parser;
-    parser.PushStr("xyz");
-    parser.PushStr("");
-    EXPECT_EQ(ReadAll(parser, 3), "xyz");
-
-    parser.ResetBuffer();
-    parser.OnGetNewBuffer = Pieces({"ab", "cd"});
-    EXPECT_EQ(parser.PeekChar(), u'a');
-    EXPECT_EQ(parser.ReadChar(), u'a');
-    parser.PushChar(u'A');
-    EXPECT_EQ(ReadAll(parser, 3), "Abc");
-    EXPECT_EQ(parser.ReadCurrChar(), u'c');
-    // Back over the start of the piece: the last pushed is read first.
-    parser.PushStr("123");
-    EXPECT_EQ(parser.ReadCurrChar(), u'b') << "the last character of the piece before";
-    EXPECT_EQ(ReadAll(parser), "123d");
-}
-
-TEST(ParserBase, CountsLineFeedsOnce)
-{
-    TZtLangParser parser;
-    parser.OnGetNewBuffer = Pieces({"a\r\n", "\r\n", "b"});
-    EXPECT_EQ(ReadAll(parser, 3).size(), 3);
-    EXPECT_EQ(parser.GetLineNr(), 2);
-    parser.PushChar(u'\n');
-    EXPECT_EQ(parser.GetLineNr(), 1);
-    parser.PeekChar();
-    EXPECT_EQ(parser.GetLineNr(), 1);
-    ReadAll(parser);
-    EXPECT_EQ(parser.GetLineNr(), 3);
-    parser.Reset();
-    EXPECT_EQ(parser.GetLineNr(), 1);
-    EXPECT_EQ(parser.ReadChar(), u'a');
+    parser.OnGetNewBuffer = Pieces({"c"});
+    EXPECT_EQ(parser.ReadChar(), u'c');
 }
 
 TEST(ParserBase, ReadsAStreamInBlocksAndDropsAnOddByte)
@@ -144,7 +83,7 @@ TEST(ParserBase, ReadsAStreamInBlocksAndDropsAnOddByte)
     for (const int size : {0, 1, 4095, 4096, 4097, 8192}) {
         const QString text = QString(size, u'q').replace(size / 2, 1, "\n").left(size);
         for (const QByteArray &extra : {QByteArray(), QByteArray("!")}) {
-            Utf16Stream stream(text, extra);
+            TTextStream stream(text, extra);
             TZtLangParser parser;
             parser.SetInputStream(&stream, true);
             EXPECT_EQ(stream.pos(), qMin<qint64>(8192, size * 2 + extra.size()));
@@ -156,180 +95,47 @@ TEST(ParserBase, ReadsAStreamInBlocksAndDropsAnOddByte)
     }
 }
 
-TEST(ParserBase, TheStreamStaysTheCallersAndComesAfterTheCallback)
+TEST(ParserBase, TheCallbackComesBeforeTheStreamAndARestartKeepsWhatCrossesLines)
 {
-    auto stream = std::make_unique<Utf16Stream>("stream");
+    TTextStream stream("stream"); // on the stack: a lexer that took it over would crash
     {
         TZtLangParser parser;
-        parser.SetInputStream(stream.get(), true);
-        parser.SetInputStream(nullptr, true);
-        parser.SetInputStream(stream.get(), true);
+        parser.SetInputStream(&stream, true);
         parser.OnGetNewBuffer = Pieces({"callback"});
+        parser.SetInRemark(true);
+        parser.SetRemarkEnd("*)");
+        parser.SetLineKind(7);
         parser.ResetBuffer();
         EXPECT_EQ(ReadAll(parser), "callback");
+        EXPECT_TRUE(parser.GetInRemark() && parser.GetRemarkEnd() == "*)");
+        EXPECT_EQ(parser.GetLineKind(), 7);
     }
-    EXPECT_EQ(stream->size(), 12);
+    EXPECT_EQ(stream.size(), 12);
 }
 
-TEST(ParserBase, ARestartKeepsWhatCrossesLines)
+TEST(ParserBase, PlainTextGivesWholeLinesAndHasNoMethods)
 {
     TZtLangParser parser;
-    parser.SetInRemark(true);
-    parser.SetRemarkEnd("*)");
-    parser.SetEndLines(true);
-    parser.SetLineKind(7);
-    int resets = 0;
-    parser.OnGetNewBuffer = [&](bool AReset, QString &) { return resets += AReset, false; };
-    parser.Reset();
-    parser.ResetBuffer();
-    EXPECT_EQ(resets, 2);
-    EXPECT_TRUE(parser.GetInRemark() && parser.GetEndLines());
-    EXPECT_EQ(parser.GetRemarkEnd(), "*)");
-    EXPECT_EQ(parser.GetLineKind(), 7);
-}
-
-TEST(ParserBase, PlainTextGivesWholeLines)
-{
-    TZtLangParser parser;
-    parser.OnGetNewBuffer = Pieces({"ab\r\n", "\r\n", "cd"});
+    parser.OnGetNewBuffer = Pieces({"ab\r\n", "\r\n", "c\rd"});
     parser.OnPaintInfo = [](const QString &, TColor &, TColor &, TFontStyles &) { FAIL(); };
-    const struct {
-        QString Text;
-        bool LineBreak;
-    } expected[] = {{"ab", false}, {"", true}, {"", true}, {"cd", true}, {"", true}, {"", true}};
-    for (const auto &row : expected) {
+    const std::pair<QString, bool> expected[] = {
+        {"ab", false}, {"", true}, {"", true}, {"c", false}, {"", true}, {"d", true}, {"", true}};
+    for (const auto &[text, atBreak] : expected) {
         QString token = "old";
         TColor background = 0, color = 0;
         TFontStyles style = TFontStyle::fsBold;
-        bool lineBreak = !row.LineBreak;
+        bool lineBreak = !atBreak;
         EXPECT_TRUE(parser.GetNextToken(token, background, color, style, lineBreak));
-        EXPECT_EQ(token, row.Text);
-        EXPECT_EQ(lineBreak, row.LineBreak);
-        EXPECT_EQ(background, clWindow);
-        EXPECT_EQ(color, clWindowText);
-        EXPECT_FALSE(style);
-    }
-}
-
-TEST(ParserBase, GetPaintInfoAsksTheHandler)
-{
-    TZtLangParser parser;
-    TColor background = 1, color = 2;
-    TFontStyles style;
-    parser.GetPaintInfo("x", background, color, style);
-    EXPECT_TRUE(background == 1 && color == 2 && !style);
-    parser.OnPaintInfo = [](const QString &AToken, TColor &ABack, TColor &AText, TFontStyles &) {
-        ABack = AText = TColor(AToken.size());
-    };
-    parser.GetPaintInfo("four", background, color, style);
-    EXPECT_TRUE(background == 4 && color == 4);
-}
-
-// A descendant that filters the characters must see each one, those of long tokens too.
-TEST(PascalParser, ReadsThroughADescendantsCharacters)
-{
-    class TUpper : public TZtCodePascalParser {
-    public:
-        char16_t InternalReadChar() override
-        {
-            return QChar::toUpper(char32_t(TZtCodePascalParser::InternalReadChar()));
-        }
-    };
-    TUpper parser;
-    parser.OnGetNewBuffer = Pieces({"as name { x } 'y' "});
-    const QStringList expected = {"AS", " ", "NAME", " ", "{ X }", " ", "'Y'"};
-    QString token;
-    EXPECT_EQ(parser.InternalGetNextToken(token), TPascalToken::ptAs);
-    for (const QString &text : expected.mid(1)) {
-        parser.InternalGetNextToken(token);
         EXPECT_EQ(token, text);
+        EXPECT_EQ(lineBreak, atBreak);
+        EXPECT_TRUE(background == clWindow && color == clWindowText && !style);
     }
-}
-
-TEST(PascalParser, ReadersCanBeUsedAlone)
-{
-    const auto read = [](const QString &AText, auto AReader) {
-        TZtCodePascalParser parser;
-        parser.PushStr(AText);
-        TPascalToken kind = TPascalToken::ptNumber;
-        const QString token = AReader(parser, kind);
-        return QStringLiteral("%1|%2|%3")
-            .arg(token, ReadAll(parser), kind == TPascalToken::ptFloat ? u"float" : u"");
-    };
-    const auto number = [](auto &parser, TPascalToken &kind) { return parser.ReadNumber(kind); };
-    const auto name = [](auto &parser, TPascalToken &) { return parser.ReadIdentifier(); };
-    const auto string = [](auto &parser, TPascalToken &) { return parser.ReadString(); };
-    EXPECT_EQ(read("1.2.3", number), "1.2|.3|float");
-    EXPECT_EQ(read("1..3", number), "1|..3|");
-    EXPECT_EQ(read(".", number), ".||float");
-    EXPECT_EQ(read("a_1-", name), "a_1|-|");
-    EXPECT_EQ(read("a''b'c", string), "a'b'|c|");
-    EXPECT_EQ(read("a\nb", string), "a|\nb|");
-}
-
-// With EndLines off a comment is one token over all its lines, its line breaks included.
-TEST(PascalParser, CommentsWithoutEndLines)
-{
-    const struct {
-        QString Text, End, Token, Rest;
-    } rows[] = {
-        {"a\r\nb*)c", "*)", "a\r\nb*)", "c"}, {"a*b", "*)", "a*b)", ""},
-        {"a\r\nb}c", "}", "a\r\nb}", "c"},    {"a", "}", "a", ""},
-        {"a\r\nb", "\r", "a\r", "\nb"},
-    };
-    for (const auto &row : rows) {
-        TZtCodePascalParser parser;
-        parser.PushStr(row.Text);
-        parser.SetLineKind(5);
-        TPascalToken kind = TPascalToken::ptComment;
-        EXPECT_EQ(parser.ReadRemark(row.End, kind), row.Token);
-        EXPECT_EQ(ReadAll(parser), row.Rest);
-        EXPECT_EQ(parser.GetLineKind(), 0);
-        EXPECT_EQ(parser.GetRemarkEnd(), "");
-    }
-}
-
-TEST(PascalParser, AnOpenCommentIsKeptInTheLineKind)
-{
-    const struct {
-        QString Text;
-        int LineKind;
-        QString RemarkEnd;
-    } rows[] = {{"{ a\r\n", 2, "}"}, {"(* a\r\n", 1, "*)"}, {"// a\r\n", 0, ""}, {"{ a }", 0, ""}};
-    for (const auto &row : rows) {
-        TZtCodePascalParser parser;
-        parser.SetEndLines(true);
-        parser.SetSoapComment("text");
-        parser.SetSoapCommentPosEnd(3);
-        parser.OnGetNewBuffer = Pieces({row.Text});
-        QString token;
-        EXPECT_EQ(parser.InternalGetNextToken(token), TPascalToken::ptComment);
-        EXPECT_EQ(token, row.Text.trimmed());
-        EXPECT_EQ(parser.GetLineKind(), row.LineKind);
-        EXPECT_EQ(parser.GetRemarkEnd(), row.RemarkEnd);
-        EXPECT_EQ(parser.GetSoapComment(), "");
-        EXPECT_EQ(parser.GetSoapCommentPosEnd(), -1);
-    }
-    // A state that no lexer stores, but a host may set: a comment to the end of the line.
-    TZtCodePascalParser parser;
-    parser.SetEndLines(true);
-    parser.SetLineKind(3);
-    parser.OnGetNewBuffer = Pieces({"as\r\n"});
-    QString token = "old";
-    EXPECT_EQ(parser.InternalGetNextToken(token), TPascalToken::ptComment);
-    EXPECT_EQ(token, "as");
-    EXPECT_EQ(parser.InternalGetNextToken(token), TPascalToken::ptLineBreak);
-    EXPECT_EQ(token, "\r");
-}
-
-TEST(PascalParser, IsRegisteredUnderTheNameThatFormsStore)
-{
-    const std::unique_ptr<QObject> object(ZtCreateObject("TztCodePasParser", nullptr));
-    const auto *parser = qobject_cast<TZtCodePascalParser *>(object.get());
-    ASSERT_TRUE(parser);
-    EXPECT_EQ(parser->GetLanguage(), "Pascal");
-    EXPECT_EQ(parser->property("SoapCommentLineStart").toInt(), -1);
-    EXPECT_EQ(ZtCreateObject("TZtCodePascalParser", nullptr), nullptr);
+    QString name = "kept";
+    EXPECT_EQ(parser.GetLanguage(), "<undefined language>");
+    EXPECT_EQ(parser.CreateMethod(&parser, "OnClick", name), "");
+    EXPECT_EQ(parser.GetSameMethods(&parser, "OnClick"), "");
+    EXPECT_EQ(parser.MethodLineNr("kept"), -1);
+    EXPECT_EQ(name, "kept");
 }
 
 } // namespace
