@@ -1,268 +1,176 @@
 #include "scripts_table.h"
 
-#include "uZtSqlTable.h"
-
 #include <QFile>
 
-using enum TDataSetState;
-
 namespace {
+
+const QString Gone = "The record was removed or changed by someone else.";
+const QString Changed = "The record was changed by someone else since it was read.";
 
 class TDataSetTest : public TScriptsTable {
 protected:
     TDataSetTest()
     {
-        Source.OnStateChange = [this](QObject *) {
-            Log += "S" + QString::number(int(Source.GetState()));
-        };
+        Link.SetFieldName("source");
         Link.OnDataChange = [this](QObject *) { Log += "D"; };
         Link.OnEditingChange = [this](QObject *) { Log += Link.GetEditing() ? "E+" : "E-"; };
         Link.OnUpdateData = [this](QObject *) {
             Log += "U";
-            if (!Refuse.isEmpty())
-                throw EDatabaseError(Refuse);
+            if (!Refusal.isEmpty())
+                throw EDatabaseError(Refusal);
             Field("source")->SetText("from the control");
         };
-        Link.SetFieldName("source");
-    }
-    ~TDataSetTest() override { Source.OnStateChange = nullptr; }
-    /// The records' keys, the current one in brackets; < and > stand for Bof and Eof.
-    QString Records()
-    {
-        QString ids;
-        for (int i = 0; i < DataSet.GetRecordCount(); ++i)
-            ids += QString(i + 1 == DataSet.GetRecNo() ? "[%1]" : "%1")
-                       .arg(Model->index(i, 0).data().toInt());
-        return ids + (DataSet.GetBof() ? "<" : "") + (DataSet.GetEof() ? ">" : "");
+        Words["attach"] = [this](auto) { Link.SetDataSource(Source); };
+        Words["detach"] = [this](auto) { Link.SetDataSource(nullptr); };
+        Words["link-edit"] = [this](auto) { Link.Edit(); };
+        Words["type"] = [this](auto) { Link.Modified(); };
+        Words["reset"] = [this](auto) { Link.Reset(); };
+        Words["link"] = [this](auto field) { Link.SetFieldName(field); };
+        Words["protect-link"] = [this](auto on) { Link.SetReadOnly(on.toInt()); };
+        Words["refuse"] = [this](auto message) { Refusal = message; };
+        Words["own"] = [this](auto name) { // and the key behind a slash
+            Data->SetRecordSource(std::make_unique<TSqlTableSource>(
+                QSqlDatabase::database("ours"), name.section('/', 0, 0), name.split('/').mid(1)));
+        };
+        Words["model"] = [this](auto) { Data->SetModel(Model.get()); };
+        Words["post-over"] = [this](auto) {
+            try {
+                Data->Post();
+            } catch (const EUpdateConflict &conflict) {
+                Data->Rebase(conflict.Stored());
+                Data->Post();
+            }
+        };
     }
 
-    static void Validate(const TField *AField)
-    {
-        if (AField->GetValue().toInt() > 99)
-            throw EDatabaseError("too much");
-    }
-
-    QString Log, Refuse;
+    QString Refusal;
     TFieldDataLink Link;
 };
 
 } // namespace
 
-TEST_F(TDataSetTest, TellsInTheUsualOrder)
+// What is told, in its order, and where that leads.
+TEST_F(TDataSetTest, MovesEditsAndTells)
 {
-    Fill();
-    More = {{"attach", [this] { Link.SetDataSource(&Source); }},
-            {"detach", [this] { Link.SetDataSource(nullptr); }},
-            {"attach-set", [this] { Source.SetDataSet(&DataSet); }},
-            {"detach-set", [this] { Source.SetDataSet(nullptr); }},
-            {"link-edit", [this] { Link.Edit(); }},
-            {"type", [this] { Link.Modified(); }},
-            {"reset", [this] { Link.Reset(); }},
-            {"other-field", [this] { Link.SetFieldName("name"); }},
-            {"read-only-link", [this] { Link.SetReadOnly(!Link.GetReadOnly()); }},
-            {"read-only-field",
-             [this] { Field("source")->SetReadOnly(!Link.GetField()->GetReadOnly()); }},
-            {"auto-edit", [this] { Source.SetAutoEdit(!Source.GetAutoEdit()); }}};
-    const std::pair<const char *, const char *> rows[] = {
-        {"attach", "D"},
-        {"open", "S1D"},
-        {"open", ""},
-        {"next", "D"},
-        {"last", "D"},
-        {"next", ""},
-        {"edit", "S2E+D"},
-        {"edit", ""},
-        {"source=x", "D"},
-        {"name=x", ""},
-        {"cancel", "S1E-D"},
-        {"edit first", "S2E+DS1E-DD"},
-        {"edit type next", "S2E+DUS1E-DD"},
-        {"edit type insert", "S2E+DUS1E-DS3E+D"},
-        {"prior", "S1E-DD"},
-        {"link-edit type post", "S2E+DUS1E-D"},
-        {"edit post", "S2E+DS1E-D"},
-        {"edit type reset post", "S2E+DDS1E-D"},
-        {"edit read-only-link", "S2E+D"},
-        {"cancel link-edit", "S1E-D"},
-        {"edit cancel read-only-link", "S2DS1D"},
-        {"read-only-field edit cancel read-only-field", "S2DS1D"},
-        {"auto-edit link-edit auto-edit", ""},
-        {"delete", "D"},
-        {"refresh", "D"},
-        {"other-field", "D"},
-        {"edit detach-set", "S2E+DS0D"},
-        {"attach-set", "S2D"},
-        {"close", "S0E-D"},
-        {"detach", "D"},
-    };
-    for (const auto &[words, log] : rows) {
-        Log.clear();
-        Do(words);
-        EXPECT_EQ(Log, log) << words;
-        EXPECT_EQ(Link.GetField() != nullptr, DataSet.GetActive() && Link.GetDataSet()) << words;
-    }
-}
-
-TEST_F(TDataSetTest, MovesInsertsAndDeletes)
-{
-    Fill();
-    More = {{"far", [this] { DataSet.MoveBy(9); }},
-            {"2", [this] { DataSet.SetRecNo(2); }},
-            {"others-add", [] { Run("INSERT INTO scripts (id, name) VALUES (0, 'z')"); }},
-            {"others-delete", [] { Run("DELETE FROM scripts WHERE id IN (9, 3)"); }}};
-    const std::pair<const char *, const char *> rows[] = {
-        {"open", "[1]23<"},
-        {"prior", "[1]23<"},
-        {"next", "1[2]3"},
-        {"far", "12[3]>"},
-        {"2", "1[2]3"},
-        {"insert name=a", "123"},
-        {"post", "1[4]23"}, // before the record that was current, with its new key
-        {"append name=b prior", "142[3]5"},
-        {"append cancel", "1423[5]"},
+    const TSteps steps = {
+        {"attach next", "D -<> The dataset is closed."},
+        {"open open prior next", "S1DD 1[2]3"},
+        {"edit last next", "S2E+DS1E-DD 12[3]>"},
+        {"edit edit source=x name=x cancel", "S2E+DDS1E-D 12[3]>"},
+        {"edit first", "S2E+DS1E-DD [1]23<"},
+        {"edit type by:1", "S2E+DUS1E-DD 1[2]3"},
+        {"edit type insert prior", "S2E+DUS1E-DS3E+DS1E-DD [1]23"},
+        {"link-edit type post", "S2E+DUS1E-D [1]23"},
+        {"edit type reset post", "S2E+DDS1E-D [1]23"},
+        {"edit protect-link:1 cancel link-edit edit cancel", "S2E+DS1E-DS2DS1D [1]23"},
+        {"protect-link:0 protect-source:1 edit cancel protect-source:0", "S2DS1D [1]23"},
+        {"auto-edit:0 link-edit auto-edit:1", "[1]23"},
+        {"edit refresh", "S2E+DS1E-DD [1]23"},
+        {"link:name", "D [1]23"},
+        {"edit detach-set attach-set cancel", "S2E+DS0DS2DS1E-D [1]23"},
+        {"detach by:9", "D 12[3]>"},
+        {"no:2", "1[2]3"},
+        {"insert name=a", "S3 123+"},
+        {"post", "S1 1[4]23"}, // before the record that was current, with its new key
+        {"append name=b prior", "S3S1 142[3]5"},
+        {"append cancel", "S3S1 1423[5]"},
         {"delete", "123[4]"}, // read anew
-        {"insert delete", "123[4]"},
-        {"first insert post", "[5]1234"}, // nothing was stored: all of it is the database's
+        {"insert delete", "S3S1 123[4]"},
+        {"first insert post", "S3S1 [5]1234"}, // nothing was stored: all of it is the database's
         {"delete last", "123[4]>"},
-        {"first edit id=9 post refresh", "234[9]"},
-        {"others-add refresh", "0234[9]"},
-        {"others-delete refresh", "02[4]"},
-        {"delete delete delete", "<>"},
-        {"edit", ""}, // inserts
-        {"post", "[1]"},
+        {"first edit id=9 post refresh", "S2S1 234[9]"},
+        {"{UPDATE scripts SET id=0 WHERE id=3} refresh", "024[9]"},
+        {"{DELETE FROM scripts WHERE id=9} refresh", "02[4]"},
+        {"edit delete delete attach delete", "S2S1DD <>"},
+        {"close open first", "S0DS1D <>"},
+        {"edit post", "S3E+DS1E-D [1]"},
     };
-    for (const auto &[words, records] : rows) {
-        Do(words);
-        EXPECT_EQ(Records(), records) << words;
-    }
+    Follow(steps, [this] {
+        EXPECT_EQ(Link.GetField() != nullptr, Data->GetActive() && Link.GetDataSet());
+        return Records();
+    });
 }
 
 TEST_F(TDataSetTest, RefusesWhatItCannotDo)
 {
-    Fill();
-    More = {
-        {"number-4", [this] { DataSet.SetRecNo(4); }},
-        {"read-only", [this] { DataSet.SetReadOnly(!DataSet.GetReadOnly()); }},
-        {"name-read-only", [this] { Field("name")->SetReadOnly(!Field("name")->GetReadOnly()); }},
-        {"attach", [this] { Link.SetDataSource(&Source); }},
-        {"type", [this] { Link.Modified(); }},
-        {"refuse", [this] { Refuse = Refuse.isEmpty() ? "not so" : ""; }},
-        {"others-delete", [] { Run("DELETE FROM scripts WHERE id=4"); }},
-        {"validate", [this] { Field("size")->OnValidate = Validate; }}};
-    const QString gone = "The record was removed or changed by someone else.";
-    const QString notPending = "The dataset is not in edit or insert state.";
-    const struct {
-        const char *Words;
-        QString Fault;
-        TDataSetState State;
-    } rows[] = {
-        {"next", "The dataset is closed.", dsInactive},
-        {"open post", notPending, dsBrowse},
-        {"name=two", notPending, dsBrowse},
-        {"number-4", "There is no record with the number 4.", dsBrowse},
-        {"none=1", "There is no field \"none\".", dsBrowse},
-        {"read-only edit", "The dataset is read-only.", dsBrowse},
-        {"insert", "The dataset is read-only.", dsBrowse},
-        {"append", "The dataset is read-only.", dsBrowse},
-        {"delete", "The dataset is read-only.", dsBrowse},
-        {"read-only edit name-read-only name=two", "The field \"name\" is read-only.", dsEdit},
-        {"size=tall", "\"tall\" is no value for the field \"size\".", dsEdit},
-        {"validate size=99 size=100", "too much", dsEdit},
-        {"post", {}, dsBrowse},
-        {"attach edit type refuse post", "not so", dsEdit},
-        {"next", "not so", dsEdit}, // it is still marked as modified
-        {"refuse post", {}, dsBrowse},
-        {"append source= name-read-only name=two post",
-         "UNIQUE constraint failed: scripts.name Unable to fetch row", dsInsert},
-        {"name=four post", {}, dsBrowse},
-        {"others-delete edit size=99 post", gone, dsEdit},
-        {"cancel delete", gone, dsBrowse},
+    const QString notPending = " The dataset is not in edit or insert state.";
+    const QString readOnly = " The dataset is read-only.";
+    const TSteps steps = {
+        {"attach open post", "DS1D [1]23<" + notPending},
+        {"name=two", "[1]23<" + notPending},
+        {"no:4", "[1]23< There is no record with the number 4."},
+        {"none=1", "[1]23< There is no field \"none\"."},
+        {"protect:1 edit", "[1]23<" + readOnly},
+        {"insert", "[1]23<" + readOnly},
+        {"delete", "[1]23<" + readOnly},
+        {"protect:0 edit protect-name:1 name=two", "S2E+D (1)23< The field \"name\" is read-only."},
+        {"size=tall", "(1)23< \"tall\" is no value for the field \"size\"."},
+        {"invalid:size=100 size=99 size=100", "(1)23< not 100"},
+        {"post edit refuse:no type post", "S1E-DS2E+DU (1)23< no"},
+        {"next", "U (1)23< no"}, // it is still marked as modified
+        {"refuse: post", "US1E-D [1]23<"},
+        {"append source= protect-name:0 name=two post",
+         "S3E+DD 123+ UNIQUE constraint failed: scripts.name Unable to fetch row"},
+        {"name=four post", "S1E-D 123[4]"},
+        {"{DELETE FROM scripts WHERE id=4} edit size=99 post", "S2E+D 123(4) " + Gone},
+        {"cancel delete", "S1E-D 123[4] " + Gone},
+        {"close own:none", "S0D - There is no table \"none\"."},
+        {"own:scripts/k", "- There is no field \"k\"."},
     };
-    for (const auto &row : rows) {
-        EXPECT_EQ(Fault(row.Words), row.Fault) << row.Words;
-        EXPECT_EQ(DataSet.GetState(), row.State) << row.Words;
-    }
-    EXPECT_EQ(Stored("size"), "integer 3939");
-    EXPECT_EQ(Stored("source"), TextOf("from the control"));
+    Follow(steps, [this] { return Records(); });
+    EXPECT_EQ(Stored("size"), "integer 99");
+    EXPECT_EQ(Stored("source"), "text from the control");
 }
 
 TEST_F(TDataSetTest, TakesQueriesAndTablesWithoutAKey)
 {
-    Fill();
     const QSqlDatabase ours = QSqlDatabase::database("ours");
     QSqlQueryModel query;
     query.setQuery("SELECT name, source FROM scripts ORDER BY id DESC", ours);
-    DataSet.SetModel(&query);
-    Do("open last");
-    EXPECT_EQ(Field("SOURCE")->GetAsString(), "first");
-    EXPECT_EQ(Fault("edit"), "The dataset is read-only.");
-    Run("UPDATE scripts SET name='uno' WHERE id=1");
-    Do("refresh last");
-    EXPECT_EQ(Field("name")->GetAsString(), "uno");
+    Data->SetModel(&query);
+    Follow({{"open last edit", "S1 first one The dataset is read-only."},
+            {"{UPDATE scripts SET name='uno' WHERE id=1} refresh last", "first uno"}},
+           [this] { return Field("SOURCE")->GetText() + " " + Field("name")->GetText(); });
 
     Run("CREATE TABLE notes (a TEXT, b TEXT)");
     Run("INSERT INTO notes VALUES ('same', NULL), ('same', NULL), ('other', 'x')");
     QSqlTableModel notes(nullptr, ours);
     notes.setTable("notes");
-    DataSet.SetModel(&notes);
-    EXPECT_EQ(Fault("open edit a=new post"),
-              "The record cannot be told from another one: the table has no key.");
-    Do("cancel last edit a=new post append a=new post");
-    EXPECT_EQ(Ask("SELECT group_concat(a || ifnull(b, '-')) FROM notes"), "same-,same-,newx,new-");
+    Data->SetModel(&notes);
+    Follow({{"open edit a=new post",
+             "S1S2 same-,same-,otherx The record cannot be told from another one: the table has "
+             "no key."},
+            {"cancel last edit a=new post append a=new post", "S1S2S1S3S1 same-,same-,newx,new-"}},
+           [] { return Ask("SELECT group_concat(a || ifnull(b, '-')) FROM notes"); });
     EXPECT_EQ(Field("a")->GetText(), "new");
-
-    Run("DROP TABLE notes");
-    EXPECT_TRUE(Fault("refresh").contains("no such table"));
-    EXPECT_TRUE(DataSet.IsEmpty());
+    EXPECT_TRUE(Fault("{DROP TABLE notes} refresh").contains("no such table"));
+    EXPECT_TRUE(Data->IsEmpty());
+    Data->SetModel(nullptr);
 }
 
-// A text that another program wrote meanwhile is not overwritten, nor is another record that has
-// the key of one that was deleted.
+// A text that another program wrote meanwhile is not overwritten unless the user wants that, nor is
+// another record that has the key of one that was deleted.
 TEST_F(TDataSetTest, AnotherProgramsTextIsKept)
 {
-    const QString gone = "The record was removed or changed by someone else.";
-    const QString changed = "The record was changed by someone else since it was read.";
-    const struct {
-        QString Others, Fault;
-    } rows[] = {
-        {"UPDATE scripts SET source='theirs' WHERE id=1", changed},
-        {"UPDATE scripts SET source=NULL WHERE id=1", changed},
-        {"UPDATE scripts SET source=CAST('first' AS BLOB) WHERE id=1", changed},
-        {"DELETE FROM scripts WHERE id=1", gone},
-        {"REPLACE INTO scripts VALUES (1, 'other', 'another one', NULL, 1)", changed},
-        {"UPDATE scripts SET name='uno' WHERE id=1", {}},
+    // What others set, what comes of the post, and of the one that the user wants nevertheless.
+    const std::tuple<QString, QString, QString> rows[] = {
+        {"source='theirs'", "one'theirs' " + Changed, "S1 one'mine'"},
+        {"source=NULL", "oneNULL " + Changed, "S1 one'mine'"},
+        {"source=CAST('first' AS BLOB)", "oneX'6669727374' " + Changed, "S1 one'mine'"},
+        {"name='other', source='else', size=1", "other'else' " + Changed, "S1 other'mine'"},
+        {"id=8, source='moved'", Gone, Gone},
+        {"name='uno'", "S1 uno'mine'", "uno'mine' The dataset is not in edit or insert state."},
     };
-    for (const bool own : {false, true})
-        for (const auto &row : rows) {
-            SCOPED_TRACE(row.Others.toStdString());
-            Run("DELETE FROM scripts");
+    for (const QString source : {"model", "own:scripts"})
+        for (const auto &[others, outcome, over] : rows) {
             Fill();
-            if (own)
-                DataSet.SetRecordSource(
-                    std::make_unique<TSqlTableSource>(QSqlDatabase::database("ours"), "scripts"));
-            else
-                DataSet.SetModel(Model.get());
-            Do("open edit source=mine");
-            Run(row.Others);
-            const QString before = Ask("SELECT group_concat(quote(source)) FROM scripts");
-            EXPECT_EQ(Fault("post"), row.Fault);
-            if (row.Fault.isEmpty()) {
-                EXPECT_EQ(Ask("SELECT name || source FROM scripts WHERE id=1"), "unomine");
-                continue;
-            }
-            EXPECT_EQ(Ask("SELECT group_concat(quote(source)) FROM scripts"), before);
-            EXPECT_EQ(DataSet.GetState(), dsEdit);
-            EXPECT_EQ(Field("source")->GetText(), "mine");
-            try {
-                DataSet.Post();
-            } catch (const EUpdateConflict &conflict) {
-                DataSet.Rebase(conflict.Stored());
-                EXPECT_EQ(Fault("post"), QString());
-                EXPECT_EQ(Ask("SELECT source FROM scripts WHERE id=1"), "mine");
-            } catch (const EDatabaseError &) {
-                EXPECT_EQ(row.Fault, gone);
-            }
-            DataSet.Close();
+            Do(source + " close open edit source=mine");
+            Follow({{"{UPDATE scripts SET " + others + " WHERE id=1} post", outcome},
+                    {"post-over", over}},
+                   [this] {
+                       EXPECT_EQ(Field("source")->GetText(), "mine");
+                       return Ask("SELECT max(name || quote(source)) FROM scripts WHERE id=1");
+                   });
         }
 }
 
@@ -271,24 +179,21 @@ TEST_F(TDataSetTest, RecordsThatDidNotAllComeAreReadOnly)
 {
     Run("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<2000) INSERT INTO "
         "scripts (name, source) SELECT i, hex(zeroblob(500)) FROM n");
-    const QString path = QSqlDatabase::database("ours").databaseName();
-    for (const char *name : {"ours", "theirs"})
-        QSqlDatabase::database(name).close();
-    QFile file(path);
+    QSqlDatabase ours = QSqlDatabase::database("ours");
+    ours.close();
+    QSqlDatabase::database("theirs").close();
+    QFile file(Folder.filePath("scripts.db"));
     ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.seek(file.size() / 2 / 4096 * 4096));
     file.write(QByteArray(4096 * 20, '\xFF'));
     file.close();
-    QSqlDatabase ours = QSqlDatabase::database("ours");
+    ours.open();
     for (const bool own : {false, true}) {
-        if (own)
-            DataSet.SetRecordSource(std::make_unique<TSqlTableSource>(ours, "scripts"));
-        Do("open");
-        EXPECT_GT(DataSet.GetRecordCount(), 100);
-        EXPECT_LT(DataSet.GetRecordCount(), 2000);
+        Do(own ? "own:scripts open" : "open");
+        EXPECT_GT(Data->GetRecordCount(), 100);
+        EXPECT_LT(Data->GetRecordCount(), 2000);
         EXPECT_TRUE(Fault("edit").startsWith("The records were not all read: "));
         EXPECT_FALSE(Field("source")->CanModify());
     }
-    DataSet.SetRecordSource(nullptr);
 }
 
 // Names that are legal in the database and troublesome everywhere else.
@@ -297,50 +202,19 @@ TEST_F(TDataSetTest, AnyLegalNameWorks)
     const QStringList names = {"plain",  "with blank", "a.b",    "\"quoted\"", "in\"side", "[x]",
                                "`back`", "it's",       "%1 %2",  "?",          ":name",    "select",
                                "\\",     "tab\tx",     "日本語", ";--",        "@p",       "a]b"};
-    for (const QString &table : names)
-        for (const QString &field : names) {
-            const auto quoted = [](QString s) { return '"' + s.replace('"', "\"\"") + '"'; };
-            Run("CREATE TABLE " + quoted(table) + " (id INTEGER PRIMARY KEY, " + quoted(field) +
-                " TEXT)");
-            Run("INSERT INTO " + quoted(table) + " VALUES (1, 'text'), (2, 'other')");
-            QSqlDatabase ours = QSqlDatabase::database("ours");
-            ASSERT_TRUE(TSqlTableSource::Tables(ours).contains(table));
-            DataSet.SetRecordSource(std::make_unique<TSqlTableSource>(ours, table));
-            DataSet.Open();
-            ASSERT_EQ(Field(field)->GetText(), "text") << field.toStdString();
-            DataSet.Edit();
-            Field(field)->SetText("new");
-            DataSet.Append();
-            Field(field)->SetText("added");
-            DataSet.Post();
-            EXPECT_EQ(Ask("SELECT group_concat(id || " + quoted(field) + ") FROM " + quoted(table)),
-                      "1new,2other,3added");
-            DataSet.Delete();
-            EXPECT_EQ(DataSet.GetRecordCount(), 2);
-            DataSet.Close();
-            Run("DROP TABLE " + quoted(table));
-        }
-    EXPECT_EQ(Raised([] { TSqlTableSource(QSqlDatabase::database("ours"), "none"); }),
-              "There is no table \"none\".");
-    EXPECT_EQ(Raised([] { TSqlTableSource(QSqlDatabase::database("ours"), "scripts", {"k"}); }),
-              "There is no field \"k\".");
-}
-
-TEST_F(TDataSetTest, TheSampleDatabaseOpens)
-{
-    QFile file(ZT_SOURCE_DIR "/examples/scripts.sqlite.sql");
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    Run("DROP TABLE scripts");
-    const QStringList statements =
-        QString::fromUtf8(file.readAll()).split(";\n\n", Qt::SkipEmptyParts);
-    for (const QString &statement : statements)
-        Run(statement);
-    Model->setTable("scripts"); // with its own columns
-    DataSet.Open();
-    EXPECT_GE(DataSet.GetRecordCount(), 6);
-    for (; !DataSet.GetEof(); DataSet.Next()) {
-        EXPECT_TRUE(Field("source_blob")->IsBlob());
-        EXPECT_EQ(Field("source")->GetText(), Field("source_blob")->GetText());
-        EXPECT_GT(Field("source")->GetText().count('\n'), 3);
+    for (int i = 0; i < names.size(); ++i) {
+        const QString table = names[i], field = names[(i * 5 + 1) % names.size()];
+        const auto quoted = [](QString s) { return '"' + s.replace('"', "\"\"") + '"'; };
+        Run("CREATE TABLE " + quoted(table) + " (id INTEGER PRIMARY KEY, " + quoted(field) +
+            " TEXT)");
+        Run("INSERT INTO " + quoted(table) + " VALUES (1, 'text'), (2, 'other')");
+        EXPECT_TRUE(TSqlTableSource::Tables(QSqlDatabase::database("ours")).contains(table));
+        Words["set"] = [this, field](auto text) { Field(field)->SetText(text); };
+        DoOne("own:" + table);
+        Do("open edit set:new append set:added post");
+        EXPECT_EQ(Ask("SELECT group_concat(id || " + quoted(field) + ") FROM " + quoted(table)),
+                  "1new,2other,3added");
+        Do("delete");
+        EXPECT_EQ(Data->GetRecordCount(), 2);
     }
 }
