@@ -1,103 +1,73 @@
-#include "require.h"
-
-#include "uZtCodeJSParser.h"
-#include "uZtCodePascalParser.h"
-#include "uZtCodeSqlParser.h"
-#include "uZtCodeVBParser.h"
-#include "uZtCodeXmlParser.h"
+#include "uZtTokenDump.h"
 
 #include <QBuffer>
-#include <QList>
 
-#include <utility>
+#include <cstdio>
+#include <cstdlib>
 
 namespace {
 
-/// Checks a lexer on one text: fed a line at a time and from a stream, with `EndLines` off and on.
-template <typename TLexer, auto EndOfFile> class TLexerCheck {
-public:
-    TLexerCheck(const uint8_t *AData, size_t ASize)
-        : FText(QString::fromUtf8(reinterpret_cast<const char *>(AData), qsizetype(ASize))),
-          FLimit(4 * FText.size() + 64)
-    {
-        for (const bool endLines : {false, true})
-            Require(FromLines(endLines) == FromStream(endLines),
-                    "the tokens do not depend on the pieces that the text comes in");
+void Require(bool ACondition, const char *AWhat)
+{
+    if (ACondition)
+        return;
+    std::fprintf(stderr, "Not kept: %s\n", AWhat);
+    std::abort();
+}
+
+// The kinds and texts of all tokens.
+QStringList Drain(TZtTokenReader &AReader, bool AEndLines, qsizetype ALimit)
+{
+    AReader.Parser().SetEndLines(AEndLines);
+    QStringList tokens;
+    TZtTokenRecord token;
+    for (bool more = true; more; tokens += QLatin1StringView(token.Kind) + token.Text) {
+        more = AReader.Next(token);
+        ALimit -= 1 + token.Text.size();
+        Require(ALimit >= 0, "the number and length of the tokens are bounded");
     }
+    return tokens;
+}
 
-private:
-    using TTokens = QList<std::pair<decltype(EndOfFile), QString>>;
+// Fed a line at a time and from a stream, a text gives the same tokens.
+void CheckLexer(const TZtTokenLanguage &ALanguage, const QString &AText, bool AEndLines)
+{
+    const qsizetype limit = 4 * AText.size() + 64;
+    const auto fed = ALanguage.CreateReader(), streamed = ALanguage.CreateReader();
+    qsizetype next = 0;
+    fed->Parser().OnGetNewBuffer = [&](bool AReset, QString &S) {
+        if (AReset)
+            next = 0;
+        if (AReset || next >= AText.size())
+            return false;
+        const qsizetype feed = AText.indexOf(u'\n', next);
+        S = feed < 0 ? AText.mid(next) : AText.mid(next, feed + 1 - next);
+        next += S.size();
+        return true;
+    };
+    QBuffer stream;
+    stream.setData(reinterpret_cast<const char *>(AText.utf16()), int(AText.size() * 2));
+    stream.open(QIODevice::ReadOnly);
+    streamed->Parser().SetInputStream(&stream, false);
+    Require(Drain(*fed, AEndLines, limit) == Drain(*streamed, AEndLines, limit),
+            "the tokens do not depend on the pieces that the text comes in");
 
-    TTokens FromLines(bool AEndLines)
-    {
-        TLexer lexer;
-        qsizetype next = 0, asked = 0;
-        lexer.OnGetNewBuffer = [&](bool AReset, QString &S) {
-            if (AReset)
-                next = asked = 0;
-            Require(++asked <= FLimit, "the source is asked a bounded number of times");
-            if (AReset || next >= FText.size())
-                return false;
-            const qsizetype feed = FText.indexOf(u'\n', next);
-            S = feed < 0 ? FText.mid(next) : FText.mid(next, feed + 1 - next);
-            next += S.size();
-            return true;
-        };
-        const TTokens tokens = Drain(lexer, AEndLines);
-        CheckMethodTools(lexer);
-        return tokens;
-    }
-
-    TTokens FromStream(bool AEndLines)
-    {
-        QByteArray bytes(reinterpret_cast<const char *>(FText.utf16()), FText.size() * 2);
-        QBuffer stream(&bytes);
-        stream.open(QIODevice::ReadOnly);
-        TLexer lexer;
-        lexer.SetInputStream(&stream, false);
-        return Drain(lexer, AEndLines);
-    }
-
-    TTokens Drain(TLexer &ALexer, bool AEndLines)
-    {
-        ALexer.SetEndLines(AEndLines);
-        TTokens tokens;
-        qsizetype length = 0;
-        do {
-            QString text;
-            const auto kind = ALexer.InternalGetNextToken(text);
-            length += text.size();
-            tokens.append({kind, text});
-            Require(tokens.size() <= FLimit, "the number of tokens is bounded");
-            Require(length <= FLimit, "the length of the tokens is bounded");
-        } while (tokens.last().first != EndOfFile);
-        return tokens;
-    }
-
-    void CheckMethodTools(TLexer &ALexer)
-    {
-        const int line = ALexer.MethodLineNr(QStringLiteral("a"));
-        Require(line == -1 || (line >= 1 && line <= FText.count(u'\n') + 1),
-                "a method's line is one of the text");
-        Require(ALexer.GetSameMethods(&ALexer, QStringLiteral("objectNameChanged")).size() <=
-                    FLimit,
-                "the names of methods are bounded");
-    }
-
-    const QString FText;
-    const qsizetype FLimit;
-};
+    const int line = fed->Parser().MethodLineNr(QStringLiteral("a"));
+    Require(line == -1 || (line >= 1 && line <= AText.count(u'\n') + 1),
+            "a method's line is one of the text");
+    const QString methods =
+        fed->Parser().GetSameMethods(&fed->Parser(), QStringLiteral("objectNameChanged"));
+    Require(methods.size() <= limit, "the names of methods are bounded");
+}
 
 } // namespace
 
 // Any text goes through each lexer: what is no source of its language too.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *AData, size_t ASize)
 {
-    TLexerCheck<TZtLangParser, TlngToken::tEndOfFile>(AData, ASize);
-    TLexerCheck<TZtCodePascalParser, TPascalToken::ptEndOfFile>(AData, ASize);
-    TLexerCheck<TZtCodeVBParser, TVBToken::vtEndOfFile>(AData, ASize);
-    TLexerCheck<TZtCodeJSParser, TJSToken::vtEndOfFile>(AData, ASize);
-    TLexerCheck<TZtCodeXMLParser, TZtXmlToken::vtEndOfFile>(AData, ASize);
-    TLexerCheck<TZtCodeSqlParser, TZtSqlToken::vtEndOfFile>(AData, ASize);
+    const QString text = QString::fromUtf8(reinterpret_cast<const char *>(AData), qsizetype(ASize));
+    for (const TZtTokenLanguage &language : ZtTokenLanguages())
+        for (const bool endLines : {false, true})
+            CheckLexer(language, text, endLines);
     return 0;
 }
