@@ -1,6 +1,5 @@
 #pragma once
 
-#include "uZtException.h"
 #include "uZtTokenDump.h"
 
 #include <QBuffer>
@@ -18,17 +17,6 @@ public:
         open(ReadOnly);
     }
 };
-
-/// The message of what `AStep` raises; empty for nothing.
-template <typename TStep> QString Raised(TStep AStep)
-{
-    try {
-        AStep();
-    } catch (const EZtException &error) {
-        return error.Message();
-    }
-    return {};
-}
 
 /// What stands behind the mark of a golden's line, which has pictures of control characters.
 inline QString GoldenText(const QString &ALine)

@@ -2,6 +2,7 @@
 
 #include "uZtCodeJSParser.h"
 #include "uZtCodeVBParser.h"
+#include "uZtException.h"
 
 #include <gtest/gtest.h>
 
@@ -9,8 +10,6 @@ namespace {
 
 class TSender : public QObject {
     Q_OBJECT
-public:
-    using QObject::QObject;
 Q_SIGNALS:
     void changed(const QString &text, int, QObject &source, const char *what = nullptr);
     double asked();
@@ -19,8 +18,6 @@ Q_SIGNALS:
 
 class TButton : public TSender {
     Q_OBJECT
-public:
-    using TSender::TSender;
 };
 
 // "name.event kind (mark name type, ...) result"
@@ -43,21 +40,28 @@ QString Described(QObject *AObject, const QString &AEventName)
              params.join(", "), event->GetResultType());
 }
 
-TEST(MethodDescription, OfARegisteredSignature)
+// The message of what a step raises; empty for nothing.
+QString Raised(const std::function<void()> &AStep)
 {
-    TButton button;
-    ExpectUnderEachLine("methods/signatures.txt", [&](const QString &line) {
-        const auto *type = &TSender::staticMetaObject;
-        const QString event = "On" + line;
-        const QString error = Raised([&] { ZtRegisterEvent(type, event, GoldenText(line)); });
-        const QString described = Described(&button, event);
-        return error.isEmpty() ? described.mid(event.size() + 2).trimmed() : error;
-    });
-    EXPECT_THROW(ZtRegisterEvent(nullptr, "OnBad", "procedure"), EZtException);
-    EXPECT_THROW(ZtRegisterEvent(&TSender::staticMetaObject, " ", "procedure"), EZtException);
+    try {
+        AStep();
+    } catch (const EZtException &error) {
+        return error.Message();
+    }
+    return {};
 }
 
-TEST(MethodDescription, IsFoundByClassAndName)
+TEST(Methods, RegisteredSignatures)
+{
+    TSender sender;
+    ExpectUnderEachLine("methods/signatures.txt", [&](const QString &line) {
+        const QString error = Raised(
+            [&] { ZtRegisterEvent(&TSender::staticMetaObject, "OnEvent", GoldenText(line)); });
+        return error.isEmpty() ? Described(&sender, "OnEvent").section(u' ', 1).trimmed() : error;
+    });
+}
+
+TEST(Methods, EventsByClassAndName)
 {
     ZtRegisterEvent(&TSender::staticMetaObject, "OnTake", "procedure(A: T)");
     ZtRegisterEvent(&TSender::staticMetaObject, "OnBoth", "procedure(A: T)");
@@ -73,29 +77,6 @@ TEST(MethodDescription, IsFoundByClassAndName)
     });
 }
 
-TEST(MethodDescription, RegisteredFieldByField)
-{
-    TZtMethodDescription event;
-    event.SetProcName("OnFields");
-    event.SetResultType("R");
-    TZtMethodParam *first = event.AddParam();
-    event.AddParam()->SetParamType(TZtParamType::ptOut);
-    first->SetName("A");
-    first->SetParamVarType("QList<int>");
-    event.SetParamCount(5);
-    EXPECT_EQ(event.GetParams(0), first);
-    EXPECT_THROW(event.GetParams(2), EListError);
-    EXPECT_THROW(event.GetParams(-1), EListError);
-    TSender sender;
-    for (const auto &[kind, result] : {std::pair(TMethodKind::mkClassFunction, "R"),
-                                       std::pair(TMethodKind::mkConstructor, "")}) {
-        event.SetProcType(kind);
-        ZtRegisterEvent(&TSender::staticMetaObject, event);
-        const QString description = Described(&sender, "OnFields");
-        EXPECT_TRUE(description.endsWith(QString(" (var A QList<int>, out  ) ") + result));
-    }
-}
-
 // Events of a button: procedures and functions by their number of parameters.
 class MethodTools : public testing::Test {
 protected:
@@ -108,12 +89,13 @@ protected:
                                          {"OnAskTwo", "function(A, B: T): T"}};
         for (const auto &[name, signature] : events)
             ZtRegisterEvent(&TButton::staticMetaObject, name, signature);
-        TZtMethodDescription event;
-        event.SetProcName("OnClass");
-        event.SetProcType(TMethodKind::mkClassFunction);
-        ZtRegisterEvent(&TButton::staticMetaObject, event);
+    }
+    TZtLangParser &Lexer(const QString &ALine)
+    {
+        return ALine.startsWith('v') ? static_cast<TZtLangParser &>(VB) : JS;
     }
     static QString Shown(QString AText) { return AText.replace("\r\n", "|"); }
+
     TButton Button;
     TZtCodeVBParser VB;
     TZtCodeJSParser JS;
@@ -121,54 +103,31 @@ protected:
 
 TEST_F(MethodTools, CreateMethod)
 {
-    const struct {
-        QString Component, Event, Name, Word, Params;
-    } rows[] = {{"Button1", "OnClick", "Button1_OnClick", "sub", "Sender"},
-                {"", "OnTwo", "OnTwo", "sub", "A, B"},
-                {"%2", "OnAsk", "%2_OnAsk", "function", ""},
-                {"b", "onasktwo", "b_onasktwo", "function", "A, B"},
-                {"b", "OnClass", "b_OnClass", "sub", ""}};
-    for (const auto &row : rows) {
-        Button.setObjectName(row.Component);
-        const QString head = ' ' + row.Name + '(' + row.Params + ')';
-        QString name = "before";
-        EXPECT_EQ(Shown(VB.CreateMethod(&Button, row.Event, name)),
-                  '|' + row.Word + head + "|  |end " + row.Word + " rem " + row.Name + '|');
-        EXPECT_EQ(name, row.Name);
-        EXPECT_EQ(Shown(JS.CreateMethod(&Button, row.Event, name)),
-                  "|function" + head + "|{  |} // " + row.Name + '|');
-    }
-    QString name = "before";
-    EXPECT_THROW(VB.CreateMethod(&Button, "OnNothing", name), EZtParser);
-    EXPECT_EQ(name, "b_OnNothing");
-    EXPECT_THROW(JS.CreateMethod(nullptr, "OnClick", name), EZtParser);
-    EXPECT_EQ(name, "OnClick");
+    ExpectUnderEachLine("methods/created.txt", [this](const QString &line) {
+        Button.setObjectName(line.section(' ', 1, 1));
+        QString name, text;
+        const QString error =
+            Raised([&] { text = Lexer(line).CreateMethod(&Button, line.section(' ', 2), name); });
+        return name + ": " + Shown(text) + error;
+    });
 }
 
 // The methods that fit each event, then the lines of those that are called a, b and c.
 TEST_F(MethodTools, MethodsOfATextAndTheirLines)
 {
     ExpectUnderEachLine("methods/texts.txt", [this](const QString &line) {
-        TZtLangParser &lexer = line.startsWith('v') ? static_cast<TZtLangParser &>(VB) : JS;
+        TZtLangParser &lexer = Lexer(line);
         TTextStream stream(GoldenText(line));
         lexer.SetInputStream(&stream, false);
         QString shown = "found:";
-        for (const char *event : {"OnNone", "OnClick", "OnTwo", "OnAsk", "OnAskTwo"})
+        for (const char *event : {"OnNone", "OnClick", "OnTwo", "OnAsk", "OnAskTwo", "OnNothing"})
             if (const QString names = Shown(lexer.GetSameMethods(&Button, event)); !names.isEmpty())
                 shown += QString(" %1 %2").arg(event, names);
-        for (const char *name : {"A", "b", "c"})
+        for (const char *name : {"A", "b", "c", ""})
             if (const int at = lexer.MethodLineNr(name); at != -1)
                 shown += QString(" %1:%2").arg(name).arg(at);
-        EXPECT_EQ(lexer.MethodLineNr(""), -1);
-        EXPECT_EQ(lexer.GetSameMethods(&Button, "OnClass"), "");
-        EXPECT_EQ(lexer.GetSameMethods(&Button, "OnNothing"), "");
-        EXPECT_EQ(lexer.GetSameMethods(nullptr, "OnNone"), "");
         return shown;
     });
-    TTextStream stream("sub a(b)");
-    VB.SetInputStream(&stream, false);
-    EXPECT_EQ(VB.MethodLineNr("a"), 1);
-    EXPECT_EQ(VB.ReadChar(), u'(');
 }
 
 } // namespace

@@ -1,5 +1,5 @@
 #include "lexing.h"
-#include "uZtCodeParser.h"
+#include "uZtClassRegistry.h"
 
 #include <gtest/gtest.h>
 
@@ -28,12 +28,7 @@ QString ReadAll(TZtLangParser &AParser, int ALimit = 100000)
 TEST(ParserBase, ReadsPiecesAndPushedCharactersAndCountsLines)
 {
     TZtLangParser parser;
-    EXPECT_EQ(parser.ReadCurrChar(), 0);
-    EXPECT_EQ(parser.GetLineNr(), 1);
-    parser.PushStr("xyz");
-    EXPECT_EQ(ReadAll(parser), "xyz");
     parser.OnGetNewBuffer = Pieces({"a\r\n", "\r\n", "bc", "", "d"});
-    parser.ResetBuffer();
     const struct {
         const char *Push; // '?' peeks, '!' starts again
         int Count;        // so many characters are read
@@ -41,6 +36,7 @@ TEST(ParserBase, ReadsPiecesAndPushedCharactersAndCountsLines)
         int LineNr;
         char16_t Current;
     } rows[] = {
+        {"", 0, "", 1, u'\0'},
         {"?", 3, "a\r\n", 2, u'\n'},
         {"\n", 0, "", 1, u'\r'},
         {"", 2, "\n\r", 2, u'\r'},
@@ -66,58 +62,24 @@ TEST(ParserBase, ReadsPiecesAndPushedCharactersAndCountsLines)
     }
 }
 
-TEST(ParserBase, ASourceThatRaisesLeavesTheParserUsable)
-{
-    TZtLangParser parser;
-    parser.OnGetNewBuffer = Pieces({"ab"});
-    ReadAll(parser, 2);
-    parser.OnGetNewBuffer = [](bool, QString &) -> bool { throw EZtParser("no text"); };
-    EXPECT_THROW(parser.ReadChar(), EZtParser);
-    EXPECT_EQ(parser.ReadCurrChar(), u'b');
-    parser.OnGetNewBuffer = Pieces({"c"});
-    EXPECT_EQ(parser.ReadChar(), u'c');
-}
-
 TEST(ParserBase, ReadsAStreamInBlocksAndDropsAnOddByte)
 {
     for (const int size : {0, 1, 4095, 4096, 4097, 8192}) {
-        const QString text = QString(size, u'q').replace(size / 2, 1, "\n").left(size);
-        for (const QByteArray &extra : {QByteArray(), QByteArray("!")}) {
-            TTextStream stream(text, extra);
-            TZtLangParser parser;
-            parser.SetInputStream(&stream, true);
-            EXPECT_EQ(stream.pos(), qMin<qint64>(8192, size * 2 + extra.size()));
-            EXPECT_EQ(ReadAll(parser), text) << size;
-            EXPECT_EQ(parser.ReadChar(), 0) << size;
-            parser.Reset();
-            EXPECT_EQ(ReadAll(parser), text) << size << " after a restart";
-        }
-    }
-}
-
-TEST(ParserBase, TheCallbackComesBeforeTheStreamAndARestartKeepsWhatCrossesLines)
-{
-    TTextStream stream("stream"); // on the stack: a lexer that took it over would crash
-    {
+        const QString text(size, u'q');
+        TTextStream stream(text, "!"); // on the stack: a lexer that took it over would crash
         TZtLangParser parser;
         parser.SetInputStream(&stream, true);
-        parser.OnGetNewBuffer = Pieces({"callback"});
-        parser.SetInRemark(true);
-        parser.SetRemarkEnd("*)");
-        parser.SetLineKind(7);
-        parser.ResetBuffer();
-        EXPECT_EQ(ReadAll(parser), "callback");
-        EXPECT_TRUE(parser.GetInRemark() && parser.GetRemarkEnd() == "*)");
-        EXPECT_EQ(parser.GetLineKind(), 7);
+        EXPECT_EQ(ReadAll(parser), text) << size;
+        EXPECT_EQ(parser.ReadChar(), 0) << size;
+        parser.Reset();
+        EXPECT_EQ(ReadAll(parser), text) << size << " after a restart";
     }
-    EXPECT_EQ(stream.size(), 12);
 }
 
-TEST(ParserBase, PlainTextGivesWholeLinesAndHasNoMethods)
+TEST(ParserBase, PlainTextGivesWholeLines)
 {
     TZtLangParser parser;
     parser.OnGetNewBuffer = Pieces({"ab\r\n", "\r\n", "c\rd"});
-    parser.OnPaintInfo = [](const QString &, TColor &, TColor &, TFontStyles &) { FAIL(); };
     const std::pair<QString, bool> expected[] = {
         {"ab", false}, {"", true}, {"", true}, {"c", false}, {"", true}, {"d", true}, {"", true}};
     for (const auto &[text, atBreak] : expected) {
@@ -130,12 +92,35 @@ TEST(ParserBase, PlainTextGivesWholeLinesAndHasNoMethods)
         EXPECT_EQ(lineBreak, atBreak);
         EXPECT_TRUE(background == clWindow && color == clWindowText && !style);
     }
-    QString name = "kept";
-    EXPECT_EQ(parser.GetLanguage(), "<undefined language>");
-    EXPECT_EQ(parser.CreateMethod(&parser, "OnClick", name), "");
-    EXPECT_EQ(parser.GetSameMethods(&parser, "OnClick"), "");
-    EXPECT_EQ(parser.MethodLineNr("kept"), -1);
-    EXPECT_EQ(name, "kept");
+}
+
+// The paint hook sees what a row of a script claims twice.
+TEST(Lexers, AreCreatedByNameAndAskThePaintHook)
+{
+    const char *const rows[][3] = {{"TztCodePasParser", "Pascal", ""},
+                                   {"TZtCodeVBParser", "Visual Basic", "aa"},
+                                   {"TZtCodeJSParser", "JavaScript", "aa"},
+                                   {"TZtCodeXMLParser", "XML", ""},
+                                   {"TZtCodeSqlParser", "Sql", ""}};
+    for (const auto &[name, language, asked] : rows) {
+        const std::unique_ptr<QObject> object(ZtCreateObject(name, nullptr));
+        auto *parser = qobject_cast<TZtLangParser *>(object.get());
+        ASSERT_TRUE(parser) << name;
+        EXPECT_EQ(parser->GetLanguage(), language);
+        TTextStream stream("a");
+        parser->SetInputStream(&stream, false);
+        QString seen, token;
+        parser->OnPaintInfo = [&](const QString &AToken, TColor &ABack, TColor &, TFontStyles &) {
+            seen += AToken;
+            ABack = clLime;
+        };
+        TColor background = 0, color = 0;
+        TFontStyles style;
+        bool lineBreak = false;
+        parser->GetNextToken(token, background, color, style, lineBreak);
+        EXPECT_EQ(background == clLime, !seen.isEmpty());
+        EXPECT_EQ(seen, asked);
+    }
 }
 
 } // namespace
