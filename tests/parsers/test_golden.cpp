@@ -1,8 +1,6 @@
 #include "lexing.h"
-#include "uZtTokenDump.h"
 
 #include <QDir>
-#include <QFile>
 #include <QRegularExpression>
 
 #include <gtest/gtest.h>

@@ -29,10 +29,10 @@ QString Described(QObject *AObject, const QString &AEventName)
     const char *const marks[] = {"var", "out", "const"};
     QStringList params;
     for (int i = 0; i < event->GetParamCount(); ++i) {
-        const TZtMethodParam *param = event->GetParams(i);
+        const TZtMethodParam &param = *event->GetParams(i);
         params +=
-            QString("%1 %2 %3")
-                .arg(marks[int(param->GetParamType())], param->GetName(), param->GetParamVarType());
+            QStringList{marks[int(param.GetParamType())], param.GetName(), param.GetParamVarType()}
+                .join(' ');
     }
     return QString("%1.%2 %3 (%4) %5")
         .arg(event->GetName(), event->GetProcName(),
