@@ -196,7 +196,7 @@ TEST(StringList, AFailedEditKeepsTheLine)
     }
 }
 
-using TOperations = std::vector<std::function<void(TStringList &list, int at)>>;
+using TOperations = QList<std::function<void(TStringList &list, int at)>>;
 
 const TOperations LineOperations = {
     [](TStringList &list, int at) { list.SetStrings(at, u"x"_s); },
@@ -238,26 +238,25 @@ TEST(StringList, AnIndexOutsideRaisesBeforeAnyEvent)
 // Handlers change the list under an operation: it goes on where it can and raises where it cannot.
 TEST(StringList, HandlersMayChangeTheList)
 {
-    for (const TOperations &operations : {LineOperations, TextOperations})
-        for (const auto &operation : operations)
-            for (const auto handler : {&TStringList::OnChanging, &TStringList::OnChange}) {
-                TStringList list;
-                list.SetText(u"one\ntwo"_s);
-                list.SetStrings(1, u"its own"_s);
-                bool done = false;
-                list.*handler = [&](QObject *) {
-                    if (!std::exchange(done, true))
-                        list.Clear();
-                };
-                try {
-                    operation(list, 1);
-                } catch (const EStringListError &) {
-                    EXPECT_EQ(list.GetCount(), 0);
-                }
-                EXPECT_TRUE(done);
-                list.SetText(u"still\nthere"_s);
-                EXPECT_EQ(list.GetCount(), 2);
+    for (const auto &operation : LineOperations + TextOperations)
+        for (const auto handler : {&TStringList::OnChanging, &TStringList::OnChange}) {
+            TStringList list;
+            list.SetText(u"one\ntwo"_s);
+            list.SetStrings(1, u"its own"_s);
+            bool done = false;
+            list.*handler = [&](QObject *) {
+                if (!std::exchange(done, true))
+                    list.Clear();
+            };
+            try {
+                operation(list, 1);
+            } catch (const EStringListError &) {
+                EXPECT_EQ(list.GetCount(), 0);
             }
+            EXPECT_TRUE(done);
+            list.SetText(u"still\nthere"_s);
+            EXPECT_EQ(list.GetCount(), 2);
+        }
 }
 
 // What is raised before a change prevents it, and an update that it ended is over.
@@ -267,9 +266,8 @@ TEST(StringList, AHandlerMayPreventAChange)
     TStringList &list = model.List;
     list.Add(u"a"_s);
     list.OnChanging = [](QObject *) { throw EZtException(u"no"_s); };
-    for (const TOperations &operations : {LineOperations, TextOperations})
-        for (const auto &operation : operations)
-            EXPECT_THROW(operation(list, 0), EZtException);
+    for (const auto &operation : LineOperations + TextOperations)
+        EXPECT_THROW(operation(list, 0), EZtException);
     list.OnChanging = nullptr;
     list.Add(u"b"_s);
     EXPECT_EQ(model.Log, "-0+1+2");
