@@ -15,7 +15,6 @@
 #include <QRegularExpression>
 
 #include <csignal>
-#include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -32,6 +31,13 @@ QByteArray BytesOf(const QString &AShown)
 QString Before(const QString &AArgument) { return AArgument.section(u'=', 0, 0); }
 QString After(const QString &AArgument) { return AArgument.section(u'=', 1); }
 
+QString ModeOf(const QString &APath)
+{
+    struct stat status = {};
+    stat(APath.toLocal8Bit().constData(), &status);
+    return QString::number(status.st_mode & 07777, 8);
+}
+
 } // namespace
 
 QString ShownBytes(const QByteArray &ABytes)
@@ -41,16 +47,13 @@ QString ShownBytes(const QByteArray &ABytes)
 
 THostSession::THostSession() : Answer(mrYes)
 {
+    TZtPlatform &platform = ZtPlatform();
     const auto box = [this](const QString &text, const QString &) { return Box(text); };
-    ZtPlatform().MsgBoxInfo = box;
-    ZtPlatform().MsgBoxError = box;
-    ZtPlatform().MsgBoxConfirm = box;
-    ZtPlatform().MsgBoxYesNo = box;
-    ZtPlatform().MsgBoxYesNoCancel = box;
-    ZtPlatform().ShowException = [this](const QString &message) { Fault(message); };
-    ZtPlatform().ClipboardText = [this] { return Clipboard; };
-    ZtPlatform().SetClipboardText = [this](const QString &text) { Clipboard = text; };
-    ZtPlatform().KeyboardShift = [] { return TShiftState(); };
+    platform.MsgBoxError = box;
+    platform.MsgBoxConfirm = platform.MsgBoxYesNoCancel = box;
+    platform.ShowException = [this](const QString &message) { Fault(message); };
+    platform.ClipboardText = [this] { return FClipboard; };
+    platform.SetClipboardText = [this](const QString &text) { FClipboard = text; };
     std::signal(SIGXFSZ, SIG_IGN);
     AddFileWords();
     AddProgramWords();
@@ -68,11 +71,9 @@ QString THostSession::Do(const QString &AWords)
 {
     FLog.clear();
     for (const QString &step : AWords.split(u' ', Qt::SkipEmptyParts)) {
-        const TAction action = Words.value(step.section(u':', 0, 0));
-        if (!action) {
-            Say(u"unknown word "_s + step);
-            break;
-        }
+        const auto action = Words.value(step.section(u':', 0, 0));
+        if (!action)
+            return u"unknown word "_s + step;
         try {
             action(step.section(u':', 1));
         } catch (const EZtException &error) {
@@ -84,7 +85,7 @@ QString THostSession::Do(const QString &AWords)
 
 QString THostSession::Path(const QString &AName) const
 {
-    return AName == u'.' ? Folder.path() : AName.isEmpty() ? AName : Folder.filePath(AName);
+    return AName == u'.' ? Folder.path() : Folder.filePath(AName);
 }
 
 TZtCodeEdit *THostSession::Editor() const { return Document()->Editor(); }
@@ -107,36 +108,25 @@ void THostSession::Fault(const QString &AMessage)
 // What other programs do.
 void THostSession::AddFileWords()
 {
-    Words[u"write"_s] = [this](const QString &file) {
+    Words[u"write"_s] = [this](auto &file) {
         QFile to(Path(Before(file)));
         EXPECT_TRUE(to.open(QIODevice::WriteOnly));
         to.write(BytesOf(After(file)));
     };
-    Words[u"dir"_s] = [this](const QString &name) { QDir().mkdir(Path(name)); };
-    Words[u"pipe"_s] = [this](const QString &name) { mkfifo(Local(name).constData(), 0600); };
-    Words[u"remove"_s] = [this](const QString &name) { QFile::remove(Path(name)); };
-    Words[u"link"_s] = [this](const QString &link) {
-        QFile::link(After(link), Path(Before(link)));
+    Words[u"dir"_s] = [this](auto &name) { QDir().mkdir(Path(name)); };
+    Words[u"remove"_s] = [this](auto &name) { QFile::remove(Path(name)); };
+    Words[u"link"_s] = [this](auto &link) { QFile::link(After(link), Path(Before(link))); };
+    Words[u"hard"_s] = [this](auto &name) {
+        EXPECT_EQ(link(Local(After(name)).constData(), Local(Before(name)).constData()), 0);
     };
-    Words[u"hard"_s] = [this](const QString &name) {
-        if (link(Local(After(name)).constData(), Local(Before(name)).constData()) != 0)
-            Say(qt_error_string());
-    };
-    Words[u"mode"_s] = [this](const QString &mode) {
+    Words[u"mode"_s] = [this](auto &mode) {
         chmod(Local(Before(mode)).constData(), After(mode).toUInt(nullptr, 8));
     };
-    Words[u"touch"_s] = [this](const QString &name) {
-        utimensat(AT_FDCWD, Local(name).constData(), nullptr, 0);
-    };
-    Words[u"read"_s] = [this](const QString &name) {
+    Words[u"modeof"_s] = [this](auto &name) { Say(ModeOf(Path(name))); };
+    Words[u"read"_s] = [this](auto &name) {
         Say(u'<' + ShownBytes(ZtReadFile(Path(name))) + u'>');
     };
-    Words[u"modeof"_s] = [this](const QString &name) {
-        struct stat status = {};
-        stat(Local(name).constData(), &status);
-        Say(QString::number(status.st_mode & 07777, 8));
-    };
-    Words[u"names"_s] = [this](const QString &) { Say(Names()); };
+    Words[u"names"_s] = [this](auto &) { Say(Names()); };
 }
 
 // Without the digits that are found by chance, and with a mark for links.
@@ -154,87 +144,53 @@ QString THostSession::Names() const
 // The program without its window.
 void THostSession::AddProgramWords()
 {
-    Words[u"store"_s] = [this](const QString &file) {
+    Words[u"store"_s] = [this](auto &file) {
         const QStringList lost = ZtSaveFile(Path(Before(file)), BytesOf(After(file)));
         if (!lost.isEmpty())
             Say(lost.join(u", "_s));
     };
-    Words[u"room"_s] = [](const QString &bytes) {
-        rlimit limit = {};
-        getrlimit(RLIMIT_FSIZE, &limit);
-        limit.rlim_cur = bytes.isEmpty() ? limit.rlim_max : bytes.toUInt();
-        setrlimit(RLIMIT_FSIZE, &limit);
+    Words[u"room"_s] = [](auto &bytes) {
+        const rlimit limit = {bytes.isEmpty() ? RLIM_INFINITY : bytes.toUInt(), RLIM_INFINITY};
+        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
     };
-    Words[u"offer"_s] = [this](const QString &name) { ZtOfferRestore(Path(name)); };
-    Words[u"inuse"_s] = [this](const QString &name) {
+    Words[u"offer"_s] = [this](auto &name) { ZtOfferRestore(Path(name)); };
+    Words[u"inuse"_s] = [this](auto &name) {
         FSideFiles.push_back(std::make_unique<TZtSideFile>(Path(name)));
-        struct stat status = {};
-        fstat(FSideFiles.back()->Handle(), &status);
-        Say(QString::number(status.st_mode & 07777, 8));
+        Say(ModeOf(FSideFiles.back()->Path()));
     };
-    Words[u"backup"_s] = [this](const QString &name) {
-        FSideFiles.push_back(std::make_unique<TZtSideFile>(Path(name)));
-        FSideFiles.back()->BecomeBackup();
-    };
+    Words[u"backup"_s] = [this](auto &) { FSideFiles.back()->BecomeBackup(); };
 }
 
 void THostSession::AddTextWords()
 {
-    const auto paths = [this](const QString &names) {
-        QStringList all;
-        for (const QString &name : names.split(u','))
-            all += Path(name);
-        return all;
-    };
-    Words[u"new"_s] = [this](const QString &) { Window->NewDocument(); };
-    Words[u"open"_s] = [this](const QString &name) { Window->OpenFile(Path(name)); };
-    Words[u"openfiles"_s] = [this, paths](const QString &names) {
-        Window->OpenFiles(paths(names));
-    };
-    Words[u"begin"_s] = [this, paths](const QString &names) {
-        Say(QString::number(Window->OpenEach(paths(names), &TMainWindow::OpenOrBegin).size()));
-    };
-    Words[u"load"_s] = [this](const QString &name) { Document()->Load(Path(name)); };
-    Words[u"type"_s] = [this](const QString &text) {
+    Words[u"new"_s] = [this](auto &) { Window->NewDocument(); };
+    Words[u"open"_s] = [this](auto &name) { Window->OpenFile(Path(name)); };
+    Words[u"begin"_s] = [this](auto &name) { Window->OpenOrBegin(Path(name)); };
+    Words[u"load"_s] = [this](auto &name) { Document()->Load(Path(name)); };
+    Words[u"type"_s] = [this](auto &text) {
         Editor()->InsertText(TZtChangeType::ctPaste, QString::fromUtf8(BytesOf(text)));
     };
-    Words[u"surrogate"_s] = [this](const QString &) {
-        Editor()->InsertText(TZtChangeType::ctPaste, QString(QChar(0xD83D)));
-    };
-    Words[u"menu"_s] = [this](const QString &name) { ChooseInMenu(name); };
-    Words[u"plain"_s] = [this](const QString &) { Document()->SetLanguage(ZtLanguages()[0]); };
-    Words[u"language"_s] = [this](const QString &) {
-        Say(QLatin1StringView(Document()->Language().Name));
-    };
-    Words[u"goto"_s] = [this](const QString &line) {
-        Document()->GoToLine(line.toInt());
-        const int page = Editor()->GetVScrollBar()->GetPageSize();
-        const int top = Editor()->GetVScrollBar()->GetPosition();
-        const int at = Editor()->GetLinePos();
-        const bool last = top == Editor()->GetLines()->GetCount() - page;
-        Say(u"%1:%2"_s.arg(at).arg(last                   ? u"end"_s
-                                   : top == at - page / 2 ? u"middle"_s
-                                                          : QString::number(top)));
-    };
-    Words[u"text"_s] = [this](const QString &) { Say(Text()); };
-    Words[u"canundo"_s] = [this](const QString &) { Say(Editor()->GetCanUndo()); };
-    Words[u"tabs"_s] = [this](const QString &) { Say(Tabs()); };
-    Words[u"clipboard"_s] = [this](const QString &) { Say(Clipboard); };
+    Words[u"menu"_s] = [this](auto &name) { ChooseInMenu(name); };
+    Words[u"language"_s] = [this](auto &) { Say(QLatin1StringView(Document()->Language().Name)); };
+    Words[u"text"_s] = [this](auto &) { Say(Text()); };
+    Words[u"caret"_s] = [this](auto &) { Say(QString::number(Editor()->GetLinePos())); };
+    Words[u"canundo"_s] = [this](auto &) { Say(Editor()->GetCanUndo()); };
+    Words[u"tabs"_s] = [this](auto &) { Say(Tabs()); };
 }
 
-// An item of the menu Edit, which says whether it was enabled.
+// Says whether it was enabled.
 void THostSession::ChooseInMenu(const QString &AName)
 {
-    QMenu *menu = Window->menuBar()->actions().at(1)->menu();
-    Q_EMIT menu->aboutToShow();
-    for (QAction *action : menu->actions()) {
-        const QString text = action->text().remove(u'&').section(u'\t', 0, 0);
-        if (text == QString(AName).replace(u'_', u' ')) {
-            Say(action->isEnabled());
-            action->trigger();
-            QApplication::processEvents();
+    for (const QAction *title : Window->menuBar()->actions()) {
+        Q_EMIT title->menu()->aboutToShow();
+        for (QAction *action : title->menu()->actions()) {
+            if (action->text().remove(u'&').section(u'\t', 0, 0).replace(u' ', u'_') == AName) {
+                Say(action->isEnabled());
+                action->trigger();
+            }
         }
     }
+    QApplication::processEvents();
 }
 
 // The one in front in brackets, with a star for changes.
@@ -251,19 +207,16 @@ QString THostSession::Tabs() const
 
 void THostSession::AddSaveWords()
 {
-    Words[u"yes"_s] = [this](const QString &) { Answer = mrYes; };
-    Words[u"no"_s] = [this](const QString &) { Answer = mrNo; };
-    Words[u"cancel"_s] = [this](const QString &) { Answer = mrCancel; };
-    Words[u"save"_s] = [this](const QString &) { Say(Window->Save(Document())); };
-    Words[u"saveas"_s] = [this](const QString &name) {
-        Say(ZtSaveDocumentAs(*Document(), Path(name)));
-    };
-    Words[u"closetab"_s] = [this](const QString &) { Say(Window->CloseDocument(Document())); };
-    Words[u"close"_s] = [this](const QString &) { Say(Window->close()); };
-    Words[u"changed"_s] = [this](const QString &) {
+    Words[u"yes"_s] = [this](auto &) { Answer = mrYes; };
+    Words[u"no"_s] = [this](auto &) { Answer = mrNo; };
+    Words[u"cancel"_s] = [this](auto &) { Answer = mrCancel; };
+    Words[u"save"_s] = [this](auto &) { Say(Window->Save(Document())); };
+    Words[u"saveas"_s] = [this](auto &name) { Say(ZtSaveDocumentAs(*Document(), Path(name))); };
+    Words[u"closetab"_s] = [this](auto &) { Say(Window->CloseDocument(Document())); };
+    Words[u"close"_s] = [this](auto &) { Say(Window->close()); };
+    Words[u"changed"_s] = [this](auto &) {
         QString reason;
-        const int change = int(Document()->ChangeOnDisk(reason));
         const QString names[] = {u"none"_s, u"changed"_s, u"missing"_s, u"unknown"_s};
-        Say(names[change] + (reason.isEmpty() ? QString() : u'?' + reason.section(u' ', 0, 0)));
+        Say(names[int(Document()->ChangeOnDisk(reason))]);
     };
 }

@@ -37,20 +37,18 @@ public:
     std::unique_ptr<TMainWindow> Window = std::make_unique<TMainWindow>();
     int Answer;
     QStringList Asked; ///< what the boxes and exceptions said, with "~" for the folder
-    QString Clipboard;
 
 protected:
-    using TAction = std::function<void(const QString &)>;
     void Say(const QString &AText) { FLog += AText; }
     void Say(bool AOk) { Say(QString(QLatin1Char(AOk ? '+' : '-'))); }
-    void Fault(const QString &AMessage);
     /// The text with a slash for each end of a line.
     QString Text() const;
 
-    QHash<QString, TAction> Words;
+    QHash<QString, std::function<void(const QString &)>> Words;
 
 private:
     int Box(const QString &AText);
+    void Fault(const QString &AMessage);
     void AddFileWords();
     void AddProgramWords();
     void AddTextWords();
@@ -60,6 +58,7 @@ private:
     void ChooseInMenu(const QString &AName);
 
     QStringList FLog;
+    QString FClipboard;
     std::vector<std::unique_ptr<TZtSideFile>> FSideFiles;
 };
 
@@ -67,21 +66,22 @@ private:
 QString ShownBytes(const QByteArray &ABytes);
 
 struct TSessionRow {
-    const char *Name;
     const char *Words;
     const char *Log;
     const char *Said = ""; ///< in a box or an exception
 };
 
-/// Runs each row in a session of its own.
-template <typename TSession, size_t N> void CheckSessions(const TSessionRow (&ARows)[N])
+/// Runs each row in a session of its own, which begins with the same words.
+template <typename TSession = THostSession>
+void CheckSessions(std::initializer_list<TSessionRow> ARows, const QString &ABegin = {})
 {
     for (const TSessionRow &row : ARows) {
         TSession session;
-        EXPECT_EQ(session.Do(QString::fromUtf8(row.Words)).toStdString(), row.Log) << row.Name;
+        EXPECT_EQ(session.Do(ABegin + QString::fromUtf8(row.Words)).toStdString(), row.Log)
+            << row.Words;
         const QString said = session.Asked.join(u'\n');
         EXPECT_TRUE(said.contains(QString::fromUtf8(row.Said)))
-            << row.Name << ": " << said.toStdString();
+            << row.Words << ": " << said.toStdString();
     }
 }
 
