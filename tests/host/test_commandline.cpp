@@ -69,7 +69,6 @@ TEST(CommandLine, TokensAndSamplesAreMadeOrAnError)
         {"--make-sample ~/b", "1||ztedit: ", "there already"},
         {"--make-sample ~/c", "1||ztedit: ", "there already"},
         {"--make-sample ~/e", "1||ztedit: ", "NO"},
-        {"--tokens ~/a.js --render o.png", "2||ztedit: ", "--tokens"},
     };
     for (const auto &row : rows) {
         const QString run = RunZtedit(QString(row.Arguments).replace(u'~', session.Folder.path()));

@@ -107,18 +107,3 @@ TEST(Methods, TheListIsFilteredWhileTyping)
         EXPECT_FALSE(dialog.isVisible());
     }
 }
-
-TEST(Methods, AHandlerIsInsertedAndTheCaretIsInIt)
-{
-    const std::pair<TInsertPlace, QString> rows[] = {
-        {TInsertPlace::End, u"a\nb\n\nsub A(B)\n  |\nend sub\n\n"_s},
-        {TInsertPlace::Caret, u"\nsub A(B)\n  |\nend sub\na\nb\n"_s},
-    };
-    for (const auto &[place, after] : rows) {
-        TScript script(u"a\nb"_s);
-        ZtInsertMethod(script, u"\r\nsub A(B)\r\n  \r\nend sub\r\n"_s, place);
-        QStringList lines = script.Editor()->GetText().split(u"\r\n"_s);
-        lines[script.Editor()->GetLinePos()].insert(script.Editor()->GetCharPos(), u'|');
-        EXPECT_EQ(lines.join(u'\n'), after);
-    }
-}
