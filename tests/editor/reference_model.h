@@ -37,8 +37,6 @@ public:
             SelEnd = SelStart;
     }
 
-    void ScrollLines(int AValue) { VPos = qBound(0, AValue, Count() + 100); }
-
     void SetCharPos(int Value)
     {
         Caret.setX(Value);
@@ -58,9 +56,9 @@ public:
     {
         Caret.setY(qMax(0, qMin(Value, Count() - 1)));
         if (Caret.y() < VPos)
-            ScrollLines(Caret.y());
+            VPos = Caret.y();
         else if (Caret.y() > VPos + VPage - 1)
-            ScrollLines(Caret.y() - VPage);
+            VPos = Caret.y() - VPage;
         Moved();
     }
 
@@ -72,30 +70,15 @@ public:
 
     // --- the text
 
-    void Edited()
+    QStringList &Edited()
     {
         Modified = true;
-        ScrollLines(VPos);
-    }
-    void Store(int AIndex, const QString &S)
-    {
-        Lines[AIndex] = S;
-        Edited();
-    }
-    void Insert(int AIndex, const QString &S)
-    {
-        Lines.insert(AIndex, S);
-        Edited();
-    }
-    void Remove(int AIndex)
-    {
-        Lines.removeAt(AIndex);
-        Edited();
+        return Lines;
     }
     void Ensure(int AIndex)
     {
         while (Count() <= AIndex)
-            Insert(Count(), QString());
+            Edited() += QString();
     }
     void Record(TZtChangeType AType, QPoint AStart, QPoint AEnd, QPoint ACaret, const QString &S)
     {
@@ -114,7 +97,7 @@ public:
             SelStart == SelEnd || SelStart.y() < 0 || SelEnd.y() < 0)
             return false;
         if (SelEnd.y() >= Count()) {
-            Insert(Count(), QString());
+            Edited() += QString();
             SelEnd = {ToLineEnd, Count() - 1};
         }
         return SelStart.y() < Count();
@@ -146,14 +129,14 @@ public:
         ++Changes;
         Ensure(Caret.y());
         if (Length(Caret.y()) < Caret.x())
-            Store(Caret.y(), Lines[Caret.y()].leftJustified(Caret.x()));
+            Edited()[Caret.y()] = Lines[Caret.y()].leftJustified(Caret.x());
         int Start = 0;
         for (int i = 0; i < S.size(); ++i) {
             if (!IsBreak(S[i]))
                 continue;
             const int x = SelStart.x(), y = SelStart.y();
-            Insert(y + 1, Lines[y].mid(x));
-            Store(y, Lines[y].left(x) + S.mid(Start, i - Start));
+            Edited().insert(y + 1, Lines[y].mid(x));
+            Edited()[y] = Lines[y].left(x) + S.mid(Start, i - Start);
             SelStart = SelEnd = {0, y + 1};
             SetLinePos(y + 1);
             SetCharPos(0);
@@ -161,7 +144,7 @@ public:
             Start = i + 1;
         }
         if (Start < S.size()) {
-            Store(SelStart.y(), Lines[SelStart.y()].insert(SelStart.x(), S.mid(Start)));
+            Edited()[SelStart.y()].insert(SelStart.x(), S.mid(Start));
             SetCharPos(Caret.x() + int(S.size()) - Start);
         }
         Record(AType, P0, Caret, P0, QString());
@@ -180,26 +163,24 @@ public:
         } else {
             L.insert(Caret.x(), S);
             SetCharPos(Caret.x() + int(S.size()));
-            Store(Caret.y(), TrimRight(L));
+            Edited()[Caret.y()] = TrimRight(L);
         }
         Record(TZtChangeType::ctInsert, P0, Caret, P0, QString());
     }
 
     void Enter(QPoint P0, const QString &L)
     {
-        Store(P0.y(), TrimRight(L.left(P0.x())));
-        Insert(P0.y() + 1, TrimRight(L.mid(P0.x())));
+        Edited()[P0.y()] = TrimRight(L.left(P0.x()));
+        Edited().insert(P0.y() + 1, TrimRight(L.mid(P0.x())));
         SetLinePos(P0.y() + 1);
         SetCharPos(0);
-        for (int y = Caret.y() - 1; y >= 0; --y) {
-            int n = 0;
-            while (n < Length(y) && Lines[y][n] == u' ')
-                ++n;
-            if (n == Length(y))
-                continue;
-            Store(Caret.y(), QString(n, u' ') + Lines[Caret.y()]);
-            return SetCharPos(n);
-        }
+        int y = Caret.y() - 1;
+        while (y >= 0 && Blanks(y) == Length(y))
+            --y;
+        if (y < 0)
+            return;
+        Edited()[Caret.y()].prepend(QString(Blanks(y), u' '));
+        SetCharPos(Blanks(y));
     }
 
     QString DeleteSelected(TZtChangeType AType)
@@ -218,24 +199,29 @@ public:
         if (AType != TZtChangeType::ctNone)
             Record(AType, SelStart, SelEnd, P0, S);
         for (int y = From.y(); y < SelEnd.y(); ++y)
-            Remove(From.y());
+            Edited().removeAt(From.y());
         if (AType == TZtChangeType::ctCut)
             Clipboard = S;
-        Store(From.y(), Joined);
+        Edited()[From.y()] = Joined;
         SelEnd = SelStart;
         SetCharPos(From.x());
         SetLinePos(From.y());
         return S;
     }
 
+    int Blanks(int ALine) const
+    {
+        const QString L = Lines.value(ALine);
+        int n = 0;
+        while (n < L.size() && L[n] == u' ')
+            ++n;
+        return n;
+    }
+
     // Of the line, as Backspace sees it: 1-based place of the first character that is no space.
     int Indentation(int ALine) const
     {
-        const QString L = Lines.value(ALine);
-        int i = 1;
-        while (i < L.size() && L[i - 1] == u' ')
-            ++i;
-        return L.startsWith(u' ') ? i : 0;
+        return Blanks(ALine) > 0 ? qMin(Blanks(ALine) + 1, Length(ALine)) : 0;
     }
 
     void Backspace()
@@ -256,10 +242,10 @@ public:
             const bool WasEmpty = L.isEmpty();
             L.remove(x - n, n);
             if (!L.isEmpty())
-                Store(y, TrimRight(L));
+                Edited()[y] = TrimRight(L);
             if (!L.isEmpty() || WasEmpty)
                 return SetCharPos(x - n);
-            Remove(y);
+            Edited().removeAt(y);
             SetLinePos(y - 1);
             Ensure(Caret.y());
             SetCharPos(Length(Caret.y()));
@@ -267,8 +253,8 @@ public:
             const int M = Length(y - 1);
             Record(TZtChangeType::ctDelete, {M, y - 1}, {0, y}, {0, y}, "\r\n");
             SetCharPos(M);
-            Store(y - 1, TrimRight(Lines[y - 1] + L));
-            Remove(y);
+            Edited()[y - 1] = TrimRight(Lines[y - 1] + L);
+            Edited().removeAt(y);
             SetLinePos(y - 1);
         }
     }
@@ -290,10 +276,9 @@ public:
     void SetText(QString S)
     {
         S.replace("\r\n", "\n").replace(u'\r', u'\n');
-        Lines = S.isEmpty() ? QStringList() : S.split(u'\n');
+        Edited() = S.isEmpty() ? QStringList() : S.split(u'\n');
         if (S.endsWith(u'\n'))
             Lines.removeLast();
-        Edited();
         SelStart = SelEnd = {-1, -1};
         SetCharPos(0);
         SetLinePos(0);
@@ -332,10 +317,10 @@ public:
                 return void(++Errors);
             const QString L = Lines[Start.y()];
             const QString S = L.left(Start.x()) + Item.GetValue() + L.mid(Start.x());
-            Remove(Start.y());
+            Edited().removeAt(Start.y());
             int y = Start.y();
             for (const QString &Piece : S.split("\r\n"))
-                Insert(y++, Piece);
+                Edited().insert(y++, Piece);
         } else {
             SelStart = Start;
             SelEnd = Item.GetEndPos();

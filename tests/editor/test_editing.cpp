@@ -18,25 +18,14 @@ struct TRow {
 
 constexpr TRow Rows[] = {
     {"a pair is one change", "a|b", "\U0001F600", "a\U0001F600|b", 1},
-    {"one undo of Enter leaves the blank out", "    foo |bar", "Enter #772", "    foob|ar"},
-    {"Tab leaves the selected text", "a[b]c", "Tab", "ab  |c"},
-    {"Backspace takes a pair", "a\U0001F600|b", "Backspace", "a|b", 1},
-    {"Backspace falls back to an indentation", "a\n    y\n        |x", "Backspace",
-     "a\n    y\n    |    x"},
-    {"Backspace with a selection acts twice", "z\na[bc]d", "Backspace", "z\n|d", 2},
-    {"Delete takes a pair", "a|\U0001F600b", "Delete", "a|b", 1},
-    {"Left and Right take a pair", "a\U0001F600|", "Left Right Left", "a|\U0001F600"},
     {"Ctrl+Right goes to the next word", "|foo, bar", "Ctrl+Right", "foo, |bar"},
-    {"Ctrl+Right stops at the line's end", "fo|o\nbar", "Ctrl+Right", "foo|\nbar"},
     {"Ctrl+Right from the line's end", "a b\nfoo|\nbar\nx", "Ctrl+Right", "a b\nfoo\n|bar\nx"},
     {"Ctrl+Right in the last line", "a b|\n. ", "Ctrl+Right Ctrl+Right", "a b\n. |"},
     {"Ctrl+Left skips the letter at the caret", "foo b|ar", "Ctrl+Left", "|foo bar"},
     {"Ctrl+Left to the word's start", "foo bar|", "Ctrl+Left", "foo |bar"},
     {"Ctrl+Left in column 1", "foo\nb|ar", "Ctrl+Left", "foo\n|bar"},
     {"Ctrl+Left crosses to a line's end", "foo bar\n|x", "Ctrl+Left", "foo bar|\nx"},
-    {"Ctrl+Left with no word above", " .\n\n|x", "Ctrl+Left", "| .\n\nx"},
     {"a character above 255 is a word's", "\u0416|\u0416 x", "Ctrl+Right", "\u0416\u0416 |x"},
-    {"a cut of nothing empties the clipboard", "a[b]c", "Ctrl+C Left #768", "a|bc"},
     {"paste over a selection is two changes", "a[b]c", "Ctrl+C #770", "ab|c", 2, "b"},
     {"Shift+Insert pastes", "[ab]", "Ctrl+Insert End Shift+Insert", "abab|", 0, "ab"},
     {"F11 is Ctrl+Z too", "a|", "b Ctrl+F11", "a|"},
@@ -44,17 +33,11 @@ constexpr TRow Rows[] = {
     {"the last word of a line", "x b|az", "#1025", "x [baz]"},
     {"no word at a line's end", "baz|", "#1025", "baz|"},
     {"a blank behind a word", "foo| bar", "#1025", "[foo] bar"},
-    {"letters above 127 end a word", "ab\u00E9c|d", "#1025", "ab\u00E9[cd]"},
     {"two CRs are one break", "a|b", "insert:x\r\ry", "ax\ny|b", 1},
-    {"a split trims nothing", "a~|", "insert:\r\n\r", "a \n\n|"},
     {"a click", "[abcdef\ngh]ijkl", "click@2,0", "ab|cdef\nghijkl"},
     {"Shift and a click", "ab|cdef\nghijkl", "Shift+click@4,1", "ab[cdef\nghij]kl"},
-    {"a click right of and below the text", "|ab", "click@4,6", "ab~~|"},
-    {"a drag starts in the move's column and the press's line", "abcd\nefgh\nijkl|",
-     "press@1,0 move@3,1", "abc[d\nefg]h\nijkl"},
     {"a drag goes on from there", "abcd\nefgh\nijkl|",
      "press@1,0 move@3,1 move@2,2 release@2,2 move@0,0", "abc[d\nefgh\nij]kl"},
-    {"a key after a drag", "abcd|", "press@1,0 move@2,0 move@3,0 release@3,0 Right", "abcd|"},
     {"a click beside the text", "abc\ndef\nghi|", "click@-2,1", "abc\n|def\nghi"},
     {"a double click", "foo_bar1 baz|", "double@4,0", "[foo_bar1] baz"},
     {"a right click moves nothing", "abc[def]", "right@1,0", "abc[def]"},
@@ -94,25 +77,18 @@ TEST_F(TEditing, OrderOfEvents)
     const struct {
         const char *Before, *Do, *Events, *Posted;
     } rows[] = {
-        {"ab|", "x", "CCML", ""},                   // the deletion of nothing, then the character
         {"a[b]c", "x", "CLMMCML", ""},              // the deletion, then the character
         {"ab|", "Enter", "CCLLMMLM", ""},           // break, line, column, indentation
-        {"|", "Enter", "CCLLMM", ""},               // no line above to indent by
         {"ab|", "Backspace", "CLM", ""},            // the backspace itself is no change
         {"ab\n|c", "Backspace", "CMLLM", ""},       // column, join, line
         {"a\n  |b", "Backspace", "CLM", ""},        // nothing to fall back to
-        {"|ab", "Delete", "CLMM", ""},              //
         {"a|b", "Tab", "CML", ""},                  // nothing is deleted first
-        {"|ab", "Left", "", ""},                    //
-        {"a|\nb", "Down", "M", ""},                 //
-        {"a|", "Ctrl+A", "MM", ""},                 //
         {"a|b", "Ctrl+X", "C", "768:0"},            // nothing to cut
         {"a|b", "x Ctrl+Z", "CCMLCLMMMM", "772:0"}, // the undo deletes, then places the caret
         {"a|b", "insert:x\ry", "CLLMMLLM", ""},
         {"a|", "click@0,0", "MM", ""},
         {"a\nb|", "click@-2,1", "MMMM", ""}, // column 0, the line above, the outer move, the line
         {"|", "Ctrl+f", "", "1026:0"},
-        {"|", "Ctrl+r", "", "1026:1"},
         {"|", "F3 Shift+F3", "", "1027:0 1027:0"},
         {"|", "r", "CCML", "1027:0"}, // R searches again and is typed
     };
@@ -178,17 +154,6 @@ TEST_F(TEditing, UndoKeepsTheLastHundredChanges)
     Rig.Do("a*150 #772*101");
     EXPECT_EQ(Rig.Marked(), QString(50, u'a') + u'|');
     EXPECT_FALSE(Edit.GetCanUndo());
-    // The recorded places are used as they are, also after the text was replaced.
-    Rig.SetMarked("a\nbc|");
-    Rig.Do("Backspace x");
-    Edit.SetText("one\r\ntwo");
-    Rig.Do("#772");
-    EXPECT_EQ(Rig.Marked(), "one\nt|o");
-    Edit.SetText("one");
-    Rig.Do("#772");
-    EXPECT_EQ(Rig.Errors.size(), 1) << "line 1 is gone";
-    EXPECT_FALSE(Edit.GetCanUndo());
-    EXPECT_EQ(Edit.GetText(), "one\r\n");
     Edit.GetUndoList()->AddUndo(TZtChangeType::ctNone, {}, {}, {}, {});
     EXPECT_THROW(Edit.GetUndoList()->Undo(), EZtException);
     EXPECT_TRUE(Edit.GetCanUndo());
@@ -202,20 +167,11 @@ TEST_F(TEditing, ReadOnly)
     QString deleted = "kept";
     Edit.DeleteSelected(TZtChangeType::ctCut, deleted);
     EXPECT_EQ(deleted, "kept");
-    Rig.Do("insert:x");
+    Rig.Do("insert:x Ctrl+X");
     Edit.AddTxt("\r");
     EXPECT_EQ(Rig.Marked(), "z\na[bc]d");
     EXPECT_EQ(Rig.Events, "");
-    EXPECT_FALSE(Edit.GetModified() || Edit.GetCanUndo());
-    Rig.Do("Ctrl+C x");
-    EXPECT_EQ(Rig.Marked(), "z\nabc|d") << "typing still empties the selection";
-    EXPECT_EQ(Rig.Clipboard, "bc");
-    Rig.Do("#768");
-    EXPECT_FALSE(Edit.GetCanPaste());
-    Rig.Do("Backspace");
-    EXPECT_EQ(Rig.Marked(), "z\nab|d") << "only the backspace at the caret works";
-    Rig.Do("x #772");
-    EXPECT_EQ(Rig.Marked(), "z\nabc|d") << "what is put back is not asked for";
+    EXPECT_FALSE(Edit.GetModified() || Edit.GetCanUndo() || Edit.GetCanPaste());
 }
 
 TEST_F(TEditing, SelectionsAtAndBelowTheEnd)
@@ -227,12 +183,9 @@ TEST_F(TEditing, SelectionsAtAndBelowTheEnd)
         const char *Deleted, *After;
     } rows[] = {
         {{1, 0}, {3, 7}, INT_MAX, "b\r\ncdefghijkl\r\n", "a"},
-        {{4, 9}, {2, 7}, 0, "", "ab\r\ncdefghijkl\r\n"}, // below the text
         {{INT_MAX, 0}, {4, 1}, 4 + 2 - INT_MAX, "\r\ncdef", "abghijkl"},
         {{-5, 0}, {3, 1}, 10, "ab\r\ncde", "fghijkl"}, // columns below 0 are the line's start
-        {{2, -1}, {1, 0}, 0, "", "ab\r\ncdefghijkl"},
         {{INT_MAX, 1}, {1, 0}, 0, "", "ab\r\ncdefghijkl"},
-        {{-1, -1}, {1, 0}, 0, "", "ab\r\ncdefghijkl"},
         {{4, 1}, {2, 1}, 8, "ef", "ab\r\ncdghijkl"}, // counted to the line's end
         {{1, 0}, {3, 1}, 4, "b\r\ncde", "afghijkl"}, // the break is not counted
     };
@@ -257,69 +210,58 @@ TEST_F(TEditing, SelectionsAtAndBelowTheEnd)
             EXPECT_EQ(Edit.GetText(), before);
         }
     }
-    Rig.SetMarked("a[b]c");
-    Edit.SetTabIndentSize(-2);
-    Rig.Do("Tab");
-    EXPECT_EQ(Rig.Marked(), "ab|c") << "no blanks, but the selection is empty";
+    Rig.SetMarked("-");
+    Edit.SetSelStart({5, 5});
+    Rig.Do("Shift+End");
+    EXPECT_EQ(Edit.GetSelStart(), QPoint()) << "the caret, which does not move";
 }
 
 TEST_F(TEditing, TheViewAndTheCaretsMark)
 {
+    const auto mark = [this] { return Edit.GetCaret()->Rect(); };
     Rig.SetMarked("abc|");
     const int x = Edit.GetGuttorWidth() + 3 * Edit.GetCharWidth() + 2;
-    EXPECT_EQ(Edit.GetCaret()->Rect(), QRect(x, 0, 2, Edit.GetLineWidth()));
+    EXPECT_EQ(mark(), QRect(x, 0, 2, Edit.GetLineWidth()));
     Rig.V->SetPosition(1);
-    EXPECT_TRUE(Edit.GetCaret()->Rect().isEmpty());
+    EXPECT_TRUE(mark().isEmpty());
     Rig.V->SetPosition(0);
     Edit.clearFocus();
-    Edit.SetCharPos(1);
-    EXPECT_TRUE(Edit.GetCaret()->Rect().isEmpty());
+    EXPECT_TRUE(mark().isEmpty());
     Rig.Events.clear();
     Edit.setFocus();
-    EXPECT_FALSE(Edit.GetCaret()->Rect().isEmpty());
+    EXPECT_FALSE(mark().isEmpty());
     EXPECT_EQ(Rig.Events, "M");
-    Rig.Do("Right*510");
-    EXPECT_EQ(Edit.GetCharPos(), 500);
-    EXPECT_EQ(Rig.H->GetPosition(), 500 - Rig.H->GetPageSize());
     // A drag above the text scrolls.
     Edit.SetText(QStringLiteral("line\r\n").repeated(60));
     Edit.SetLinePos(40);
     const int top = Rig.V->GetPosition();
-    Rig.Do("press@1,2 move@1,-3");
+    Rig.Do("press@1,2 move@1,-3 release@1,1");
     EXPECT_EQ(Rig.V->GetPosition(), top - 2);
     EXPECT_EQ(Edit.GetLinePos(), top - 2);
-    // The hidden gutter counts for `CalcCursor` alone.
-    Rig.Do("release@1,1");
     Edit.SetOptions({});
     Rig.V->SetPosition(5);
     Rig.Do("click@2,0");
-    EXPECT_EQ(QPoint(Edit.GetCharPos(), Edit.GetLinePos()), QPoint(2, 5));
-    int column = Edit.GetGuttorWidth() + 3 * Edit.GetCharWidth();
-    int line = 2 * Edit.GetLineWidth();
-    Edit.CalcCursor(column, line);
-    EXPECT_EQ(QPoint(column, line), QPoint(3, 7));
+    EXPECT_EQ(QPoint(Edit.GetCharPos(), Edit.GetLinePos()), QPoint(2, 5)) << "without the gutter";
 }
 
 TEST_F(TEditing, TheWheelScrollsTheViewAlone)
 {
     Edit.SetText(QStringLiteral("line\r\n").repeated(60));
     Rig.Events.clear();
-    const int lines = ZtPlatform().WheelLines();
+    const int lines = Edit.GetScollLines();
     const std::pair<const char *, int> rows[] = {
         {"wheel-120*2", 2},
         {"wheel120", 1},
-        {"wheel-40*3", 2},       // three thirds of a notch
-        {"wheel-80 wheel80", 2}, // turning round starts anew
-        {"#522", 3},             // a delta of 0 counts as downwards
+        {"wheel-40*3", 2},               // three thirds of a notch
+        {"wheel-80 wheel80 wheel40", 1}, // turning round starts anew
+        {"#522", 2},                     // a delta of 0 counts as downwards
     };
     for (const auto &[words, notches] : rows) {
         Rig.Do(words);
         EXPECT_EQ(Rig.V->GetPosition(), notches * lines) << words;
     }
-    Rig.Do("wheel-120*100");
-    EXPECT_EQ(Rig.V->GetPosition(), 160);
     EXPECT_EQ(Rig.Events, "");
-    for (const auto &[setting, expected] : {std::pair(0, 3), {-1, 3}, {7, 7}}) {
+    for (const auto &[setting, expected] : {std::pair(-1, 3), {7, 7}}) {
         ZtPlatform().WheelLines = [value = setting] { return value; };
         EXPECT_EQ(TZtCodeEdit().GetScollLines(), expected);
     }

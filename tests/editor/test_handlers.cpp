@@ -59,26 +59,23 @@ struct TVictim {
 };
 
 using TInstall = void (*)(TVictim &, const THandler &);
+template <auto ASignal> void Connect(TVictim &v, const THandler &h)
+{
+    QObject::connect(v.Edit, ASignal, v.Edit, h);
+}
+template <auto AEvent> void BehindOwn(TVictim &v, const THandler &h)
+{
+    auto &handler = v.Edit->GetLines()->*AEvent;
+    handler = [h, own = handler](QObject *s) { own(s), h(); };
+}
 const std::pair<const char *, TInstall> Callbacks[] = {
     {"OnChange", [](auto &v, auto &h) { v.Edit->SetOnChange([h](QObject *) { h(); }); }},
     {"OnCursorChange",
      [](auto &v, auto &h) { v.Edit->SetOnCursorChange([h](QObject *) { h(); }); }},
-    {"textChanged",
-     [](auto &v, auto &h) { QObject::connect(v.Edit, &TZtCodeEdit::textChanged, v.Edit, h); }},
-    {"cursorPositionChanged",
-     [](auto &v, auto &h) {
-         QObject::connect(v.Edit, &TZtCodeEdit::cursorPositionChanged, v.Edit, h);
-     }},
-    {"Lines.OnChanging",
-     [](auto &v, auto &h) {
-         auto &handler = v.Edit->GetLines()->OnChanging;
-         handler = [h, own = handler](QObject *s) { own(s), h(); };
-     }},
-    {"Lines.OnChange",
-     [](auto &v, auto &h) {
-         auto &handler = v.Edit->GetLines()->OnChange;
-         handler = [h, own = handler](QObject *s) { own(s), h(); };
-     }},
+    {"textChanged", Connect<&TZtCodeEdit::textChanged>},
+    {"cursorPositionChanged", Connect<&TZtCodeEdit::cursorPositionChanged>},
+    {"Lines.OnChanging", BehindOwn<&TStringList::OnChanging>},
+    {"Lines.OnChange", BehindOwn<&TStringList::OnChange>},
     {"OnParserLineChange",
      [](auto &v, auto &h) {
          v.Edit->SetOnParserLineChange([h](int, TColor &, TColor &) { return h(), false; });

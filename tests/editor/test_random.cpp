@@ -32,13 +32,12 @@ std::vector<TInput> Inputs()
                                                           {1, "Escape", "\x1B"}};
     for (const auto &[weight, key, c] : controls)
         list.push_back({weight, key, 5, [c = c](T &m) { m.Char(c); }});
-    const std::tuple<QString, quint16, bool> moves[] = {
-        {"Left", 0x25, false}, {"Right", 0x27, false}, {"Up", 0x26, true},   {"Down", 0x28, true},
-        {"Home", 0x24, true},  {"End", 0x23, true},    {"PgUp", 0x21, true}, {"PgDn", 0x22, true}};
-    for (const auto &[key, code, ctrl] : moves) {
-        list.push_back({4, key, 35, [c = code](T &m) { m.Key(c, false); }});
-        if (ctrl)
-            list.push_back({2, "Ctrl+" + key, 35, [c = code](T &m) { m.Key(c, true); }});
+    quint16 code = TZtKey::Prior; // the codes follow one another
+    for (const QString key : {"PgUp", "PgDn", "End", "Home", "Left", "Up", "Right", "Down"}) {
+        list.push_back({4, key, 35, [code](T &m) { m.Key(code, false); }});
+        if (code != TZtKey::Left && code != TZtKey::Right)
+            list.push_back({2, "Ctrl+" + key, 35, [code](T &m) { m.Key(code, true); }});
+        ++code;
     }
     list.push_back({8, "Delete", 20, [](T &m) { m.Key(0x2E, false); }});
     list.push_back({2, "Ctrl+A", 0, [](T &m) { m.Key('A', true); }});
@@ -91,10 +90,14 @@ protected:
         const int lines = Model.Count() + 1;
         return {Pick(30) - (Pick(8) == 0), Pick(Pick(8) == 0 ? lines + 4 : lines)};
     }
+    template <typename T> void Both(const T &AAct)
+    {
+        AAct(Edit);
+        AAct(Model);
+    }
     void SetText(const QString &S)
     {
-        Edit.SetText(S);
-        Model.SetText(S);
+        Both([&](auto &e) { e.SetText(S); });
         LinesTaken = false;
     }
     template <typename... T> void Tell(const T &...AValues)
@@ -138,23 +141,19 @@ void TRandomRun::Host()
     Model.Shift = Pick(8) == 0;
     Tell("host", kind, at, other, text);
     if (kind == 0) {
-        Edit.InsertText(TZtChangeType::ctInsert, text);
-        Model.InsertText(TZtChangeType::ctInsert, text);
+        Both([&](auto &e) { e.InsertText(TZtChangeType::ctInsert, text); });
     } else if (kind == 1 && at.y() < Model.Count()) {
         LinesTaken = true;
         Edit.GetLines()->Delete(at.y());
-        Model.Remove(at.y());
+        Model.Edited().removeAt(at.y());
     } else if (kind == 2 && at.x() == 0) {
         SetText(text);
     } else if (kind == 3) {
         Edit.SetModified(Model.Modified = false);
     } else if (kind == 4) {
-        const int column = at.x() == 0 ? 700 : at.x() - 3;
-        Edit.SetCharPos(column);
-        Model.SetCharPos(column);
+        Both([&](auto &e) { e.SetCharPos(at.x() == 0 ? 700 : at.x() - 3); });
     } else if (kind == 5) {
-        Edit.SetLinePos(at.y() - 1);
-        Model.SetLinePos(at.y() - 1);
+        Both([&](auto &e) { e.SetLinePos(at.y() - 1); });
     } else if (kind == 6) {
         Edit.SetReadOnly(Model.ReadOnly = at.x() % 5 == 0);
         Edit.SetTabIndentSize(Model.TabSize = at.x() % 6 - 1);

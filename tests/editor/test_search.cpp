@@ -21,9 +21,9 @@ using TDlg = TFrmCodeEditSearchReplaceDlg;
 
 namespace {
 
-void Press(QWidget *AWidget, int AKey, const QString &AText, Qt::KeyboardModifiers AModifiers = {})
+void Press(QWidget *AWidget, int AKey, const QString &AText)
 {
-    QKeyEvent event(QEvent::KeyPress, AKey, AModifiers, AText);
+    QKeyEvent event(QEvent::KeyPress, AKey, {}, AText);
     QCoreApplication::sendEvent(AWidget, &event);
 }
 void Enter(QWidget *AWidget) { Press(AWidget, Qt::Key_Return, u"\r"_s); }
@@ -115,24 +115,18 @@ const struct {
     {"from the caret", "|xab ab", "ab", "", "x]ab[ ab"},
     {"from the caret on", "xa|b ab", "ab", "", "xab ]ab["},
     {"never from the start again", "ab x|", "ab", "", nullptr},
-    {"on a later line", "ab|\nx\n ab", "ab", "", "ab\nx\n ]ab["},
     {"from right of the line's end", "ab~~|\nab", "ab", "", "ab\n]ab["},
     {"backward up to the caret", "ab ab|", "ab", "b", "ab [ab]"},
     {"backward not over the caret", "ab a|b", "ab", "b", "[ab] ab"},
-    {"backward on an earlier line", "ab ab\nx\n|ab", "ab", "b", "ab [ab]\nx\nab"},
-    {"backward from right of the line's end", "ab~~|", "ab", "b", "[ab]"},
     {"backward never from the end", "|x\nab", "ab", "b", nullptr},
     {"letters of either case", "|AB", "ab", "", "]AB["},
     {"the case as it is", "|AB ab", "ab", "c", "AB ]ab["},
     {"whole words", "|abc 1ab \u00E4ab _ab", "ab", "w", "abc 1ab \u00E4ab _]ab["},
-    {"whole words backward", "ab abc|", "ab", "bw", "[ab] abc"},
     {"a text with blanks around it", "|a b", " b ", "", "a ]b["},
     {"nothing to find", "|ab", " ", "", nullptr},
-    {"the entire scope", "ab ab|", "ab", "e", "]ab[ ab"},
     {"the entire scope backward", "|ab ab", "ab", "be", "ab [ab]"},
     {"the selected lines", "ab\n[x ab\nab]\nab", "ab", "", "ab\nx ]ab[\nab\nab"},
     {"the selected lines backward", "ab\n[x ab\nab] ab\nab", "ab", "b", "ab\nx ab\n[ab] ab\nab"},
-    {"from the selection's start", "a[b ab\nx]", "b", "", "a]b[ ab\nx"},
     {"up to the selection's end", "[x\na]b", "ab", "", nullptr},
     {"down to the selection's start", "a[b\nx]", "ab", "b", nullptr},
     {"selected lines made upwards", "ab\n]x ab\nab[ ab", "ab", "", "ab\nx ]ab[\nab ab"},
@@ -218,7 +212,6 @@ TEST_F(Search, Replacing)
     } rows[] = {
         {1, "|a a", "c", "", "", "c| a", ""},
         {2, "|a a", "c", "", "", "|a a", ""},
-        {10, "|a a", "c", "", "", "|a a", ""},
         {1, "|a a a", "c", "p", "y", "c| a a", "1 0"},
         {1, "|a a a", "c", "p", "n", "]a[ a a", "1 0"},
         {14, "|a a a", "c", "p", "yny", "c a c|", "all 0, all 2, all 4, none"},
@@ -227,8 +220,6 @@ TEST_F(Search, Replacing)
         {14, "|a a\na", "aa", "", "", "aa aa\naa|", "none"},
         {14, "a a\na|", "aa", "b", "", "|aa aa\naa", "none"},
         {14, "a a\n|a", "b a b", "be", "", "|b a b b a b\nb a b", "none"},
-        {14, "|a\nba", " ", "", "", " \nb |", "none"},
-        {14, "a|a", "", "", "", "a|", "none"},
         {14, "a [x\na] a", "c", "", "", "a x\nc c|", "none"},
     };
     for (const auto &row : rows) {
@@ -253,41 +244,23 @@ TEST_F(Search, Replacing)
     EXPECT_FALSE(Edit.GetCanUndo());
 }
 
-TEST_F(Search, AStepThatRaisesEndsTheRun)
-{
-    SetMarked(u"|a a a"_s);
-    int changes = 0;
-    Edit.SetOnChange([&](QObject *) {
-        if (++changes == 4)
-            throw EZtException(u"no"_s);
-    });
-    Replace(u"a"_s, u"c"_s, "", 14);
-    EXPECT_EQ(Errors, QStringList(u"no"_s));
-    EXPECT_EQ(Lines(), QStringList(u"c  a"_s));
-}
-
 // --- the search of one run -----------------------------------------------------------------------
 
 static qsizetype PlainSearch(const QString &ARun, qsizetype AStart, const QString &AText,
                              TZtSearchFlags AOptions)
 {
     const bool down = AOptions.testFlag(TZtSearchFlag::sfDown);
-    const bool words = AOptions.testFlag(TZtSearchFlag::sfWholeWord);
-    const auto isWord = [&](qsizetype at) {
-        return at >= 0 && at < ARun.size() && ARun[at].isLetterOrNumber();
-    };
     const auto sensitivity =
         AOptions.testFlag(TZtSearchFlag::sfMatchCase) ? Qt::CaseSensitive : Qt::CaseInsensitive;
+    const auto isWord = [&](qsizetype at) {
+        return AOptions.testFlag(TZtSearchFlag::sfWholeWord) && at >= 0 && at < ARun.size() &&
+               ARun[at].isLetterOrNumber();
+    };
     qsizetype found = -1;
-    for (qsizetype at = 0; !AText.isEmpty() && at + AText.size() <= ARun.size(); ++at) {
-        if (ARun.mid(at, AText.size()).compare(AText, sensitivity) != 0 ||
-            (words && (isWord(at - 1) || isWord(at + AText.size()))))
-            continue;
-        if (down && at >= AStart)
-            return at;
-        if (!down && at + AText.size() <= AStart)
+    for (qsizetype at = 0, end = AText.size(); end <= ARun.size() && at < end; ++at, ++end)
+        if (!isWord(at - 1) && !isWord(end) && (down ? found < 0 && at >= AStart : end <= AStart) &&
+            ARun.mid(at, AText.size()).compare(AText, sensitivity) == 0)
             found = at;
-    }
     return found;
 }
 
@@ -359,42 +332,30 @@ QString NameOf(const QWidget *AWidget)
 
 } // namespace
 
-TEST_F(SearchDialog, ItsTwoFormsAtTheReferenceSize)
+TEST_F(SearchDialog, HasTwoFormsThatKeepTheirEntriesApart)
 {
     TDlg dialog;
-    EXPECT_EQ(dialog.GetDlgType(), ForFind);
-    for (const auto type : {ForFind, ForReplace, ForReplace, ForFind, ForReplace}) {
-        const bool replace = type == ForReplace;
-        dialog.SetDlgType(type);
-        EXPECT_EQ(dialog.windowTitle(), replace ? u"Replace Text"_s : u"Find Text"_s);
-        EXPECT_EQ(dialog.size(), QSize(405, replace ? 319 : 276));
-        EXPECT_EQ(dialog.pcMain->currentWidget(), replace ? dialog.tsReplace : dialog.tsFind);
-        EXPECT_EQ(dialog.btnReplaceAll->isVisibleTo(&dialog), replace);
-        const int top = dialog.height() - 31;
-        EXPECT_EQ(dialog.btnOK->geometry(), QRect(replace ? 162 : 240, top, 75, 25));
-        EXPECT_EQ(dialog.btnReplaceAll->geometry(), QRect(replace ? 240 : 162, top, 75, 25));
-        EXPECT_EQ(dialog.btnCancel->geometry(), QRect(318, top, 75, 25));
-        EXPECT_EQ(dialog.pcMain->geometry(), QRect(8, 8, 387, dialog.height() - 45));
-        for (const auto *box : dialog.findChildren<QCheckBox *>())
-            EXPECT_FALSE(box->isChecked());
-        EXPECT_EQ(dialog.GetRgScope()->GetItemIndex() + dialog.GetRgDirection()->GetItemIndex(), 0);
-        EXPECT_EQ(dialog.GetRgOrigin()->GetItemIndex(), 1);
-    }
-    EXPECT_EQ(dialog.gbSearchOptions->geometry(), QRect(8, 36, 177, 65));
-    EXPECT_EQ(dialog.rgSearchScope->pos(), QPoint(8, 108));
-    EXPECT_EQ(dialog.rgReplaceDirection->geometry(), QRect(196, 60, 177, 89));
-    EXPECT_EQ(dialog.rgReplaceOrigin->geometry(), QRect(196, 156, 177, 65));
-    EXPECT_EQ(dialog.edtReplaceWith->pos(), QPoint(88, 32));
     dialog.show();
     dialog.resize(505, 419);
-    EXPECT_EQ(dialog.btnCancel->pos(), QPoint(418, 388));
-    EXPECT_EQ(dialog.pcMain->size(), QSize(487, 374));
-    // The width that the user gave it stays, the height is the type's.
-    for (const auto type : {ForFind, ForReplace}) {
+    for (const auto type : {ForReplace, ForFind, ForReplace}) {
+        const bool replace = type == ForReplace;
         Show(dialog, type);
-        EXPECT_EQ(dialog.size(), QSize(505, type == ForReplace ? 319 : 276));
-        EXPECT_EQ(dialog.btnCancel->x(), 418);
+        EXPECT_EQ(dialog.windowTitle(), replace ? u"Replace Text"_s : u"Find Text"_s);
+        EXPECT_EQ(dialog.pcMain->currentWidget(), replace ? dialog.tsReplace : dialog.tsFind);
+        EXPECT_EQ(dialog.btnReplaceAll->isVisible(), replace);
+        EXPECT_EQ(dialog.btnOK->x() < dialog.btnReplaceAll->x(), replace);
+        EXPECT_EQ(dialog.size(), QSize(505, replace ? 319 : 276)) << "the user's width stays";
+        EXPECT_EQ(dialog.btnCancel->pos(), QPoint(418, dialog.height() - 31));
     }
+    dialog.SetDlgType(ForReplace);
+    dialog.GetEdtTextToFind()->setText(u"x"_s);
+    dialog.GetRgScope()->SetItemIndex(1);
+    dialog.GetChkBxCaseSensitive()->setChecked(true);
+    dialog.SetDlgType(ForFind);
+    EXPECT_EQ(dialog.GetEdtTextToFind()->text(), QString());
+    EXPECT_EQ(dialog.GetRgScope()->GetItemIndex() + dialog.GetRgDirection()->GetItemIndex(), 0);
+    EXPECT_EQ(dialog.GetRgOrigin()->GetItemIndex(), 1);
+    EXPECT_FALSE(dialog.GetChkBxCaseSensitive()->isChecked());
 }
 
 TEST_F(SearchDialog, ItsColoursFollowThePalette)
@@ -402,40 +363,20 @@ TEST_F(SearchDialog, ItsColoursFollowThePalette)
     const QPalette before = QApplication::palette();
     TDlg dialog;
     dialog.show();
-    for (const QColor colour : {QColor(0x202020), QColor(0xFAFAFA)}) {
-        QPalette palette(colour, QColor(0x808080));
-        palette.setColor(QPalette::Base, colour);
-        QApplication::setPalette(palette); // also while the form is hidden
-        dialog.setVisible(!dialog.isVisible());
-        QCoreApplication::processEvents();
-        EXPECT_EQ(dialog.grab().toImage().pixelColor(3, 3), colour);
-        EXPECT_EQ(dialog.rgSearchScope->palette().color(QPalette::Window), colour);
-    }
+    const QColor dark(0x202020);
+    QPalette palette(dark, QColor(0x808080));
+    palette.setColor(QPalette::Base, dark);
+    QApplication::setPalette(palette);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(dialog.grab().toImage().pixelColor(3, 3), dark);
+    EXPECT_EQ(dialog.rgSearchScope->palette().color(QPalette::Window), dark);
     QApplication::setPalette(before);
-}
-
-TEST_F(SearchDialog, ItsPagesKeepTheirEntriesApart)
-{
-    TDlg dialog;
-    dialog.SetDlgType(ForReplace);
-    dialog.GetEdtTextToFind()->setText(u"x"_s);
-    for (TRadioGroup *group : {dialog.GetRgScope(), dialog.GetRgOrigin(), dialog.GetRgDirection()})
-        group->SetItemIndex(1 - group->GetItemIndex());
-    dialog.GetChkBxCaseSensitive()->setChecked(true);
-    dialog.GetChkBxWholeWordsOnly()->setChecked(true);
-    dialog.SetDlgType(ForFind);
-    EXPECT_EQ(dialog.GetEdtTextToFind()->text(), QString());
-    EXPECT_EQ(dialog.GetRgScope()->GetItemIndex() + dialog.GetRgDirection()->GetItemIndex(), 0);
-    EXPECT_EQ(dialog.GetRgOrigin()->GetItemIndex(), 1);
-    EXPECT_FALSE(dialog.GetChkBxCaseSensitive()->isChecked() ||
-                 dialog.GetChkBxWholeWordsOnly()->isChecked());
 }
 
 TEST_F(SearchDialog, ClosesWithItsResults)
 {
     TDlg dialog;
     dialog.SetDlgType(ForReplace);
-    quint16 escape = TZtKey::Escape;
     const auto enterOn = [&](QWidget *control) {
         QApplication::setActiveWindow(&dialog);
         control->setFocus();
@@ -445,14 +386,10 @@ TEST_F(SearchDialog, ClosesWithItsResults)
         {1, [&] { dialog.btnOK->click(); }},
         {2, [&] { dialog.btnCancel->click(); }},
         {10, [&] { dialog.btnReplaceAll->click(); }},
-        {1, [&] { Enter(dialog.edtReplaceWith); }},
         {1, [&] { enterOn(dialog.chkBxPromptOnReplace); }},
-        {2, [&] { enterOn(dialog.btnCancel); }},
         {10, [&] { enterOn(dialog.btnReplaceAll); }},
         {1, [&] { enterOn(dialog.edtReplaceWith); }}, // also after another button had the focus
         {2, [&] { Escape(dialog.chkBxPromptOnReplace); }},
-        {2, [&] { Press(dialog.focusWidget(), Qt::Key_Escape, u"\x1B"_s, Qt::ShiftModifier); }},
-        {2, [&] { dialog.FormKeyDown(&dialog, escape, {}); }},
         {2, [&] { dialog.close(); }},
     };
     for (const auto &[result, act] : rows) {
@@ -525,22 +462,20 @@ TEST_F(SearchDialog, EveryControlOfTheShownPageHasALetterOfItsOwn)
 
 TEST_F(SearchDialog, NoTextIsCut)
 {
-    for (const qreal points : {8, 9, 12, 20}) {
+    for (const qreal points : {8, 20}) {
         SetPointSize(points);
         TDlg dialog;
         Show(dialog, ForReplace);
         for (QWidget *widget : dialog.findChildren<QWidget *>()) {
             const bool field = qobject_cast<QLineEdit *>(widget);
-            const bool button = qobject_cast<QPushButton *>(widget);
-            if (!widget->isVisible() || !(field || qobject_cast<QLabel *>(widget) ||
-                                          qobject_cast<QAbstractButton *>(widget)))
+            if (!widget->isVisible() ||
+                !(field || qobject_cast<QLabel *>(widget) || qobject_cast<QCheckBox *>(widget) ||
+                  qobject_cast<QRadioButton *>(widget)))
                 continue;
-            const QFontMetrics metrics = widget->fontMetrics(); // a field scrolls, in a frame of 2
-            const QSize wanted = field    ? QSize(0, metrics.height() + 4)
-                                 : button ? metrics.size(Qt::TextShowMnemonic, u"Replace &All"_s)
-                                          : widget->sizeHint();
-            EXPECT_TRUE(widget->width() >= wanted.width() && widget->height() >= wanted.height() &&
-                        widget->parentWidget()->rect().contains(widget->geometry()))
+            const QSize text = widget->sizeHint(); // a field scrolls, in a frame of 2
+            const QSize wanted = field ? QSize(0, widget->fontMetrics().height() + 4) : text;
+            EXPECT_EQ(widget->size().expandedTo(wanted), widget->size());
+            EXPECT_TRUE(widget->parentWidget()->rect().contains(widget->geometry()))
                 << NameOf(widget).toStdString();
         }
     }
