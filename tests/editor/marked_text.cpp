@@ -20,6 +20,15 @@ const std::map<QString, std::pair<int, QString>> NamedKeys = {
     {"F11", {Qt::Key_F11, {}}},
 };
 
+void SendMouse(TZtCodeEdit &AEdit, QEvent::Type AType, QPoint AAt, Qt::MouseButton AButton,
+               Qt::KeyboardModifiers AModifiers)
+{
+    QMouseEvent event(AType, AAt, AEdit.mapToGlobal(QPointF(AAt)),
+                      AType == QEvent::MouseMove ? Qt::NoButton : AButton,
+                      AType == QEvent::MouseButtonRelease ? Qt::NoButton : AButton, AModifiers);
+    QCoreApplication::sendEvent(&AEdit, &event);
+}
+
 void Point(QPointer<TZtCodeEdit> AEdit, const QString &AWhat, const QString &ACell,
            Qt::KeyboardModifiers AModifiers)
 {
@@ -185,19 +194,4 @@ void DoInEditor(QPointer<TZtCodeEdit> AEdit, const QString &AWords)
         for (int i = 0; i < times && AEdit; ++i)
             DoOne(AEdit, word, modifiers);
     }
-}
-
-void SendMouse(TZtCodeEdit &AEdit, QEvent::Type AType, QPoint AAt, Qt::MouseButton AButton,
-               Qt::KeyboardModifiers AModifiers)
-{
-    QMouseEvent event(AType, AAt, AEdit.mapToGlobal(QPointF(AAt)),
-                      AType == QEvent::MouseMove ? Qt::NoButton : AButton,
-                      AType == QEvent::MouseButtonRelease ? Qt::NoButton : AButton, AModifiers);
-    QCoreApplication::sendEvent(&AEdit, &event);
-}
-
-void TMarkedEditor::Send(quint32 AMsg, quint64 AWParam)
-{
-    ZtPostMessage(&Edit, AMsg, AWParam);
-    QCoreApplication::sendPostedEvents(&Edit);
 }

@@ -15,9 +15,6 @@
 /// of the word, "paint" a paint. Ends early when the editor is deleted.
 void DoInEditor(QPointer<TZtCodeEdit> AEdit, const QString &AWords);
 
-void SendMouse(TZtCodeEdit &AEdit, QEvent::Type AType, QPoint AAt,
-               Qt::MouseButton AButton = Qt::LeftButton, Qt::KeyboardModifiers AModifiers = {});
-
 /// An editor of fixed size in a shown window, with the desktop's services replaced.
 ///
 /// A text is written with its caret and selection inside: `|` is an empty selection at the caret,
@@ -43,7 +40,6 @@ public:
     QString MarkedCaret() const; ///< the caret alone
     QStringList Lines() const;
     void Do(const QString &AWords) { DoInEditor(&Edit, AWords); }
-    void Send(quint32 AMsg, quint64 AWParam = 0);
 
     bool eventFilter(QObject *AWatched, QEvent *AEvent) override;
 

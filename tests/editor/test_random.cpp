@@ -53,19 +53,10 @@ std::vector<TInput> Inputs()
     return list;
 }
 
-const QStringList Texts = {"",
-                           "word",
-                           "one two",
-                           "a\r\nb",
-                           "a\r\r\nb\n",
-                           "\r\n",
-                           "    in\n",
-                           "tab\there\r",
-                           "\n\n\n x\ny",
-                           "  \r\n  ",
-                           "\u0416",
-                           "last\r\n",
-                           QString(60, 'w') + "\r\nshort"};
+const QStringList Texts = QString("|word|one two|a\r\nb|a\r\r\nb\n|\r\n|    in\n|tab\there\r|"
+                                  "\n\n\n x\ny|  \r\n  |\u0416|last\r\n|%1\r\nshort")
+                              .arg(QString(60, u'w'))
+                              .split(u'|');
 
 class TRandomRun : public testing::Test {
 protected:
@@ -100,13 +91,7 @@ protected:
         Both([&](auto &e) { e.SetText(S); });
         LinesTaken = false;
     }
-    template <typename... T> void Tell(const T &...AValues)
-    {
-        QString text;
-        QDebug debug(&text);
-        ((debug.nospace() << AValues << ' '), ...);
-        Last = (QStringList(Last) << text).mid(Last.size() > 9);
-    }
+    void Tell(const QString &AWhat) { Last = (Last << AWhat).mid(Last.size() > 9); }
 
     void Press();
     void Host();
@@ -128,7 +113,7 @@ void TRandomRun::Press()
     QString words = input.Words;
     if (Model.Shift && !words.startsWith(u'#'))
         words.insert(words.startsWith("Ctrl+") ? 5 : 0, "Shift+");
-    Tell(words, Model.Shift);
+    Tell(Model.Shift ? words + " (Shift)" : words);
     Rig.Do(words);
     input.Model(Model);
 }
@@ -139,7 +124,9 @@ void TRandomRun::Host()
     const QPoint at = AnyPoint(), other = AnyPoint();
     const int kind = Pick(8);
     Model.Shift = Pick(8) == 0;
-    Tell("host", kind, at, other, text);
+    QString what;
+    QDebug(&what) << "host" << kind << at << other << text;
+    Tell(what);
     if (kind == 0) {
         Both([&](auto &e) { e.InsertText(TZtChangeType::ctInsert, text); });
     } else if (kind == 1 && at.y() < Model.Count()) {
