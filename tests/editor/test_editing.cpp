@@ -260,10 +260,6 @@ TEST_F(TEditing, TheWheelScrollsTheViewAlone)
         EXPECT_EQ(Rig.V->GetPosition(), notches * lines) << words;
     }
     EXPECT_EQ(Rig.Events, "");
-    for (const auto &[setting, expected] : {std::pair(-1, 3), {7, 7}}) {
-        ZtPlatform().WheelLines = [value = setting] { return value; };
-        EXPECT_EQ(TZtCodeEdit().GetScollLines(), expected);
-    }
 }
 
 TEST_F(TEditing, ARightClickOpensTheMenu)

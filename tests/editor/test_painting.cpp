@@ -394,11 +394,6 @@ struct Redrawing : testing::Test {
         TStringList &lines = *AEditor.GetLines();
         const int line = Below(lines.GetCount());
         const QString text = texts[Below(7)];
-        const auto setPointSize = [&](int size) {
-            QFont font = AEditor.GetFont();
-            font.setPointSize(size);
-            AEditor.SetFont(font);
-        };
         const std::function<void()> changes[] = {
             [&] { lines.SetStrings(line, text); },
             [&] { lines.Insert(line, text); },
@@ -413,7 +408,11 @@ struct Redrawing : testing::Test {
             [&] { AEditor.SetOptions(TZtCodeOptions(Below(8))); },
             [&] { AEditor.SetBounds(0, 0, 250 + Below(200), 120 + Below(150)); },
             [&] { AEditor.SetBounds(0, 0, Below(60), Below(60)); },
-            [&] { setPointSize(8 + Below(4)); },
+            [&] {
+                QFont font = AEditor.GetFont();
+                font.setPointSize(8 + Below(4));
+                AEditor.SetFont(font);
+            },
         };
         changes[Below(int(std::size(changes)))]();
     }

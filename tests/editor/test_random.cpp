@@ -13,42 +13,45 @@
 namespace {
 
 struct TInput {
-    int Weight;
     QString Words;
     int ShiftPercent;
     std::function<void(TReferenceEditor &)> Model;
 };
 
+// Each as often as its weight says.
 std::vector<TInput> Inputs()
 {
     using T = TReferenceEditor;
     std::vector<TInput> list;
+    const auto add = [&list](int weight, const QString &words, int shift, const auto &model) {
+        list.insert(list.end(), size_t(weight), TInput{words, shift, model});
+    };
     for (const QString c : {"a", "b", "x", "0", "_", ".", "(", "\u00E9", "\u0416", "\U0001F600"})
-        list.push_back({3, c, 5, [c](T &m) { m.Char(c); }});
+        add(3, c, 5, [c](T &m) { m.Char(c); });
     const std::tuple<int, QString, QString> controls[] = {{6, "Space", " "},
                                                           {6, "Enter", "\r"},
                                                           {9, "Backspace", "\b"},
                                                           {3, "Tab", "\t"},
                                                           {1, "Escape", "\x1B"}};
     for (const auto &[weight, key, c] : controls)
-        list.push_back({weight, key, 5, [c = c](T &m) { m.Char(c); }});
+        add(weight, key, 5, [c = c](T &m) { m.Char(c); });
     quint16 code = TZtKey::Prior; // the codes follow one another
     for (const QString key : {"PgUp", "PgDn", "End", "Home", "Left", "Up", "Right", "Down"}) {
-        list.push_back({4, key, 35, [code](T &m) { m.Key(code, false); }});
+        add(4, key, 35, [code](T &m) { m.Key(code, false); });
         if (code != TZtKey::Left && code != TZtKey::Right)
-            list.push_back({2, "Ctrl+" + key, 35, [code](T &m) { m.Key(code, true); }});
+            add(2, "Ctrl+" + key, 35, [code](T &m) { m.Key(code, true); });
         ++code;
     }
-    list.push_back({8, "Delete", 20, [](T &m) { m.Key(0x2E, false); }});
-    list.push_back({2, "Ctrl+A", 0, [](T &m) { m.Key('A', true); }});
+    add(8, "Delete", 20, [](T &m) { m.Key(TZtKey::Delete, false); });
+    add(2, "Ctrl+A", 0, [](T &m) { m.Key('A', true); });
     const std::tuple<const char *, const char *, void (T::*)()> commands[] = {
         {"Ctrl+Z", "#772", &T::Undo},
         {"Ctrl+X", "#768", &T::Cut},
         {"Ctrl+V", "#770", &T::Paste},
         {"Ctrl+C", "#769", &T::Copy}};
     for (const auto &[key, message, action] : commands) {
-        list.push_back({3, key, 0, action});
-        list.push_back({3, message, 20, action});
+        add(3, key, 0, action);
+        add(3, message, 20, action);
     }
     return list;
 }
@@ -100,13 +103,7 @@ protected:
 void TRandomRun::Press()
 {
     static const std::vector<TInput> inputs = Inputs();
-    static std::discrete_distribution<size_t> choose = [] {
-        std::vector<double> weights;
-        for (const TInput &input : inputs)
-            weights.push_back(input.Weight);
-        return std::discrete_distribution<size_t>(weights.begin(), weights.end());
-    }();
-    const TInput &input = inputs[choose(Random)];
+    const TInput &input = inputs[size_t(Pick(int(inputs.size())))];
     if (Pick(12) == 0)
         Rig.Clipboard = Model.Clipboard = AnyText();
     Model.Shift = Pick(100) < input.ShiftPercent;
