@@ -151,8 +151,9 @@ void TMarkedEditor::SetMarked(const QString &AText)
     Posted.clear();
 }
 
-QString TMarkedEditor::Mark(QPoint AAnchor, QPoint AEnd) const
+QString TMarkedEditor::Marked() const
 {
+    const QPoint anchor = Edit.GetSelEnd(), end = Edit.GetSelStart();
     QStringList lines = Lines();
     if (lines.isEmpty())
         return QStringLiteral("-");
@@ -160,20 +161,14 @@ QString TMarkedEditor::Mark(QPoint AAnchor, QPoint AEnd) const
         QString &line = lines[at.y()];
         line = line.leftJustified(at.x(), u'~').insert(at.x(), mark);
     };
-    const bool anchorFirst = std::pair(AAnchor.y(), AAnchor.x()) < std::pair(AEnd.y(), AEnd.x());
-    if (AAnchor == AEnd) {
-        put(AEnd, u'|');
+    const bool anchorFirst = std::pair(anchor.y(), anchor.x()) < std::pair(end.y(), end.x());
+    if (anchor == end) {
+        put(end, u'|');
     } else { // the later one first, so that the other's column holds
-        put(anchorFirst ? AEnd : AAnchor, anchorFirst ? u']' : u'[');
-        put(anchorFirst ? AAnchor : AEnd, anchorFirst ? u'[' : u']');
+        put(anchorFirst ? end : anchor, anchorFirst ? u']' : u'[');
+        put(anchorFirst ? anchor : end, anchorFirst ? u'[' : u']');
     }
     return lines.join(u'\n');
-}
-
-QString TMarkedEditor::MarkedCaret() const
-{
-    const QPoint caret(Edit.GetCharPos(), Edit.GetLinePos());
-    return Mark(caret, caret);
 }
 
 void DoInEditor(QPointer<TZtCodeEdit> AEdit, const QString &AWords)

@@ -36,15 +36,11 @@ public:
     QString Events;     ///< `C` a change, `M` a caret move, `L` a change of the lines
 
     void SetMarked(const QString &AText);
-    QString Marked() const { return Mark(Edit.GetSelEnd(), Edit.GetSelStart()); }
-    QString MarkedCaret() const; ///< the caret alone
+    QString Marked() const;
     QStringList Lines() const;
     void Do(const QString &AWords) { DoInEditor(&Edit, AWords); }
 
     bool eventFilter(QObject *AWatched, QEvent *AEvent) override;
-
-private:
-    QString Mark(QPoint AAnchor, QPoint AEnd) const;
 };
 
 inline void PrintTo(const QString &S, std::ostream *AStream)

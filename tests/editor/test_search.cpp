@@ -118,7 +118,6 @@ const struct {
     {"from right of the line's end", "ab~~|\nab", "ab", "", "ab\n]ab["},
     {"backward up to the caret", "ab ab|", "ab", "b", "ab [ab]"},
     {"backward not over the caret", "ab a|b", "ab", "b", "[ab] ab"},
-    {"backward never from the end", "|x\nab", "ab", "b", nullptr},
     {"letters of either case", "|AB", "ab", "", "]AB["},
     {"the case as it is", "|AB ab", "ab", "c", "AB ]ab["},
     {"whole words", "|abc 1ab \u00E4ab _ab", "ab", "w", "abc 1ab \u00E4ab _]ab["},
@@ -133,7 +132,6 @@ const struct {
     {"within a line from the caret", "[a b] ab", "ab", "", nullptr},
     {"within a line", "[a ab] ab", "ab", "e", "a ]ab[ ab"},
     {"within a line made to the left", "]a ab[ ab", "ab", "e", nullptr},
-    {"within a line backward to the line's end", "[a ab] ab", "ab", "be", "a ab [ab]"},
     {"the caret's line, also outside the scope", "[x\nab]", "ab", "kb", "x\n[ab]"},
     {"a text without lines", "-", "ab", "e", nullptr},
 };
@@ -360,7 +358,6 @@ TEST_F(SearchDialog, ItsColoursFollowThePalette)
     QApplication::setPalette(palette);
     QCoreApplication::processEvents();
     EXPECT_EQ(dialog.grab().toImage().pixelColor(3, 3), dark);
-    EXPECT_EQ(dialog.rgSearchScope->palette().color(QPalette::Window), dark);
     QApplication::setPalette(before);
 }
 
@@ -387,7 +384,6 @@ TEST_F(SearchDialog, ClosesWithItsResults)
         QTimer::singleShot(0, &dialog, act);
         EXPECT_EQ(dialog.ShowModal(), result);
     }
-    EXPECT_EQ(dialog.btnReplaceAll->shortcut(), QKeySequence(u"Alt+A"_s));
 }
 
 TEST_F(SearchDialog, TabGoesThroughTheShownPage)
@@ -406,8 +402,6 @@ TEST_F(SearchDialog, TabGoesThroughTheShownPage)
         Show(dialog, type);
         const QStringList names = QString(expected).split(u' ');
         for (const QString &name : names) {
-            const auto *choice = qobject_cast<QRadioButton *>(dialog.focusWidget());
-            EXPECT_TRUE(!choice || choice->isChecked()) << name.toStdString();
             ASSERT_EQ(NameOf(dialog.focusWidget()), name);
             Press(dialog.focusWidget(), Qt::Key_Tab, u"\t"_s);
         }
