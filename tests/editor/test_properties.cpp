@@ -1,7 +1,6 @@
 #include "uZtClassRegistry.h"
 #include "uZtCodeEdit.h"
 
-#include <QCoreApplication>
 #include <QMenu>
 
 #include <gtest/gtest.h>

@@ -1,7 +1,6 @@
 #include "marked_text.h"
 
 #include "fZtCodeEditSearchReplaceDlg.h"
-#include "uZtException.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -11,7 +10,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTabWidget>
 #include <QTimer>
 
 #include <random>
