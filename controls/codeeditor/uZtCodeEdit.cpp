@@ -253,8 +253,8 @@ void TZtCodeEdit::RunToEnd(const std::function<void()> &AStep)
 void TZtCodeEdit::Outside(const std::function<void()> &AStep)
 {
     const THold hold(*this);
-    const auto restore = qScopeGuard(
-        [this, outer = FLines->GetRaised()] { FLines->SetRaised(outer); });
+    const auto restore =
+        qScopeGuard([this, outer = FLines->GetRaised()] { FLines->SetRaised(outer); });
     FLines->SetRaised(nullptr);
     AStep();
 }

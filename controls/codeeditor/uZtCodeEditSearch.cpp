@@ -124,7 +124,7 @@ void TZtCodeEdit::WMSearchReplace(TZtMessage &)
 {
     if (!FSearchDlg && !FSearchGiven)
         return;
-    const THold hold(*this); // it may be deleted while a box is open
+    const THold hold(*this);                               // it may be deleted while a box is open
     auto ended = qScopeGuard([this] { EndReplaceAll(); }); // also by what the step raises
     QPoint match;
     if (!FindMatch(match)) {

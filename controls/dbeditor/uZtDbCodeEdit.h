@@ -72,8 +72,8 @@ public:
     void KeyCommand(quint16 &Key, TShiftState Shift) override;
     void DragDrop(QObject *Source, int X, int Y) override;
     void CMEnter() override;
-    /// Stores the text into the field, unless the user would have to be asked; what that raises goes
-    /// to the caller.
+    /// Stores the text into the field, unless the user would have to be asked; what that raises
+    /// goes to the caller.
     void CMExit() override;
     /// The link, for whoever asks a control for it.
     TFieldDataLink *CMGetDataLink() const { return DataLink.get(); }

@@ -62,8 +62,8 @@ public:
 
     /// The pull callback. It goes before the stream when both are there.
     TZtOnGetNewBuffer OnGetNewBuffer;
-    /// Asked by a lexer that is deep inside a token of many lines, whose text it then lacks. A source
-    /// that can search saves it from reading a text of megabytes for the end of a token.
+    /// Asked by a lexer that is deep inside a token of many lines, whose text it then lacks. A
+    /// source that can search saves it from reading a text of megabytes for the end of a token.
     TZtOnSkipTo OnSkipTo;
     /// Asked by `GetPaintInfo`.
     TZtOnGetTokenPaintInfo OnPaintInfo;

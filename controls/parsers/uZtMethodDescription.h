@@ -95,8 +95,8 @@ private:
 /// `ASignature` reads "procedure(Sender: TObject; var Key: Word; const A, B: string) of object" or
 /// "function(Sender: TObject): Boolean". The parameter list and "of object" may be left out, and
 /// so may the type of a parameter that is marked var, const or out. "array of T" is a type as well,
-/// known by its elements' type T. Raises `EZtEventSignature` for any other text, and `EZtException` without
-/// a class or an event name.
+/// known by its elements' type T. Raises `EZtEventSignature` for any other text, and `EZtException`
+/// without a class or an event name.
 void ZtRegisterEvent(const QMetaObject *AClass, const QString &AEventName,
                      const QString &ASignature);
 /// The same with the signature field by field; `ProcName` is the event's name. `ResultType` counts

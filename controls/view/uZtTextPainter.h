@@ -18,7 +18,8 @@ class QPainter;
 /// where that is wider; a font's own advance, which is rarely a whole number, does not add up.
 class TZtTextPainter {
 public:
-    /// Measures the font, whose own style is added to that of each text; nothing happens when it is the current one.
+    /// Measures the font, whose own style is added to that of each text; nothing happens when it is
+    /// the current one.
     void SetFont(const QFont &AFont);
 
     /// The width of an "X", in pixels.
