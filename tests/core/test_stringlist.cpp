@@ -27,6 +27,38 @@ QStringList SplitUtf8(const QByteArray &ABytes)
     return lines;
 }
 
+// A text that is only ever told its changes; what they say was removed must have been there.
+class TMirror final : public TZtTextListener {
+public:
+    QStringList Lines;
+    std::vector<TZtTextChange> Changes;
+
+    bool WantsRemoved() const override { return true; }
+    void TextChanged(const TStringList &AText, const TZtTextChange &AChange) override
+    {
+        EXPECT_EQ(Cut(Lines, AChange.Start, AChange.RemovedEnd), AChange.Removed->GetText(Break));
+        const TZtTextPiece inserted = AText.GetPiece(AChange.Start, AChange.InsertedEnd);
+        QStringList lines = (Cut(Lines, {0, 0}, AChange.Start) + inserted.GetText(Break) +
+                             Cut(Lines, AChange.RemovedEnd, {0, int(Lines.size())}))
+                                .split(u'\x01');
+        EXPECT_EQ(lines.takeLast(), "");
+        Lines = lines;
+        Changes.push_back(AChange);
+    }
+
+private:
+    static constexpr QLatin1StringView Break{"\x01"}; // the lines hold other breaks
+    // The end of the last line's break is a line of its own.
+    static QString Cut(QStringList ALines, const QPoint &AFrom, const QPoint &ATo)
+    {
+        ALines += QString();
+        ALines = ALines.mid(AFrom.y(), ATo.y() - AFrom.y() + 1);
+        ALines.last().truncate(ATo.x());
+        ALines.first().remove(0, AFrom.x());
+        return ALines.join(u'\x01');
+    }
+};
+
 // The list next to the plainest model of it, with a log of the events: "-3" before a change of a
 // list that holds 3 lines, "+4" after it.
 class TListModel {
@@ -43,6 +75,7 @@ public:
     }
     void Step();
     void Check() const;
+    void ReplaceText();
 
     TStringList List;
     QStringList Lines;
@@ -75,9 +108,46 @@ QString TListModel::Text()
     return QString(S).insert(Below(S.size() + 1), QChar(Below(2) ? 0xD83D : 0));
 }
 
+void TListModel::ReplaceText()
+{
+    QPoint from(0, Below(Lines.size() + 1));
+    QPoint to(0, from.y() + Below(Lines.size() + 1 - from.y()));
+    if (from.y() < Lines.size())
+        from.setX(Below(Lines[from.y()].size() + 1));
+    if (to.y() < Lines.size())
+        to.setX(Below(Lines[to.y()].size() + 1));
+    if (to.y() == from.y() && to.x() < from.x())
+        std::swap(from, to);
+    QStringList pieces = SplitLines(Text() + u'x');
+    pieces.last().chop(1);
+    if (to.y() == Lines.size()) { // nothing may be left without a break
+        pieces.last().clear();
+        if (pieces.size() == 1)
+            from.setX(0);
+    }
+    List.ReplaceText(from, to, TZtTextPiece(pieces.join(u'\n')));
+    const QString head = Lines.value(from.y()).left(from.x());
+    const QString tail = Lines.value(to.y()).mid(to.x());
+    std::vector<int> objects(size_t(pieces.size()), 0);
+    if (to.y() < Lines.size())
+        objects.back() = Objects[size_t(to.y())];
+    if (from.y() < Lines.size())
+        objects.front() = Objects[size_t(from.y())];
+    pieces.first().prepend(head);
+    pieces.last().append(tail);
+    if (to.y() == Lines.size()) {
+        pieces.removeLast();
+        objects.pop_back();
+    }
+    const int last = std::min(to.y() + 1, int(Lines.size()));
+    Lines = Lines.mid(0, from.y()) + pieces + Lines.mid(last);
+    Objects.erase(Objects.begin() + from.y(), Objects.begin() + last);
+    Objects.insert(Objects.begin() + from.y(), objects.begin(), objects.end());
+}
+
 void TListModel::Step()
 {
-    const int operation = Below(12), object = Below(100);
+    const int operation = Below(15), object = Below(100);
     const QString S = Text();
     if (operation < 5 || Lines.isEmpty()) {
         const int at = operation < 3 ? int(Lines.size()) : Below(Lines.size() + 1);
@@ -87,7 +157,9 @@ void TListModel::Step()
         return;
     }
     const int line = Below(Lines.size());
-    if (operation < 7) {
+    if (operation > 11) {
+        ReplaceText();
+    } else if (operation < 7) {
         List.Delete(line);
         Lines.removeAt(line);
         Objects.erase(Objects.begin() + line);
@@ -136,9 +208,84 @@ TEST(StringList, HoldsWhatThePlainModelHolds)
     for (int i = 0; i < 3000; ++i) {
         model.Log.clear();
         const std::string before = '-' + std::to_string(model.Lines.size());
+        const quint64 revision = model.List.GetRevision();
         model.Step();
+        if (model.List.GetRevision() == revision && model.Log.empty())
+            continue; // nothing was replaced by nothing
         ASSERT_EQ(model.Log, before + '+' + std::to_string(model.Lines.size())) << "step " << i;
         ASSERT_NO_FATAL_FAILURE(model.Check()) << "step " << i;
+    }
+}
+
+// Told alone, the changes make the same text; each put back, the last one first, they lead to the
+// first one, with its object slots.
+TEST(StringList, TheChangesAreTheText)
+{
+    TListModel model;
+    TMirror mirror;
+    for (int round = 0; round < 60; ++round) {
+        for (int i = 0; i < 20; ++i)
+            model.Step();
+        const QStringList before = model.Lines;
+        std::vector<int> objects = model.Objects;
+        mirror.Lines = before;
+        model.List.AddListener(&mirror);
+        // Slots that are set between changes are no part of them.
+        const auto slotsOf = [&] {
+            std::vector<int> slots;
+            for (int i = 0; i < model.List.GetCount(); ++i)
+                slots.push_back(model.List.GetObjects(i));
+            return slots;
+        };
+        bool slotsSet = false;
+        for (int i = 0; i < 20; ++i) {
+            const size_t told = mirror.Changes.size();
+            const std::vector<int> slots = slotsOf();
+            model.Step();
+            ASSERT_EQ(mirror.Lines, model.Lines) << round << ' ' << i;
+            slotsSet = slotsSet || (mirror.Changes.size() == told && slots != slotsOf());
+        }
+        model.List.RemoveListener(&mirror);
+        for (; !mirror.Changes.empty(); mirror.Changes.pop_back()) {
+            TZtTextChange &change = mirror.Changes.back();
+            model.List.ReplaceText(change.Start, change.InsertedEnd, std::move(*change.Removed));
+        }
+        ASSERT_EQ(SplitLines(model.List.GetText()),
+                  SplitLines(before.join(u"\r\n"_s) + (before.isEmpty() ? u""_s : u"\r\n"_s)))
+            << round;
+        ASSERT_TRUE(slotsSet || slotsOf() == objects) << round;
+        model.Lines = before;
+        model.Objects = slotsOf();
+    }
+}
+
+// Many lines change hands with their blocks.
+TEST(StringList, LargePiecesComeAndGoWhole)
+{
+    TStringList list;
+    for (const bool wide : {false, true}) {
+        QString text;
+        for (int i = 0; i < 20'000; ++i)
+            text += QString::number(i) + QChar(wide ? 0x416 : u'x') + u"\r\n"_s;
+        list.SetText(text);
+        list.SetStrings(7, u"its own"_s);
+        text = list.GetText();
+        const std::pair<QPoint, QPoint> ranges[] = {
+            {{0, 0}, list.GetEnd()},     {{0, 0}, {3, 19'999}}, {{2, 1}, {1, 19'990}},
+            {{2, 5'000}, {0, 9'000}},    {{1, 7}, {1, 7'000}},  {{2, 100}, {2, 104}},
+            {{0, 19'998}, list.GetEnd()}};
+        for (const auto &[from, to] : ranges) {
+            TMirror mirror;
+            mirror.Lines = SplitLines(text);
+            list.AddListener(&mirror);
+            list.ReplaceText(from, to, {});
+            list.ReplaceText(from, from, std::move(*mirror.Changes[0].Removed));
+            list.RemoveListener(&mirror);
+            ASSERT_EQ(list.GetText(), text) << from.y();
+        }
+        list.ReplaceText({0, 3}, {0, 3}, TZtTextPiece(text));
+        list.ReplaceText({0, 3}, {0, 20'003}, {});
+        ASSERT_EQ(list.GetText(), text);
     }
 }
 
@@ -199,6 +346,10 @@ TEST(StringList, AFailedEditKeepsTheLine)
 using TOperations = QList<std::function<void(TStringList &list, int at)>>;
 
 const TOperations LineOperations = {
+    [](TStringList &list, int at) { list.ReplaceInLine(at, 0, 1, u"x"); },
+    [](TStringList &list, int at) {
+        list.ReplaceText({1, at}, {1, at}, TZtTextPiece(u"\n"_s));
+    },
     [](TStringList &list, int at) { list.SetStrings(at, u"x"_s); },
     [](TStringList &list, int at) { list.SetObjects(at, 7); },
     [](TStringList &list, int at) { list.Delete(at); },
@@ -272,6 +423,23 @@ TEST(StringList, AHandlerMayPreventAChange)
     list.Add(u"b"_s);
     EXPECT_EQ(model.Log, "-0+1+2");
     EXPECT_EQ(list.GetText(), u"a\r\nb\r\n"_s);
+}
+
+TEST(StringList, APlaceOutsideRaisesBeforeAnyEvent)
+{
+    TListModel model;
+    TStringList &list = model.List;
+    list.SetText(u"ab\nc"_s);
+    model.Log.clear();
+    const std::pair<QPoint, QPoint> ranges[] = {
+        {{3, 0}, {0, 1}}, {{0, 0}, {2, 1}}, {{-1, 0}, {1, 0}}, {{0, -1}, {1, 0}},
+        {{0, 0}, {1, 2}}, {{0, 0}, {0, 3}}, {{1, 0}, {0, 0}},  {{1, 0}, {0, 2}}};
+    for (const auto &[from, to] : ranges)
+        EXPECT_THROW(list.ReplaceText(from, to, {}), EStringListError) << from.x() << to.x();
+    EXPECT_THROW(list.ReplaceText({0, 2}, {0, 2}, TZtTextPiece(u"x"_s)), EStringListError);
+    EXPECT_THROW(list.ReplaceInLine(0, 1, 2, u""), EStringListError);
+    EXPECT_EQ(model.Log, "");
+    EXPECT_EQ(list.GetText(), u"ab\r\nc\r\n"_s);
 }
 
 TEST(Strings, TrimTakesCodesUpTo32)

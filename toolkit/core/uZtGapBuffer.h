@@ -2,6 +2,7 @@
 
 #include <QtGlobal>
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <new>
@@ -23,7 +24,14 @@ public:
     T &operator[](qsizetype i) { return FItems[i < FGapStart ? i : i + FGapEnd - FGapStart]; }
     const T &operator[](qsizetype i) const { return const_cast<TZtGapBuffer &>(*this)[i]; }
 
-    /// Makes room for one more item, so that the next insertion does not raise.
+    /// Makes room for as many more items, so that inserting them does not raise.
+    void reserveMore(qsizetype count)
+    {
+        if (FGapEnd - FGapStart >= count)
+            return;
+        MoveGap(size()); // growing is cheapest there
+        Grow(FCapacity + std::max(FCapacity / 4 + 64, count));
+    }
     void reserveOne()
     {
         if (FGapStart == FGapEnd)
@@ -36,10 +44,22 @@ public:
         FItems[FGapStart++] = item;
     }
     void append(const T &item) { insert(size(), item); }
-    void remove(qsizetype i)
+    /// Inserts the items `from`, as many as `count`, of another buffer.
+    void insert(qsizetype i, const TZtGapBuffer &other, qsizetype from, qsizetype count)
     {
+        if (count == 0)
+            return;
+        reserveMore(count);
         MoveGap(i);
-        ++FGapEnd;
+        for (; count > 0; FGapStart += other.copyRun(from, count, FItems + FGapStart)) {
+        }
+    }
+    void remove(qsizetype i, qsizetype count = 1)
+    {
+        if (count == 0)
+            return; // the gap stays where it is
+        MoveGap(i);
+        FGapEnd += count;
     }
     void clear()
     {
@@ -56,6 +76,15 @@ public:
     }
 
 private:
+    // Copies the items that lie together from `from` on, at most `count`; moves both past them.
+    qsizetype copyRun(qsizetype &from, qsizetype &count, T *to) const
+    {
+        const qsizetype run = std::min(count, from < FGapStart ? FGapStart - from : count);
+        std::memcpy(to, &(*this)[from], size_t(run) * sizeof(T));
+        from += run;
+        count -= run;
+        return run;
+    }
     void MoveGap(qsizetype i)
     {
         if (i < FGapStart)
@@ -68,12 +97,13 @@ private:
     }
     void Grow(qsizetype capacity)
     {
-        // The gap is empty here, so that it may be put at the end, where growing is cheapest.
+        // The gap is empty or at the end here, so that it may be put there, where growing is
+        // cheapest.
         auto *items = static_cast<T *>(std::realloc(FItems, size_t(capacity) * sizeof(T)));
         if (!items)
             throw std::bad_alloc();
         FItems = items;
-        FGapStart = FCapacity;
+        FGapStart = FGapStart == FGapEnd ? FCapacity : FGapStart;
         FGapEnd = FCapacity = capacity;
     }
 

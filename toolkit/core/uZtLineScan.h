@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QStringView>
 
 #include <bit>
 #include <cstring>
@@ -101,4 +101,22 @@ template <typename TEmit> void ZtForEachLine(const char *AText, qsizetype ASize,
     }
     if (start < ASize)
         AEmit(AText + start, ASize - start, ascii);
+}
+
+/// `AEmit(line)` for each line of a text of 16-bit units.
+template <typename TEmit> void ZtForEachLine(QStringView S, TEmit AEmit)
+{
+    qsizetype start = 0;
+    const qsizetype size = S.size();
+    for (qsizetype i = 0; i < size; ++i) {
+        const char16_t C = S[i].unicode();
+        if (C > u'\r' || (C != u'\r' && C != u'\n'))
+            continue;
+        AEmit(S.sliced(start, i - start));
+        if (C == u'\r' && i + 1 < size && S[i + 1] == u'\n')
+            ++i;
+        start = i + 1;
+    }
+    if (start < size)
+        AEmit(S.sliced(start));
 }

@@ -22,7 +22,13 @@ public:
     {
         for (const TZtRange<T> &range : ranges)
             for (quint32 i = quint32(range.First); i <= quint32(range.Last) && i < 256; ++i)
-                FBits[i / 64] |= quint64(1) << (i % 64);
+                insert(T(i));
+    }
+
+    constexpr void insert(T value)
+    {
+        if (const auto i = quint32(value); i < 256)
+            FBits[i / 64] |= quint64(1) << (i % 64);
     }
 
     constexpr bool contains(T value) const

@@ -3,30 +3,34 @@
 #include "uZtLineScan.h"
 #include "uZtUtf8.h"
 
-#include <QStringEncoder>
+#include <QScopeGuard>
+#include <QVarLengthArray>
 
 #include <algorithm>
-#include <cstring>
+#include <iterator>
 
 namespace {
 
-constexpr qsizetype BlockSize = 1 << 20;
+constexpr QPoint TextStart(0, 0);
 
-template <typename TEmit> void ForEachLine(QStringView S, TEmit AEmit)
-{
-    qsizetype start = 0;
-    const qsizetype size = S.size();
-    for (qsizetype i = 0; i < size; ++i) {
-        const char16_t C = S[i].unicode();
-        if (C > u'\r' || (C != u'\r' && C != u'\n'))
-            continue;
-        AEmit(S.sliced(start, i - start));
-        if (C == u'\r' && i + 1 < size && S[i + 1] == u'\n')
-            ++i;
-        start = i + 1;
+// Where two versions of a line differ: the first `Start` units are the same, and the last `End`.
+struct TDifference {
+    qsizetype Start;
+    qsizetype End;
+    TDifference(QStringView A, QStringView B)
+    {
+        const qsizetype shorter = std::min(A.size(), B.size());
+        Start = std::mismatch(A.begin(), A.begin() + shorter, B.begin()).first - A.begin();
+        const auto last = std::make_reverse_iterator(A.begin() + (A.size() - shorter + Start));
+        End = std::mismatch(A.rbegin(), last, B.rbegin()).first - A.rbegin();
     }
-    if (start < size)
-        AEmit(S.sliced(start));
+};
+
+EStringListError NoPlace(const QPoint &APlace)
+{
+    return EStringListError(QStringLiteral("There is no column %1 of a line with the index %2.")
+                                .arg(APlace.x())
+                                .arg(APlace.y()));
 }
 
 } // namespace
@@ -53,97 +57,25 @@ private:
     bool FEnded = false;
 };
 
-// --- the text in memory --------------------------------------------------------------------------
-
-QAnyStringView TStringList::TLine::View() const
+template <typename TTold> void TStringList::TellListeners(TTold ATold)
 {
-    if (!Wide)
-        return QLatin1StringView(Latin1(), qsizetype(Length));
-    return IsOwned() ? QStringView(Owned()) : QStringView(Utf16(), qsizetype(Length));
-}
-
-void TStringList::TText::Clear()
-{
-    for (qsizetype i = 0; i < Lines.size(); ++i)
-        if (Lines[i].IsOwned())
-            delete &Lines[i].Owned();
-    Lines.clear();
-    Blocks.clear();
-    Free = nullptr;
-    FreeSize = 0;
-}
-
-void TStringList::TText::Swap(TText &AOther)
-{
-    Lines.swap(AOther.Lines);
-    Blocks.swap(AOther.Blocks);
-    std::swap(Free, AOther.Free);
-    std::swap(FreeSize, AOther.FreeSize);
-}
-
-char *TStringList::TText::Allocate(qsizetype ASize)
-{
-    ASize = (ASize + 1) & ~qsizetype(1); // keeps the next one's address even
-    if (ASize > FreeSize) {
-        const qsizetype size = std::max(ASize, BlockSize);
-        Blocks.emplace_back(size, Qt::Uninitialized);
-        Free = Blocks.back().data();
-        FreeSize = size;
-    }
-    FreeSize -= ASize;
-    return std::exchange(Free, Free + ASize);
-}
-
-void TStringList::TText::AppendView(const void *AText, qsizetype ALength, bool AWide)
-{
-    CheckLength(ALength);
-    if (Lines.size() == MaxLength)
-        throw EStringListError(QStringLiteral("A text holds at most %1 lines.").arg(MaxLength));
-    Lines.append({reinterpret_cast<quintptr>(AText), quint32(ALength), AWide, 0});
-}
-
-// As one byte a character where that is enough.
-void TStringList::TText::AppendCopy(QStringView S)
-{
-    if (QtPrivate::isLatin1(S)) {
-        char *to = Allocate(S.size());
-        QStringEncoder(QStringEncoder::Latin1).appendToBuffer(to, S);
-        AppendView(to, S.size(), false);
-    } else {
-        char *to = Allocate(S.size() * 2);
-        std::memcpy(to, S.data(), size_t(S.size()) * 2);
-        AppendView(to, S.size(), true);
-    }
-}
-
-void TStringList::TText::AppendCopy(QLatin1StringView S)
-{
-    char *to = Allocate(S.size());
-    std::copy(S.begin(), S.end(), to);
-    AppendView(to, S.size(), false);
+    const QVarLengthArray<TZtTextListener *, 8> listeners(FListeners.begin(), FListeners.end());
+    for (TZtTextListener *listener : listeners)
+        ATold(listener);
 }
 
 TStringList::TStringList(QObject *AOwner) : QObject(AOwner) {}
 
 TStringList::~TStringList() = default;
 
-const TStringList::TLine &TStringList::Line(int Index) const
+const TZtStoredLine &TStringList::Line(int Index) const
 {
     if (Index < 0 || Index >= GetCount())
         throw EStringListError(
             QStringLiteral("There is no line with the index %1 (the list holds %2).")
                 .arg(Index)
                 .arg(GetCount()));
-    return FText.Lines[Index];
-}
-
-void TStringList::CheckLength(qsizetype ALength)
-{
-    if (ALength > MaxLength)
-        throw EStringListError(
-            QStringLiteral("A line of %1 characters is too long; it may have %2.")
-                .arg(ALength)
-                .arg(MaxLength));
+    return FText[Index];
 }
 
 // Whether a line can be inserted at the index.
@@ -151,45 +83,21 @@ void TStringList::CheckRoom(int Index) const
 {
     if (Index != GetCount())
         Line(Index);
-    if (GetCount() == MaxLength)
-        throw EStringListError(QStringLiteral("A text holds at most %1 lines.").arg(MaxLength));
-}
-
-TStringList::TLine TStringList::NewLine(QString S, int AObject)
-{
-    const auto length = quint32(S.size());
-    return {reinterpret_cast<quintptr>(new QString(std::move(S))) | 1, length, 1, AObject};
-}
-
-void TStringList::Put(TLine &ALine, QString S)
-{
-    // Most of a long line was deleted: its memory goes too.
-    constexpr qsizetype worthIt = 4096;
-    if (S.capacity() > worthIt && S.capacity() / 4 > S.size())
-        S.squeeze();
-    if (!ALine.IsOwned()) {
-        ALine = NewLine(std::move(S), ALine.Object);
-        return;
-    }
-    ALine.Length = quint32(S.size());
-    ALine.Owned() = std::move(S);
+    TZtLineStore::CheckCount(qsizetype(GetCount()) + 1);
 }
 
 // --- lines ---------------------------------------------------------------------------------------
 
-QString TStringList::GetStrings(int Index) const
-{
-    const TLine &line = Line(Index);
-    return line.IsOwned() ? line.Owned() : line.View().toString();
-}
+QString TStringList::GetStrings(int Index) const { return Line(Index).ToString(); }
 
 void TStringList::SetStrings(int Index, const QString &S)
 {
     Line(Index);
     CheckLength(S.size());
     Changing();
-    Line(Index); // a handler may have taken it away
-    Put(FText.Lines[Index], S);
+    const QString before = BeforeEdit(Index); // a handler may have taken it away
+    FText.Put(Index, S);
+    TellEdit(Index, before);
     Changed();
 }
 
@@ -197,7 +105,8 @@ void TStringList::EditStrings(int Index, QString &&S, const std::function<void(Q
 {
     Line(Index);
     Changing();
-    const TLine &line = Line(Index);
+    const TZtStoredLine &line = Line(Index);
+    const QString before = BeforeEdit(Index);
     QString text = std::move(S);
     const bool held = line.IsOwned() && line.Owned().constData() == text.constData();
     if (held)
@@ -208,9 +117,34 @@ void TStringList::EditStrings(int Index, QString &&S, const std::function<void(Q
     text.truncate(MaxLength);
     Line(Index);
     if (held || !raised.IsRaised())
-        Put(FText.Lines[Index], std::move(text));
+        FText.Put(Index, std::move(text));
+    TellEdit(Index, before);
     raised.Raise();
     Changed();
+}
+
+// The line as it is, where somebody will be told what becomes of it.
+QString TStringList::BeforeEdit(int Index) const
+{
+    const TZtStoredLine &line = Line(Index);
+    return FListeners.empty() ? QString() : line.ToString();
+}
+
+void TStringList::TellEdit(int Index, const QString &ABefore)
+{
+    if (FListeners.empty())
+        return;
+    const QString now = GetStrings(Index);
+    const TDifference same(ABefore, now);
+    const qsizetype oldEnd = ABefore.size() - same.End, newEnd = now.size() - same.End;
+    if (oldEnd == same.Start && newEnd == same.Start)
+        return;
+    TZtTextChange change{QPoint(int(same.Start), Index), QPoint(int(oldEnd), Index),
+                         QPoint(int(newEnd), Index)};
+    if (IsRemovedWanted())
+        change.Removed = std::make_shared<TZtTextPiece>(
+            CutOut(ABefore, FText[Index].Object, same.Start, oldEnd));
+    TellChange(change);
 }
 
 int TStringList::GetObjects(int Index) const { return Line(Index).Object; }
@@ -220,7 +154,7 @@ void TStringList::SetObjects(int Index, int AObject)
     Line(Index);
     Changing();
     Line(Index);
-    FText.Lines[Index].Object = AObject;
+    FText.SetObject(Index, AObject);
     Changed(false);
 }
 
@@ -230,13 +164,7 @@ QAnyStringView TStringList::View(int Index) const { return Line(Index).View(); }
 
 void TStringList::AppendTo(int Index, int AFrom, int ACount, QString &S) const
 {
-    const TLine &line = Line(Index);
-    if (!line.Wide)
-        S.append(QLatin1StringView(line.Latin1() + AFrom, ACount));
-    else if (line.IsOwned())
-        S.append(QStringView(line.Owned()).sliced(AFrom, ACount));
-    else
-        S.append(QStringView(line.Utf16() + AFrom, ACount));
+    Line(Index).AppendTo(AFrom, ACount, S);
 }
 
 int TStringList::AddObject(const QString &S, int AObject)
@@ -252,8 +180,15 @@ void TStringList::InsertObject(int Index, const QString &S, int AObject)
     CheckLength(S.size());
     Changing();
     CheckRoom(Index);
-    FText.Lines.reserveOne();
-    FText.Lines.insert(Index, NewLine(S, AObject));
+    FText.Insert(Index, S, AObject);
+    if (!FListeners.empty()) {
+        TZtTextChange change{QPoint(0, Index), QPoint(0, Index), QPoint(0, Index + 1)};
+        if (IsRemovedWanted())
+            change.Removed = std::make_shared<TZtTextPiece>(
+                Index + 1 < GetCount() ? CutOut({}, FText[Index + 1].Object, 0, 0)
+                                       : TZtTextPiece());
+        TellChange(change);
+    }
     Changed();
 }
 
@@ -261,11 +196,169 @@ void TStringList::Delete(int Index)
 {
     Line(Index);
     Changing();
-    const TLine &line = Line(Index);
-    if (line.IsOwned())
-        delete &line.Owned();
-    FText.Lines.remove(Index);
+    Line(Index);
+    TZtTextChange change{QPoint(0, Index), QPoint(0, Index + 1), QPoint(0, Index)};
+    if (IsRemovedWanted())
+        change.Removed = std::make_shared<TZtTextPiece>(GetPiece(change.Start, change.RemovedEnd));
+    FText.Remove(Index);
+    TellChange(change);
     Changed();
+}
+
+// --- by positions --------------------------------------------------------------------------------
+
+void TStringList::CheckPlace(const QPoint &APlace) const
+{
+    const bool inside =
+        APlace == GetEnd() || (0 <= APlace.y() && APlace.y() < GetCount() && 0 <= APlace.x() &&
+                               APlace.x() <= int(FText[APlace.y()].Length));
+    if (!inside)
+        throw NoPlace(APlace);
+}
+
+void TStringList::CheckReplace(const QPoint &AFrom, const QPoint &ATo,
+                               const TZtTextPiece &APiece) const
+{
+    CheckPlace(AFrom);
+    CheckPlace(ATo);
+    if (ZtIsBefore(ATo, AFrom))
+        throw NoPlace(ATo);
+    const int last = APiece.GetCount() - 1;
+    const qsizetype rest = ATo == GetEnd() ? 0 : qsizetype(FText[ATo.y()].Length) - ATo.x();
+    if (ATo == GetEnd() && ((last == 0 && AFrom.x() > 0) || !APiece.GetLine(last).isEmpty()))
+        throw EStringListError(QStringLiteral("The last line of a text ends with a break."));
+    CheckLength(AFrom.x() + APiece.GetLine(0).size() + (last == 0 ? rest : 0));
+    CheckLength(APiece.GetLine(last).size() + rest);
+    TZtLineStore::CheckCount(qsizetype(GetCount()) + last);
+}
+
+// Of one line's text.
+TZtTextPiece TStringList::CutOut(const QString &ALine, int AObject, qsizetype AFrom, qsizetype ATo)
+{
+    TZtTextPiece piece;
+    piece.FLine = ALine.mid(AFrom, ATo - AFrom);
+    piece.FObject = AObject;
+    piece.FHasObjects = true;
+    return piece;
+}
+
+// Of the lines that two positions touch.
+TZtTextPiece TStringList::CutOut(const QPoint &AFrom, const QPoint &ATo, TZtLineStore ALines)
+{
+    if (ALines.GetCount() == 0)
+        return {};
+    if (AFrom.y() == ATo.y())
+        return CutOut(ALines[0].ToString(), ALines[0].Object, AFrom.x(), ATo.x());
+    const qsizetype last = ATo.y() - AFrom.y();
+    if (last == ALines.GetCount())
+        ALines.Insert(last, QString(), 0); // behind the last break
+    if (AFrom.x() > 0)
+        ALines.Put(0, ALines[0].ToString().mid(AFrom.x()));
+    ALines.Put(last, ALines[last].ToString().left(ATo.x()));
+    TZtTextPiece piece;
+    piece.FLines = std::move(ALines);
+    piece.FHasObjects = true;
+    return piece;
+}
+
+TZtTextPiece TStringList::GetPiece(const QPoint &AFrom, const QPoint &ATo) const
+{
+    CheckPlace(AFrom);
+    CheckPlace(ATo);
+    if (ZtIsBefore(ATo, AFrom))
+        throw NoPlace(ATo);
+    const int count = std::min(ATo.y() + 1, GetCount()) - AFrom.y();
+    return CutOut(AFrom, ATo, FText.Copy(AFrom.y(), std::max(count, 0)));
+}
+
+void TStringList::ReplaceInLine(int AIndex, int AColumn, int ALength, QStringView S)
+{
+    const auto check = [&] {
+        const qint64 length = Line(AIndex).Length;
+        if (AColumn < 0 || ALength < 0 || qint64(AColumn) + ALength > length)
+            throw NoPlace({AColumn, AIndex});
+        CheckLength(length - ALength + S.size());
+    };
+    check();
+    if (ALength == 0 && S.isEmpty())
+        return;
+    Changing();
+    check();
+    TZtTextChange change{QPoint(AColumn, AIndex), QPoint(AColumn + ALength, AIndex),
+                         QPoint(AColumn + int(S.size()), AIndex)};
+    if (IsRemovedWanted())
+        change.Removed = std::make_shared<TZtTextPiece>(GetPiece(change.Start, change.RemovedEnd));
+    FText.Edit(AIndex, [&](QString &line) {
+        if (ALength == 0)
+            line.insert(AColumn, S);
+        else
+            line.replace(AColumn, ALength, S.data(), S.size());
+    });
+    TellChange(change);
+    Changed();
+}
+
+void TStringList::ReplaceText(const QPoint &AFrom, const QPoint &ATo, TZtTextPiece APiece)
+{
+    CheckReplace(AFrom, ATo, APiece);
+    if (AFrom.y() == ATo.y() && AFrom.y() < GetCount() && APiece.GetCount() == 1 &&
+        (!APiece.HasObjects() || APiece.FObject == FText[AFrom.y()].Object))
+        return ReplaceInLine(AFrom.y(), AFrom.x(), ATo.x() - AFrom.x(), APiece.FLine);
+    if (AFrom == ATo && APiece.IsEmpty())
+        return;
+    Changing();
+    CheckReplace(AFrom, ATo, APiece);
+    const int last = APiece.GetCount() - 1;
+    TZtTextChange change{
+        AFrom, ATo,
+        QPoint(int(APiece.GetLine(last).size()) + (last == 0 ? AFrom.x() : 0), AFrom.y() + last),
+        AFrom == TextStart && ATo == GetEnd()};
+    const bool wanted = IsRemovedWanted();
+    TZtLineStore removed = Exchange(AFrom, ATo, std::move(APiece));
+    if (wanted)
+        change.Removed = std::make_shared<TZtTextPiece>(CutOut(AFrom, ATo, std::move(removed)));
+    TellChange(change);
+    Changed();
+}
+
+// Puts the lines that a piece makes there in the place of those that two positions touch, which are
+// the answer.
+TZtLineStore TStringList::Exchange(const QPoint &AFrom, const QPoint &ATo, TZtTextPiece APiece)
+{
+    const bool toEnd = ATo == GetEnd();
+    const int touched = std::min(ATo.y() + 1, GetCount()) - AFrom.y();
+    QString head, tail;
+    if (AFrom.x() > 0)
+        FText[AFrom.y()].AppendTo(0, AFrom.x(), head);
+    if (!toEnd)
+        FText[ATo.y()].AppendTo(ATo.x(), FText[ATo.y()].Length - ATo.x(), tail);
+    const int headObject = AFrom.y() < GetCount() ? FText[AFrom.y()].Object : 0;
+    const int tailObject = toEnd ? 0 : FText[ATo.y()].Object;
+
+    TZtLineStore lines = std::move(APiece.FLines);
+    if (lines.GetCount() == 0) {
+        if (!toEnd)
+            lines.Insert(0, head + APiece.FLine + tail,
+                         APiece.HasObjects() ? APiece.FObject : headObject);
+    } else {
+        const qsizetype last = lines.GetCount() - 1;
+        if (!APiece.HasObjects()) {
+            lines.SetObject(0, headObject);
+            lines.SetObject(last, tailObject);
+        }
+        if (!head.isEmpty())
+            lines.Put(0, head + lines[0].ToString());
+        if (toEnd)
+            lines.Remove(last);
+        else if (!tail.isEmpty())
+            lines.Put(last, lines[last].ToString() + tail);
+    }
+    const qsizetype count = lines.GetCount();
+    FText.Insert(AFrom.y(), std::move(lines));
+    auto inserted = qScopeGuard([&] { FText.Remove(AFrom.y(), count); });
+    TZtLineStore removed = FText.Take(AFrom.y() + count, std::max(touched, 0));
+    inserted.dismiss();
+    return removed;
 }
 
 // --- the whole text ------------------------------------------------------------------------------
@@ -275,7 +368,8 @@ void TStringList::Clear()
     if (GetCount() == 0)
         return;
     Changing();
-    FText.Clear();
+    TZtLineStore none;
+    Exchange(none);
     Changed();
 }
 
@@ -283,27 +377,39 @@ void TStringList::Assign(const TStringList *Source)
 {
     if (!Source || Source == this)
         return;
-    TText text;
+    TZtLineStore text;
     for (int i = 0; i < Source->GetCount(); ++i) {
         Source->View(i).visit([&](auto view) { text.AppendCopy(view); });
-        text.Lines[i].Object = Source->GetObjects(i);
+        text.SetObject(i, Source->GetObjects(i));
     }
     Replace(text);
 }
 
 // Exchanges the lines for those of a text that is complete.
-void TStringList::Replace(TText &AText)
+void TStringList::Replace(TZtLineStore &AText)
 {
     TUpdate update(*this);
-    FText.Swap(AText);
+    Exchange(AText);
     update.End();
+}
+
+void TStringList::Exchange(TZtLineStore &AText)
+{
+    TZtTextChange change{TextStart, GetEnd(), QPoint(0, int(AText.GetCount())), true};
+    FText.Swap(AText);
+    if (change.RemovedEnd == change.InsertedEnd && GetCount() == 0)
+        return;
+    if (IsRemovedWanted())
+        change.Removed =
+            std::make_shared<TZtTextPiece>(CutOut(TextStart, change.RemovedEnd, std::move(AText)));
+    TellChange(change);
 }
 
 QString TStringList::GetText() const
 {
     qsizetype size = 0;
     for (int i = 0; i < GetCount(); ++i)
-        size += qsizetype(FText.Lines[i].Length) + 2;
+        size += qsizetype(FText[i].Length) + 2;
     QString text;
     text.reserve(size);
     for (int i = 0; i < GetCount(); ++i) {
@@ -315,15 +421,15 @@ QString TStringList::GetText() const
 
 void TStringList::SetText(const QString &S)
 {
-    TText text;
-    ForEachLine(S, [&](QStringView line) { text.AppendCopy(line); });
+    TZtLineStore text;
+    ZtForEachLine(QStringView(S), [&](QStringView line) { text.AppendCopy(line); });
     Replace(text);
 }
 
 void TStringList::SetUtf8Text(const QByteArray &ABytes, qsizetype AFrom)
 {
-    TText text;
-    text.Blocks.push_back(ABytes);
+    TZtLineStore text;
+    text.AddBlock(ABytes);
     ZtForEachLine(ABytes.constData() + AFrom, ABytes.size() - AFrom,
                   [&](const char *start, qsizetype length, bool ascii) {
                       if (ascii)
@@ -343,7 +449,8 @@ void TStringList::BeginUpdate()
 
 void TStringList::EndUpdate()
 {
-    --FUpdateCount;
+    if (--FUpdateCount == 0)
+        TellListeners([this](TZtTextListener *listener) { listener->UpdateEnded(*this); });
     Changed();
 }
 
@@ -367,4 +474,19 @@ void TStringList::Tell(const TNotifyEvent &AHandler)
     own.Run([&] { Fire(AHandler, this); });
     FRaised = raised;
     own.RaiseInto(raised);
+}
+
+void TStringList::AddListener(TZtTextListener *AListener) { FListeners.push_back(AListener); }
+
+void TStringList::RemoveListener(TZtTextListener *AListener) { std::erase(FListeners, AListener); }
+
+bool TStringList::IsRemovedWanted() const
+{
+    return std::any_of(FListeners.begin(), FListeners.end(),
+                       [](const TZtTextListener *listener) { return listener->WantsRemoved(); });
+}
+
+void TStringList::TellChange(const TZtTextChange &AChange)
+{
+    TellListeners([&](TZtTextListener *listener) { listener->TextChanged(*this, AChange); });
 }

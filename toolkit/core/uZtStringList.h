@@ -1,8 +1,9 @@
 #pragma once
 
 #include "uZtException.h"
-#include "uZtGapBuffer.h"
+#include "uZtLineStore.h"
 #include "uZtNotifier.h"
+#include "uZtTextChange.h"
 
 #include <QAnyStringView>
 #include <QByteArray>
@@ -10,7 +11,6 @@
 #include <QString>
 
 #include <functional>
-#include <limits>
 #include <vector>
 
 using TNotifyEvent = std::function<void(QObject *Sender)>;
@@ -28,6 +28,9 @@ using TNotifyEvent = std::function<void(QObject *Sender)>;
 ///
 /// A handler may change the list. What `OnChanging` raises prevents the change; an index that it
 /// made invalid raises `EStringListError` then. What `OnChange` raises comes after the change.
+/// Listeners are told what each change of the strings was, also between `BeginUpdate` and
+/// `EndUpdate`; a change of an object slot alone is told to nobody but the handlers.
+///
 /// A line holds at most `MaxLength` units and a list as many lines; more of either raises
 /// `EStringListError`. Whatever a whole-text operation raises, the text is then as it was.
 class TStringList : public QObject, public TZtNotifier {
@@ -40,15 +43,15 @@ public:
     ~TStringList() override;
     ZT_DELETE_WHEN_IDLE(TStringList)
 
-    static constexpr int MaxLength = std::numeric_limits<int>::max();
+    static constexpr int MaxLength = TZtLineStore::MaxLength;
 
     TNotifyEvent OnChanging;
     TNotifyEvent OnChange;
 
     /// Raises when a line cannot have so many units.
-    static void CheckLength(qsizetype ALength);
+    static void CheckLength(qsizetype ALength) { TZtLineStore::CheckLength(ALength); }
 
-    int GetCount() const { return int(FText.Lines.size()); }
+    int GetCount() const { return int(FText.GetCount()); }
     /// Another number after every change of a string or of the count.
     quint64 GetRevision() const { return FRevision; }
 
@@ -83,6 +86,23 @@ public:
     /// Takes over the strings and object slots of `Source`.
     void Assign(const TStringList *Source);
 
+    // --- by positions: (column, line), 0-based; one outside the text raises `EStringListError`
+
+    /// Behind the break of the last line.
+    QPoint GetEnd() const { return {0, GetCount()}; }
+    /// What stands between two positions in order.
+    TZtTextPiece GetPiece(const QPoint &AFrom, const QPoint &ATo) const;
+    /// Puts a piece in the place of what stands between two positions in order: one change, whose
+    /// characters are not copied where there are many. Up to `GetEnd` it takes whole lines: nothing
+    /// may be left that has no break behind it. The object slots of a piece that was cut out of a
+    /// text come with it; otherwise the first line keeps its own, and so does the last.
+    void ReplaceText(const QPoint &AFrom, const QPoint &ATo, TZtTextPiece APiece);
+    /// Puts `S`, which holds no breaks, in the place of `ALength` units of a line from `AColumn`
+    /// on. A line of megabytes is not copied.
+    void ReplaceInLine(int AIndex, int AColumn, int ALength, QStringView S);
+
+    // --- the whole text
+
     /// All lines, CR LF after each.
     QString GetText() const;
     /// Replaces all lines. CR LF, CR and LF each end a line; text after the last one is a line too.
@@ -94,6 +114,12 @@ public:
 
     void BeginUpdate();
     void EndUpdate();
+    bool IsUpdating() const { return FUpdateCount > 0; }
+
+    /// A listener is told until it is removed, which it may be twice; it outlives the list or is
+    /// removed before it goes.
+    void AddListener(TZtTextListener *AListener);
+    void RemoveListener(TZtTextListener *AListener);
 
     /// While set, what the handlers raise is kept there and ends no change; null for raising it.
     /// It is null while a handler runs: what a handler begins is an operation of its own.
@@ -105,50 +131,27 @@ protected:
 
 private:
     class TUpdate;
-    // A line's characters are a view into a block, one byte or two each; an edited line owns a
-    // string.
-    struct TLine {
-        quintptr Text; // of an owned string with the lowest bit set
-        quint32 Length : 31;
-        quint32 Wide : 1; // not one byte a character
-        int Object;
-
-        bool IsOwned() const { return Wide && (Text & 1); }
-        QString &Owned() const { return *reinterpret_cast<QString *>(Text & ~quintptr(1)); }
-        const char *Latin1() const { return reinterpret_cast<const char *>(Text); }
-        const char16_t *Utf16() const { return reinterpret_cast<const char16_t *>(Text); }
-        QAnyStringView View() const;
-    };
-    // The lines, and the memory that those which own nothing look into.
-    struct TText {
-        TText() = default;
-        TText(const TText &) = delete;
-        TText &operator=(const TText &) = delete;
-        ~TText() { Clear(); }
-        void Clear();
-        void Swap(TText &AOther);
-        void AppendView(const void *AText, qsizetype ALength, bool AWide);
-        void AppendCopy(QStringView S);
-        void AppendCopy(QLatin1StringView S);
-        void AppendCopy(QUtf8StringView S) { AppendCopy(QStringView(S.toString())); }
-        char *Allocate(qsizetype ASize);
-
-        TZtGapBuffer<TLine> Lines;
-        std::vector<QByteArray> Blocks;
-        char *Free = nullptr;
-        qsizetype FreeSize = 0;
-    };
-    const TLine &Line(int Index) const;
-    static void Put(TLine &ALine, QString S);
-    static TLine NewLine(QString S, int AObject);
+    const TZtStoredLine &Line(int Index) const;
     void CheckRoom(int Index) const;
-    void Replace(TText &AText);
+    void CheckPlace(const QPoint &APlace) const;
+    void CheckReplace(const QPoint &AFrom, const QPoint &ATo, const TZtTextPiece &APiece) const;
+    void Replace(TZtLineStore &AText);
+    void Exchange(TZtLineStore &AText);
+    TZtLineStore Exchange(const QPoint &AFrom, const QPoint &ATo, TZtTextPiece APiece);
+    static TZtTextPiece CutOut(const QString &ALine, int AObject, qsizetype AFrom, qsizetype ATo);
+    static TZtTextPiece CutOut(const QPoint &AFrom, const QPoint &ATo, TZtLineStore ALines);
+    QString BeforeEdit(int Index) const;
+    void TellEdit(int Index, const QString &ABefore);
+    template <typename TTold> void TellListeners(TTold ATold);
+    void TellChange(const TZtTextChange &AChange);
+    bool IsRemovedWanted() const;
     void Changing();
     void Changed(bool AStrings = true);
     void Tell(const TNotifyEvent &AHandler);
 
-    TText FText;
+    TZtLineStore FText;
     int FUpdateCount = 0;
     quint64 FRevision = 0;
     TZtFirstException *FRaised = nullptr;
+    std::vector<TZtTextListener *> FListeners;
 };

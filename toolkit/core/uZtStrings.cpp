@@ -2,17 +2,15 @@
 
 #include "uZtStringList.h"
 
-namespace {
-
-qsizetype TrimmedEnd(const QString &S)
+qsizetype ZtTrimmedSize(QAnyStringView S)
 {
-    qsizetype end = S.size();
-    while (end > 0 && S.at(end - 1).unicode() <= 32)
-        --end;
-    return end;
+    return S.visit([](auto view) {
+        qsizetype end = view.size();
+        while (end > 0 && QChar(view[end - 1]).unicode() <= 32)
+            --end;
+        return end;
+    });
 }
-
-} // namespace
 
 void ZtStringToList(const QString &S, const QString &ASeparator, TStringList &AList)
 {
@@ -24,13 +22,13 @@ void ZtStringToList(const QString &S, const QString &ASeparator, TStringList &AL
     AList.Add(S.mid(from));
 }
 
-QString ZtTrimRight(const QString &S) { return S.left(TrimmedEnd(S)); }
+QString ZtTrimRight(const QString &S) { return S.left(ZtTrimmedSize(S)); }
 
-void ZtChopBlanks(QString &S) { S.truncate(TrimmedEnd(S)); }
+void ZtChopBlanks(QString &S) { S.truncate(ZtTrimmedSize(S)); }
 
 QString ZtTrim(const QString &S)
 {
-    const qsizetype end = TrimmedEnd(S);
+    const qsizetype end = ZtTrimmedSize(S);
     qsizetype start = 0;
     while (start < end && S.at(start).unicode() <= 32)
         ++start;

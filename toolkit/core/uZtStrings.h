@@ -2,6 +2,7 @@
 
 #include "uZtSet.h"
 
+#include <QAnyStringView>
 #include <QString>
 
 class TStringList;
@@ -16,5 +17,7 @@ void ZtStringToList(const QString &S, const QString &ASeparator, TStringList &AL
 /// `S` without the characters of codes up to 32 at its end, or at both ends.
 QString ZtTrimRight(const QString &S);
 QString ZtTrim(const QString &S);
+/// How many units are left of a text without the blanks at its end.
+qsizetype ZtTrimmedSize(QAnyStringView S);
 /// `ZtTrimRight` of a string in its own memory.
 void ZtChopBlanks(QString &S);
