@@ -29,11 +29,17 @@ QStringList Drain(TZtTokenReader &AReader, bool AEndLines, qsizetype ALimit)
     return tokens;
 }
 
-// Fed a line at a time and from a stream, a text gives the same tokens.
-void CheckLexer(const TZtTokenLanguage &ALanguage, const QString &AText, bool AEndLines)
+// Fed a line at a time and from a stream, a text gives the same tokens, also with all that is off
+// by default.
+void CheckLexer(const TZtTokenLanguage &ALanguage, const QString &AText, bool AEndLines,
+                bool ACorrected)
 {
     const qsizetype limit = 4 * AText.size() + 64;
     const auto fed = ALanguage.CreateReader(), streamed = ALanguage.CreateReader();
+    for (TZtLangParser *parser : {&fed->Parser(), &streamed->Parser()}) {
+        parser->SetAllKeyWords(ACorrected);
+        parser->SetClosedRemarks(ACorrected);
+    }
     qsizetype next = 0;
     fed->Parser().OnGetNewBuffer = [&](bool AReset, QString &S) {
         if (AReset)
@@ -66,6 +72,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *AData, size_t ASize)
     const QString text = QString::fromUtf8(reinterpret_cast<const char *>(AData), qsizetype(ASize));
     for (const TZtTokenLanguage &language : ZtTokenLanguages())
         for (const bool endLines : {false, true})
-            CheckLexer(language, text, endLines);
+            for (const bool corrected : {false, true})
+                CheckLexer(language, text, endLines, corrected);
     return 0;
 }

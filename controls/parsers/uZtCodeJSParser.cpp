@@ -2,6 +2,8 @@
 
 #include "uZtClassRegistry.h"
 
+#include <algorithm>
+
 using enum TJSToken;
 using TRange = TZtRange<TJSToken>;
 
@@ -40,7 +42,32 @@ const TZtCodeJSParser::TLanguage &TZtCodeJSParser::Language()
     return Result;
 }
 
-TZtCodeJSParser::TZtCodeJSParser(QObject *AOwner) : TZtScriptLexer(AOwner, Language(), DrawInfo) {}
+// The reserved words of ECMAScript that the lexer's table lacks, those of strict code among them,
+// and the constants that read like such.
+static constexpr std::u16string_view MoreWords[] = {
+    u"async",      u"await",     u"break",   u"catch", u"continue", u"debugger",   u"delete",
+    u"enum",       u"export",    u"extends", u"false", u"finally",  u"implements", u"import",
+    u"instanceof", u"interface", u"new",     u"null",  u"package",  u"protected",  u"return",
+    u"static",     u"super",     u"switch",  u"this",  u"throw",    u"true",       u"try",
+    u"typeof",     u"undefined", u"var",     u"void",  u"yield",
+};
+static_assert(std::ranges::is_sorted(MoreWords));
+
+// A template literal is one string, also where it holds expressions.
+static constexpr TZtSpan Spans[] = {
+    {u"/*", u"*/", int(vtComment), true, false, u'\0'},
+    {u"`", u"`", int(vtString), true, false, u'\\'},
+    {u"\"", u"\"", int(vtString), false, false, u'\\'},
+    {u"'", u"'", int(vtString), false, false, u'\\'},
+    {u"//", u"", int(vtComment), false, false, u'\0'},
+};
+
+static constexpr TZtGrammar Grammar{int(vtLineBreak), MoreWords, true, {u'$'}, {u'#'}, Spans};
+
+TZtCodeJSParser::TZtCodeJSParser(QObject *AOwner)
+    : TZtScriptLexer(AOwner, Language(), ::Grammar, DrawInfo)
+{
+}
 
 QString TZtCodeJSParser::GetLanguage() const { return QStringLiteral("JavaScript"); }
 

@@ -7,8 +7,8 @@ namespace ZtJS {
 Q_NAMESPACE
 
 /// The token kinds of JavaScript. Braces are `vtBegin` and `vtEnd`. `vtExit`, `vtThen`, `vtUntil`,
-/// `vtUnitil`, `vtRem`, `vtColon` and `vtHexNumber` are never produced; `vtInvalid` is none that a
-/// caller gets to see.
+/// `vtRem`, `vtColon` and `vtHexNumber` are never produced, `vtUnitil` only with more reserved
+/// words than the lexer's table has; `vtInvalid` is none that a caller gets to see.
 enum class TJSToken : quint8 {
     vtLineBreak,
     vtUnknown,
@@ -98,7 +98,8 @@ using TJSTokens = TZtSet<TJSToken>;
 using TZtJSInfo = TZtScriptInfo<TJSToken>;
 
 /// Lexer for JavaScript. A "/*" comment that is open at a line end goes on in the next line through
-/// `RemarkEnd` and `LineKind`, when `EndLines` is on.
+/// `RemarkEnd` and `LineKind`, when `EndLines` is on. With `ClosedRemarks` a `LineKind` of 1 is
+/// such a comment, 2 a template literal, 3 and 4 a string with an escaped line break.
 class TZtCodeJSParser : public TZtScriptLexer<TJSToken> {
     Q_OBJECT
 

@@ -5,7 +5,15 @@
 #include <algorithm>
 #include <utility>
 
-TZtLangParser::TZtLangParser(QObject *AOwner) : QObject(AOwner) {}
+// The plain text has neither words nor comments.
+static constexpr TZtGrammar PlainText;
+
+TZtLangParser::TZtLangParser(QObject *AOwner) : TZtLangParser(AOwner, PlainText) {}
+
+TZtLangParser::TZtLangParser(QObject *AOwner, const TZtGrammar &AGrammar)
+    : QObject(AOwner), FGrammar(AGrammar), FSpanStarts(AGrammar.SpanStarts())
+{
+}
 
 TZtLangParser::~TZtLangParser()
 {
@@ -29,11 +37,13 @@ void TZtLangParser::Reset()
         OnGetNewBuffer(true, ResetScratch);
     else if (InputStream)
         InputStream->seek(0);
+    ++FResets;
     LineNr = 1;
     BufferPos = 0;
     BufferLength = 0;
     Buffer.resize(0);
     FCharBeforeBuffer = 0;
+    NoteToken(Buffer);
 }
 
 void TZtLangParser::ResetBuffer()

@@ -1,16 +1,22 @@
 #pragma once
 
 #include "uZtException.h"
+#include "uZtGrammar.h"
 #include "uZtMethodDescription.h"
 #include "uZtNotifier.h"
 #include "uZtSet.h"
 #include "uZtTypes.h"
 
+#include <QList>
 #include <QObject>
 #include <QString>
+#include <QStringList>
 #include <QVarLengthArray>
 
+#include <array>
 #include <functional>
+#include <string_view>
+#include <utility>
 
 class QIODevice;
 
@@ -36,9 +42,51 @@ using TZtOnSkipTo = std::function<void(const QString &AText)>;
 using TZtOnGetTokenPaintInfo = std::function<void(const QString &AToken, TColor &ABackGround,
                                                   TColor &ATextColor, TFontStyles &AFontStyle)>;
 
+/// The row of a lexer's `DrawInfo` table that draws a token of `AKind`: the first from row 1 up
+/// whose set holds it, else row 0.
+template <typename TRow, size_t N, typename TToken>
+const TRow &ZtDrawInfoRow(const TRow (&ADrawInfo)[N], TToken AKind)
+{
+    for (size_t i = 1; i < N; ++i)
+        if (ADrawInfo[i].Tokens.contains(AKind))
+            return ADrawInfo[i];
+    return ADrawInfo[0];
+}
+
+/// `ZtDrawInfoRow` for a lexer, which asks it for every token: each kind is looked up once after a
+/// `Reset`, so that a table whose sets a host changes is seen at the next one.
+class TZtDrawInfoRows {
+public:
+    template <typename TRow, size_t N, typename TToken>
+    const TRow &Find(const TRow (&ADrawInfo)[N], TToken AKind, int AResets)
+    {
+        if (std::exchange(FResets, AResets) != AResets)
+            FRows.fill(Unknown);
+        quint8 &row = FRows[quint8(AKind)];
+        if (row == Unknown)
+            row = quint8(&ZtDrawInfoRow(ADrawInfo, AKind) - ADrawInfo);
+        return ADrawInfo[row];
+    }
+
+private:
+    static constexpr quint8 Unknown = 0xFF;
+    std::array<quint8, 256> FRows;
+    int FResets = -1;
+};
+
 /// The characters of a token while it is read. They are gathered here, and the token's string is
 /// set once, because an append to a string for each character costs more than the reading.
 using TZtTokenText = QVarLengthArray<char16_t, 128>;
+
+/// What a lexer carries over a line end. Two equal ones at a line's start mean equal tokens from
+/// there on, as far as the lines are equal.
+struct TZtLexerState {
+    QString RemarkEnd;
+    int LineKind = 0;
+    bool InRemark = false;
+    int Own = 0; ///< what one lexer alone carries, in numbers of its own; 0 at the text's start
+    bool operator==(const TZtLexerState &) const = default;
+};
 
 /// Base of every lexer: the character source, push-back, the line counter and the state that
 /// crosses line ends. Used as it is, it is the plain-text lexer: a token is a whole line.
@@ -54,6 +102,9 @@ class TZtLangParser : public QObject, public TZtNotifier {
     Q_PROPERTY(QString RemarkEnd READ GetRemarkEnd WRITE SetRemarkEnd)
     Q_PROPERTY(bool EndLines READ GetEndLines WRITE SetEndLines)
     Q_PROPERTY(int LineKind READ GetLineKind WRITE SetLineKind)
+    Q_PROPERTY(bool AllKeyWords READ GetAllKeyWords WRITE SetAllKeyWords)
+    Q_PROPERTY(QStringList ExtraKeyWords READ GetExtraKeyWords WRITE SetExtraKeyWords)
+    Q_PROPERTY(bool ClosedRemarks READ GetClosedRemarks WRITE SetClosedRemarks)
 
 public:
     explicit TZtLangParser(QObject *AOwner = nullptr);
@@ -133,8 +184,92 @@ public:
     int GetLineKind() const { return LineKind; }
     void SetLineKind(int Value) { LineKind = Value; }
 
+    /// Whether the reserved words of the language that the lexer's own table lacks are drawn as
+    /// such too, and a word directly behind a period is none, whatever it is. The SQL lexer then
+    /// reads words whole. Without effect where the language has no words. False by default.
+    bool GetAllKeyWords() const { return FAllKeyWords; }
+    void SetAllKeyWords(bool Value);
+    /// The host's own reserved words, compared as the language compares its own. One that the
+    /// lexer does not read as one word is never found. Without effect where the language has no
+    /// words. Empty by default.
+    const QStringList &GetExtraKeyWords() const { return FExtraKeyWords; }
+    void SetExtraKeyWords(const QStringList &Value);
+    /// Whether comments and strings begin and end where the language says. Then `LineKind` alone
+    /// says which of them is open, whatever `EndLines` and `RemarkEnd` are; each token ends with
+    /// its line at the latest, and its text is the source's where a comment or string is concerned;
+    /// a CR, a LF or both together are a line break. Readers that a descendant has replaced are not
+    /// asked for comments and strings. A change forgets what the lexer carries. False by default.
+    bool GetClosedRemarks() const { return FClosedRemarks; }
+    void SetClosedRemarks(bool Value);
+
+    /// What crosses a line end; with `ClosedRemarks` all that a restart at a line's start needs.
+    TZtLexerState GetState() const { return {RemarkEnd, LineKind, InRemark, GetOwnState()}; }
+    /// Takes a state back. Source and buffer stay as they are: a host that restarts at a line calls
+    /// `ResetBuffer` first.
+    void SetState(const TZtLexerState &Value);
+    /// How many UTF-16 units of the piece at hand were not read yet. None when the source is asked
+    /// for a line: what `GetState` answers then belongs to that line's start.
+    qsizetype GetUnread() const { return BufferLength - BufferPos; }
+
 protected:
+    /// How often `Reset` ran.
+    int GetResets() const { return FResets; }
+    TZtDrawInfoRows Rows; ///< of the lexer's table
+
+    /// `AGrammar` is kept by reference.
+    TZtLangParser(QObject *AOwner, const TZtGrammar &AGrammar);
+
     void Abandoned() override { setParent(nullptr); }
+    /// The part of the state that the lexer keeps in members of its own.
+    virtual int GetOwnState() const { return 0; }
+    virtual void SetOwnState(int) {}
+
+    /// The same as `PeekChar`, which goes a longer way.
+    char16_t Ahead()
+    {
+        return BufferPos < BufferLength ? Buffer.at(BufferPos).unicode() : PeekChar();
+    }
+    /// Whether any of the properties that are off by default is on. A lexer then offers each
+    /// token's first character to `ReadClosed` and calls `NoteToken` after the token.
+    bool IsCorrected() const { return FCorrected; }
+    /// With `ClosedRemarks` reads a line break, or a comment or string as far as it goes on the
+    /// line (with `ASpans` false the break only), and answers its kind; -1 when `C`, which was
+    /// just read, begins none.
+    int ReadClosed(char16_t C, QString &AToken, bool ASpans = true)
+    {
+        const bool Begins = (C < FSpanStarts.size() && FSpanStarts[C]) || LineKind != 0;
+        return Begins && FClosedRemarks ? ReadBreakOrSpan(C, AToken, ASpans) : -1;
+    }
+    /// Reads the rest of the span at `AIndex` in the language's table, as far as it goes on the
+    /// line, and keeps in `LineKind` whether it is open.
+    void ReadSpan(size_t AIndex, TZtTokenText &AText);
+    /// Reads `AText` and appends it to `AToken` if it comes next.
+    bool TakeNext(std::u16string_view AText, TZtTokenText &AToken);
+    /// Remembers what stands before the next token.
+    void NoteToken(const QString &AToken)
+    {
+        FBefore = AToken.isEmpty() ? u'\0' : AToken.back().unicode();
+        FPeriods = FBefore == u'.' ? FPeriods + AToken.size() : 0;
+    }
+    /// Whether a word that begins here is a name: directly behind a period, but not behind more
+    /// than one ("...new"), or in the middle of a word.
+    bool IsName() const
+    {
+        return FBefore == u'.' ? FPeriods == 1
+                               : FGrammar.NamePrefixes.contains(FBefore) || IsLetter(FBefore);
+    }
+    /// Whether there are reserved words besides those of the lexer's table.
+    bool HasMoreWords() const { return FMoreWords; }
+    /// Whether a word is one of them.
+    bool IsMoreWord(std::u16string_view AWord) const
+    {
+        const size_t Number = NumberOf(AWord);
+        return ((FWordSieve[Number / 64] >> (Number % 64)) & 1) != 0 && IsListed(AWord, Number);
+    }
+    /// Whether the word that was just read is no name and no part of a longer one.
+    bool IsWholeWord() { return !IsName() && !IsLetter(Ahead()); }
+    const TZtGrammar &Grammar() const { return FGrammar; }
+
     /// Appends the characters of `ASet` that come next to `AText` and pushes the first other one
     /// back.
     void ReadRun(const TZtCharSet &ASet, TZtTokenText &AText);
@@ -157,6 +292,24 @@ private:
     void LoadFromCallback();
     void LoadFromStream();
     void PushInFront(char16_t C);
+    int ReadBreakOrSpan(char16_t C, QString &AToken, bool ASpans);
+    void ReadBreak(char16_t C, QString &AToken);
+    bool IsLetter(char16_t C) const
+    {
+        return C < 0x80 ? FGrammar.Letters.contains(C) : QChar::isLetterOrNumber(C);
+    }
+    struct TMoreWord {
+        size_t Number;
+        std::u16string_view Text;
+    };
+    bool IsListed(std::u16string_view AWord, size_t ANumber) const;
+    void AddMoreWord(std::u16string_view AWord);
+    void CorrectionsChanged();
+    /// A number below 4096 for a word and for all that differ from it in the case of letters.
+    static size_t NumberOf(std::u16string_view AWord)
+    {
+        return (AWord.front() & 31) | ((AWord.back() & 31) << 5) | ((AWord.size() & 3) << 10);
+    }
 
     QString ResetScratch;
     QIODevice *InputStream = nullptr;
@@ -170,6 +323,20 @@ private:
     QString RemarkEnd;
     bool EndLines = false;
     int LineKind = 0;
+    int FResets = 0;
+
+    const TZtGrammar &FGrammar;
+    const std::array<bool, 128> FSpanStarts; // a look-up for each token
+    bool FAllKeyWords = false;
+    bool FMoreWords = false;
+    bool FClosedRemarks = false;
+    bool FCorrected = false;
+    char16_t FBefore = 0;
+    qsizetype FPeriods = 0;
+    QStringList FExtraKeyWords;
+    // Words are found by their numbers. Most are none of those, which one bit shows.
+    QList<TMoreWord> FWords;
+    std::array<quint64, 64> FWordSieve{};
 };
 
 // Inline, so that the compiler can try them before it calls through the table of virtual functions:
@@ -202,17 +369,6 @@ inline void TZtLangParser::InternalPushChar(char16_t C)
 
 /// Creates a lexer of one class.
 using TZtLangParserClass = TZtLangParser *(*)(QObject *AOwner);
-
-/// The row of a lexer's `DrawInfo` table that draws a token of `AKind`: the first from row 1 up
-/// whose set holds it, else row 0.
-template <typename TRow, size_t N, typename TToken>
-const TRow &ZtDrawInfoRow(const TRow (&ADrawInfo)[N], TToken AKind)
-{
-    for (size_t i = 1; i < N; ++i)
-        if (ADrawInfo[i].Tokens.contains(AKind))
-            return ADrawInfo[i];
-    return ADrawInfo[0];
-}
 
 /// Whether the IDE of major version `AVersion` has left its settings for this user: a non-empty
 /// value "App" under "software\borland\delphi\%d.0\".

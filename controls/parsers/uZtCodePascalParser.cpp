@@ -58,6 +58,33 @@ constexpr TKeyword Keywords[] = {
     {u"VAR", ptVar},
 };
 
+// The other reserved words of the language, "as" in small letters among them.
+constexpr std::u16string_view MoreWords[] = {
+    u"AND",     u"ARRAY",        u"AS",
+    u"ASM",     u"CASE",         u"DISPINTERFACE",
+    u"DIV",     u"DOWNTO",       u"EXPORTS",
+    u"FILE",    u"FINALIZATION", u"FOR",
+    u"GOTO",    u"IN",           u"INITIALIZATION",
+    u"INLINE",  u"IS",           u"LABEL",
+    u"LIBRARY", u"MOD",          u"NIL",
+    u"NOT",     u"OF",           u"ON",
+    u"OR",      u"PACKED",       u"RAISE",
+    u"RECORD",  u"REPEAT",       u"RESOURCESTRING",
+    u"SET",     u"SHL",          u"SHR",
+    u"STRING",  u"THREADVAR",    u"TO",
+    u"WHILE",   u"WITH",         u"XOR",
+};
+static_assert(std::ranges::is_sorted(MoreWords));
+
+constexpr TZtSpan Spans[] = {
+    {u"(*", u"*)", int(ptComment), true},
+    {u"{", u"}", int(ptComment), true},
+    {u"//", u"", int(ptComment)},
+    {u"'", u"'", int(ptString), false, true},
+};
+
+constexpr TZtGrammar Grammar{int(ptLineBreak), MoreWords, false, {}, {u'&'}, Spans};
+
 struct TLetterRows {
     quint8 First = 0;
     quint8 End = 0;
@@ -207,7 +234,7 @@ struct TZtCodePascalParser::TRules {
     }
 };
 
-TZtCodePascalParser::TZtCodePascalParser(QObject *AOwner) : TZtLangParser(AOwner) {}
+TZtCodePascalParser::TZtCodePascalParser(QObject *AOwner) : TZtLangParser(AOwner, ::Grammar) {}
 
 QString TZtCodePascalParser::GetLanguage() const { return QStringLiteral("Pascal"); }
 
@@ -227,7 +254,7 @@ bool TZtCodePascalParser::GetNextToken(QString &AToken, TColor &ABackGround, TCo
                                        TFontStyles &AFontStyle, bool &ALineBreak)
 {
     const TPascalToken kind = InternalGetNextToken(AToken);
-    const TZtPascalInfo &row = ZtDrawInfoRow(DrawInfo, kind);
+    const TZtPascalInfo &row = Rows.Find(DrawInfo, kind, GetResets());
     ABackGround = row.BckColor;
     ATextColor = row.TextColor;
     AFontStyle = row.Style;
@@ -235,15 +262,20 @@ bool TZtCodePascalParser::GetNextToken(QString &AToken, TColor &ABackGround, TCo
     return kind != ptInvalid && kind != ptEndOfFile;
 }
 
-TPascalToken TZtCodePascalParser::InternalGetNextToken(QString &AToken)
+template <bool Corrected> inline TPascalToken TZtCodePascalParser::ReadNextToken(QString &AToken)
 {
-    const int lineKind = GetLineKind();
-    if (lineKind >= 1 && lineKind <= int(RemarkEnds.size()))
-        SetRemarkEnd(RemarkEnds[size_t(lineKind - 1)]);
-    if (!GetRemarkEnd().isEmpty())
-        return ContinueRemark(AToken);
+    if (!Corrected || !GetClosedRemarks()) {
+        const int lineKind = GetLineKind();
+        if (lineKind >= 1 && lineKind <= int(RemarkEnds.size()))
+            SetRemarkEnd(RemarkEnds[size_t(lineKind - 1)]);
+        if (!GetRemarkEnd().isEmpty())
+            return ContinueRemark(AToken);
+    }
 
     const char16_t C = ReadChar();
+    if (Corrected)
+        if (const int closed = ReadClosed(C, AToken); closed >= 0)
+            return TPascalToken(closed);
     TZtTokenText text = {C};
     const TRules::TRule &rule = TRules::Of(C);
     TPascalToken kind = rule.Kind;
@@ -251,6 +283,22 @@ TPascalToken TZtCodePascalParser::InternalGetNextToken(QString &AToken)
         (this->*rule.Read)(text, kind);
     SetToken(AToken, text);
     Q_ASSERT_X(kind != ptInvalid, "InternalGetNextToken", "Managed to find an invalid token.");
+    return kind;
+}
+
+TPascalToken TZtCodePascalParser::InternalGetNextToken(QString &AToken)
+{
+    if (IsCorrected()) [[unlikely]]
+        return CorrectedToken(AToken);
+    return ReadNextToken<false>(AToken);
+}
+
+TPascalToken TZtCodePascalParser::CorrectedToken(QString &AToken)
+{
+    const TPascalToken kind = ReadNextToken<true>(AToken);
+    if (kind == ptComment && GetClosedRemarks())
+        ResetSoapComment();
+    NoteToken(AToken);
     return kind;
 }
 
@@ -356,7 +404,14 @@ void TZtCodePascalParser::TakeString(TZtTokenText &AText, TPascalToken &)
 void TZtCodePascalParser::TakeIdentifier(TZtTokenText &AText, TPascalToken &Kind)
 {
     ReadRun(IdentifierChars, AText);
-    Kind = KeywordKind({AText.constData(), size_t(AText.size())});
+    const std::u16string_view word(AText.constData(), size_t(AText.size()));
+    Kind = KeywordKind(word);
+    if (!HasMoreWords())
+        return;
+    if (Kind == ptIdentifier)
+        Kind = IsMoreWord(word) && IsWholeWord() ? ptKeyword : ptIdentifier;
+    else if (GetAllKeyWords() && !IsWholeWord())
+        Kind = ptIdentifier;
 }
 
 void TZtCodePascalParser::TakeOperator(TZtTokenText &AText, TPascalToken &Kind)

@@ -7,8 +7,9 @@
 namespace ZtPascal {
 Q_NAMESPACE
 
-/// The token kinds of Pascal. `ptRepeat`, `ptKeyword`, `ptHexNumber` and `ptSoapComment` are
-/// declared for hosts; the lexer never gives them.
+/// The token kinds of Pascal. `ptRepeat`, `ptHexNumber` and `ptSoapComment` are declared for hosts;
+/// the lexer never gives them. `ptKeyword` is a reserved word that only `AllKeyWords` or
+/// `ExtraKeyWords` knows.
 enum class TPascalToken : quint8 {
     ptUnknown,
     ptLineBreak,
@@ -126,7 +127,7 @@ public:
     /// Reads one token. Its text is the source's, with three exceptions: a backspace code reads as
     /// four spaces, a doubled quote within a string as one quote, and a "(*" comment that is open
     /// at the end of the input gets a ")". At a line break within a comment the text is left as
-    /// it was.
+    /// it was. With `ClosedRemarks` only the first of these is left, and CR and LF are one token.
     TPascalToken InternalGetNextToken(QString &AToken);
 
     /// The letters, digits and underscores that come next.
@@ -165,6 +166,8 @@ public:
 private:
     struct TRules;
 
+    template <bool Corrected> Q_ALWAYS_INLINE TPascalToken ReadNextToken(QString &AToken);
+    Q_NEVER_INLINE TPascalToken CorrectedToken(QString &AToken);
     TPascalToken ContinueRemark(QString &AToken);
     void TakeBackspace(TZtTokenText &AText, TPascalToken &Kind);
     void TakeSpaces(TZtTokenText &AText, TPascalToken &Kind);

@@ -2,6 +2,8 @@
 
 #include "uZtClassRegistry.h"
 
+#include <algorithm>
+
 using enum TZtSqlToken;
 using namespace Qt::Literals::StringLiterals;
 
@@ -57,8 +59,64 @@ static constexpr TZtCharSet NumberStart{u' ', u'(', u',', u'.'};
 static constexpr TZtCharSet NumberChars{u',', u'.', {u'0', u'9'}};
 static constexpr TZtCharSet NumberEnd{u')', u','};
 static constexpr TZtCharSet Letters{{u'A', u'Z'}, {u'a', u'z'}};
+static constexpr TZtCharSet WordBegin{{u'A', u'Z'}, {u'a', u'z'}, u'_'};
+static constexpr TZtCharSet WordChars{{u'A', u'Z'}, {u'a', u'z'}, {u'0', u'9'}, u'_', u'$', u'#'};
 
-TZtCodeSqlParser::TZtCodeSqlParser(QObject *AOwner) : TZtLangParser(AOwner)
+// Words of the SQL standard that `ZtSqlKeyWords` lacks, and those that most databases add to it.
+static constexpr std::u16string_view MoreWords[] = {
+    u"ALLOCATE",      u"ARRAY",       u"ATOMIC",
+    u"BIGINT",        u"BINARY",      u"BLOB",
+    u"BOOLEAN",       u"BOTH",        u"CALL",
+    u"CALLED",        u"CAST",        u"CHAR",
+    u"CHARACTER",     u"CLOB",        u"CONNECT",
+    u"CORRESPONDING", u"CUBE",        u"CYCLE",
+    u"DATE",          u"DEC",         u"DECIMAL",
+    u"DEFERRABLE",    u"DESCRIBE",    u"DETERMINISTIC",
+    u"DISCONNECT",    u"DO",          u"EACH",
+    u"ELSEIF",        u"EXTERNAL",    u"EXTRACT",
+    u"FALSE",         u"FILTER",      u"FLOAT",
+    u"FREE",          u"GET",         u"GLOBAL",
+    u"GROUPING",      u"HANDLER",     u"HOLD",
+    u"IMMEDIATE",     u"INDICATOR",   u"INOUT",
+    u"INT",           u"INTEGER",     u"INTERVAL",
+    u"ITERATE",       u"LANGUAGE",    u"LATERAL",
+    u"LEADING",       u"LEAVE",       u"LIMIT",
+    u"LOCAL",         u"LOCALTIME",   u"LOCALTIMESTAMP",
+    u"LOOP",          u"MATCH",       u"MERGE",
+    u"METHOD",        u"MODIFIES",    u"NATURAL",
+    u"NCHAR",         u"NCLOB",       u"NO",
+    u"NONE",          u"NUMERIC",     u"OFFSET",
+    u"ONLY",          u"OUT",         u"OVERLAPS",
+    u"PARAMETER",     u"PARTITION",   u"PREPARE",
+    u"RANGE",         u"READS",       u"REAL",
+    u"RECURSIVE",     u"REFERENCING", u"RELEASE",
+    u"RENAME",        u"REPEAT",      u"REPLACE",
+    u"RESIGNAL",      u"RESULT",      u"RETURNING",
+    u"RETURNS",       u"ROLLUP",      u"ROW",
+    u"ROWS",          u"SAVEPOINT",   u"SCROLL",
+    u"SIGNAL",        u"SIMILAR",     u"SMALLINT",
+    u"SPECIFIC",      u"SQL",         u"START",
+    u"SYMMETRIC",     u"TABLESAMPLE", u"TEMPORARY",
+    u"TIME",          u"TIMESTAMP",   u"TRAILING",
+    u"TREAT",         u"TRUE",        u"UNKNOWN",
+    u"UNNEST",        u"UNTIL",       u"USING",
+    u"VALUE",         u"VARBINARY",   u"VARCHAR",
+    u"WINDOW",        u"WITHIN",      u"WITHOUT",
+    u"ZONE",
+};
+static_assert(std::ranges::is_sorted(MoreWords));
+
+static constexpr TZtSpan Spans[] = {
+    {u"/*", u"*/", int(vtComment), true},
+    {u"'", u"'", int(vtQuotedValue), true, true},
+    {u"\"", u"\"", int(vtFieldName), true, true},
+    {u"--", u"", int(vtComment)},
+};
+
+static constexpr TZtGrammar Grammar{int(vtLineBreak),           MoreWords, false, {u'$', u'#'},
+                                    {u'@', u'_', {u'0', u'9'}}, Spans};
+
+TZtCodeSqlParser::TZtCodeSqlParser(QObject *AOwner) : TZtLangParser(AOwner, ::Grammar)
 {
     KeyWordTree = NewNode();
     for (const QString &KeyWord : ZtSqlKeyWords)
@@ -95,17 +153,48 @@ void TZtCodeSqlParser::Reset()
 
 QString TZtCodeSqlParser::GetLanguage() const { return u"Sql"_s; }
 
-TZtSqlToken TZtCodeSqlParser::InternalGetNextToken(QString &AToken)
+int TZtCodeSqlParser::GetOwnState() const { return InComment ? 1 : 0; }
+
+void TZtCodeSqlParser::SetOwnState(int Value)
+{
+    InComment = Value != 0;
+    LastChar = u' ';
+}
+
+template <bool Corrected> inline TZtSqlToken TZtCodeSqlParser::ReadNextToken(QString &AToken)
 {
     const char16_t C = ReadChar();
     if (C == u'\0') {
         AToken.resize(0);
         return vtEndOfFile;
     }
-    AToken = QChar(C);
-    const bool InOpenComment = InComment && C != u'\n' && C != u'\r';
-    const TZtSqlToken Kind = InOpenComment ? BlockComment(C, AToken) : ReadToken(C, AToken);
+    int Closed = -1;
+    if (Corrected) {
+        Closed = ReadClosed(C, AToken);
+        if (Closed < 0 && HasMoreWords() && !InComment && WordBegin.contains(C))
+            Closed = int(WholeWordToken(C, AToken));
+    }
+    TZtSqlToken Kind = TZtSqlToken(Closed);
+    if (Closed < 0) {
+        AToken = QChar(C);
+        const bool InOpenComment = InComment && C != u'\n' && C != u'\r';
+        Kind = InOpenComment ? BlockComment(C, AToken) : ReadToken(C, AToken);
+    }
     LastChar = Kind == vtLineBreak ? u' ' : ReadCurrChar();
+    return Kind;
+}
+
+TZtSqlToken TZtCodeSqlParser::InternalGetNextToken(QString &AToken)
+{
+    if (IsCorrected()) [[unlikely]]
+        return CorrectedToken(AToken);
+    return ReadNextToken<false>(AToken);
+}
+
+TZtSqlToken TZtCodeSqlParser::CorrectedToken(QString &AToken)
+{
+    const TZtSqlToken Kind = ReadNextToken<true>(AToken);
+    NoteToken(AToken);
     return Kind;
 }
 
@@ -233,11 +322,26 @@ TZtSqlToken TZtCodeSqlParser::WordToken(QString &AToken)
     return Node && Node->Next[TNode::EndMark] ? vtKeyWord : vtUnknown;
 }
 
+TZtSqlToken TZtCodeSqlParser::WholeWordToken(char16_t C, QString &AToken)
+{
+    TZtTokenText Text = {C};
+    ReadRun(WordChars, Text);
+    SetToken(AToken, Text);
+    const std::u16string_view Word(Text.constData(), size_t(Text.size()));
+    const TNode *Node = KeyWordTree;
+    for (size_t i = 0; Node && i < Word.size(); ++i) {
+        const size_t Index = size_t((Word[i] & ~0x20) - u'A');
+        Node = Index < TNode::CharCount ? Node->Next[Index] : nullptr;
+    }
+    const bool Listed = (Node && Node->Next[TNode::EndMark]) || IsMoreWord(Word);
+    return Listed && IsWholeWord() ? vtKeyWord : vtUnknown;
+}
+
 bool TZtCodeSqlParser::GetNextToken(QString &AToken, TColor &ABackGround, TColor &ATextColor,
                                     TFontStyles &AFontStyle, bool &ALineBreak)
 {
     const TZtSqlToken Kind = InternalGetNextToken(AToken);
-    const TZtSqlTokenInfo &Row = ZtDrawInfoRow(DrawInfo, Kind);
+    const TZtSqlTokenInfo &Row = Rows.Find(DrawInfo, Kind, GetResets());
     ABackGround = Row.BckColor;
     ATextColor = Row.TextColor;
     AFontStyle = Row.Style;

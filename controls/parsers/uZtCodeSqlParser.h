@@ -11,7 +11,8 @@
 namespace ZtSql {
 Q_NAMESPACE
 
-/// The token kinds of SQL. `vtInvalid` and `vtFieldName` are never produced.
+/// The token kinds of SQL. `vtInvalid` is never produced, `vtFieldName` only with `ClosedRemarks`,
+/// for a name in quotes.
 enum class TZtSqlToken : quint8 {
     vtLineBreak,
     vtUnknown,
@@ -46,7 +47,8 @@ struct TZtSqlTokenInfo {
 extern QString ZtSqlKeyWords[176];
 
 /// Lexer for SQL: keywords after a blank, a comma or a parenthesis, quoted values, numbers, "@"
-/// parameters and comments. All else is text, a character a token. No input is rejected.
+/// parameters and comments. All else is text, a character a token. No input is rejected. With
+/// `ClosedRemarks` a `LineKind` of 1 is an open comment, 2 an open value, 3 an open name in quotes.
 class TZtCodeSqlParser : public TZtLangParser {
     Q_OBJECT
 
@@ -78,9 +80,14 @@ public:
     QString PeekString(int Count);
 
     /// Whether a "/*" comment is open at the end of what was read.
-    bool GetInComment() const { return InComment; }
+    bool GetInComment() const { return InComment || (GetClosedRemarks() && GetLineKind() == 1); }
     /// The last character of the token before; a space at the start and after a line break.
     char16_t GetLastChar() const { return LastChar; }
+
+protected:
+    /// Whether a "/*" comment is open, which `LineKind` says with `ClosedRemarks`.
+    int GetOwnState() const override;
+    void SetOwnState(int Value) override;
 
 private:
     /// A node of the keyword tree: entries 0 to 30 lead on for the characters "A" to "_"; entry 31
@@ -94,6 +101,8 @@ private:
     TNode *NewNode();
     void AddKeyWord(const QString &AKeyWord);
 
+    template <bool Corrected> Q_ALWAYS_INLINE TZtSqlToken ReadNextToken(QString &AToken);
+    Q_NEVER_INLINE TZtSqlToken CorrectedToken(QString &AToken);
     TZtSqlToken ReadToken(char16_t C, QString &AToken);
     TZtSqlToken LineBreakToken(QString &AToken);
     TZtSqlToken QuotedToken(QString &AToken);
@@ -101,6 +110,7 @@ private:
     TZtSqlToken NumberToken(QString &AToken);
     TZtSqlToken ParameterToken(QString &AToken);
     TZtSqlToken WordToken(QString &AToken);
+    TZtSqlToken WholeWordToken(char16_t C, QString &AToken);
     TZtSqlToken BlockComment(char16_t C, QString &AToken);
 
     bool InComment = false;

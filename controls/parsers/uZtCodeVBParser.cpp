@@ -2,6 +2,8 @@
 
 #include "uZtClassRegistry.h"
 
+#include <algorithm>
+
 using enum TVBToken;
 using TRange = TZtRange<TVBToken>;
 
@@ -39,7 +41,25 @@ const TZtCodeVBParser::TLanguage &TZtCodeVBParser::Language()
     return Result;
 }
 
-TZtCodeVBParser::TZtCodeVBParser(QObject *AOwner) : TZtScriptLexer(AOwner, Language(), DrawInfo) {}
+// The reserved words of the script language that the lexer's table lacks.
+static constexpr std::u16string_view MoreWords[] = {
+    u"AND", u"CALL", u"EMPTY",   u"EQV",  u"FALSE", u"IMP",  u"IS",   u"ME",   u"MOD",
+    u"NEW", u"NOT",  u"NOTHING", u"NULL", u"OR",    u"STEP", u"STOP", u"TRUE", u"XOR",
+};
+static_assert(std::ranges::is_sorted(MoreWords));
+
+static constexpr TZtSpan Spans[] = {
+    {u"'", u"", int(vtComment)},
+    {u"REM", u"", int(vtComment)},
+    {u"\"", u"\"", int(vtString), false, true},
+};
+
+static constexpr TZtGrammar Grammar{int(vtLineBreak), MoreWords, false, {}, {u'!', u'['}, Spans};
+
+TZtCodeVBParser::TZtCodeVBParser(QObject *AOwner)
+    : TZtScriptLexer(AOwner, Language(), ::Grammar, DrawInfo)
+{
+}
 
 QString TZtCodeVBParser::GetLanguage() const { return QStringLiteral("Visual Basic"); }
 
@@ -71,7 +91,7 @@ TVBToken TZtCodeVBParser::LineRemarkToken(TZtTokenText &AText)
 TVBToken TZtCodeVBParser::OpenParenToken(TZtTokenText &AText)
 {
     const char16_t C = ReadChar();
-    if (C != u'*') {
+    if (C != u'*' || GetClosedRemarks()) {
         PushChar(C);
         return vtOpenParen;
     }

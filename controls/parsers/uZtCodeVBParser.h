@@ -6,8 +6,9 @@
 namespace ZtVB {
 Q_NAMESPACE
 
-/// The token kinds of Visual Basic script. `vtUnitil`, `vtRem`, `vtColon` and `vtHexNumber` are
-/// never produced; `vtInvalid` is none that a caller gets to see.
+/// The token kinds of Visual Basic script. `vtRem`, `vtColon` and `vtHexNumber` are never produced,
+/// `vtUnitil` only with more reserved words than the lexer's table has; `vtInvalid` is none that a
+/// caller gets to see.
 enum class TVBToken : quint8 {
     vtLineBreak,
     vtUnknown,

@@ -28,7 +28,14 @@ TZtXmlTokenInfo TZtCodeXMLParser::DrawInfo[8] = {
 static constexpr TZtXmlToken DefaultKind[] = {vtElmStart, vtElmCharacters, vtElmName,
                                               vtAttrName, vtAttrValue,     vtCDATACharacters};
 
-TZtCodeXMLParser::TZtCodeXMLParser(QObject *AOwner) : TZtLangParser(AOwner) {}
+static constexpr TZtSpan Spans[] = {
+    {u"<!--", u"-->", int(vtComment), true},
+    {u"<?", u"?>", int(vtProcessing), true},
+};
+
+static constexpr TZtGrammar Grammar{int(vtLineBreak), {}, false, {}, {}, Spans};
+
+TZtCodeXMLParser::TZtCodeXMLParser(QObject *AOwner) : TZtLangParser(AOwner, ::Grammar) {}
 
 void TZtCodeXMLParser::Reset()
 {
@@ -36,17 +43,33 @@ void TZtCodeXMLParser::Reset()
     ParseInfo = pNone;
 }
 
+// The kind of quote matters only between quotes.
+int TZtCodeXMLParser::GetOwnState() const
+{
+    return int(ParseInfo) + (ParseInfo == pAttrValue && Quote == u'\'' ? SingleQuoted : 0);
+}
+
+void TZtCodeXMLParser::SetOwnState(int Value)
+{
+    Quote = Value >= SingleQuoted ? u'\'' : u'"';
+    Value %= SingleQuoted;
+    ParseInfo = Value >= 0 && Value < int(std::size(DefaultKind)) ? TParseInfo(Value) : pNone;
+}
+
 QString TZtCodeXMLParser::GetLanguage() const { return QStringLiteral("XML"); }
 
-TZtXmlToken TZtCodeXMLParser::InternalGetNextToken(QString &AToken)
+template <bool Corrected> inline TZtXmlToken TZtCodeXMLParser::ReadNextToken(QString &AToken)
 {
     const char16_t C = ReadChar();
+    if (Corrected)
+        if (const int Closed = ReadClosed(C, AToken, ParseInfo != pCDATA); Closed >= 0)
+            return ClosedToken(TZtXmlToken(Closed));
     AToken = QChar(C);
     if (C < u' ') {
         if (C == u'\r')
             return LineBreakToken(AToken);
         AToken.resize(0);
-        return C == u'\0' ? vtEndOfFile : DefaultKind[int(ParseInfo)];
+        return C == u'\0' ? vtEndOfFile : ControlToken(C);
     }
     if (ParseInfo == pCDATA)
         return CDATAToken(C, AToken);
@@ -56,11 +79,42 @@ TZtXmlToken TZtCodeXMLParser::InternalGetNextToken(QString &AToken)
     }
     if (ParseInfo == pElement || ParseInfo == pAttribute)
         return TagToken(C, AToken);
-    if (C == u'"' && ParseInfo == pAttrValue) {
+    if (C == Quote && ParseInfo == pAttrValue) {
         ParseInfo = pAttribute;
         return vtAttrQuote;
     }
     return DefaultKind[int(ParseInfo)];
+}
+
+TZtXmlToken TZtCodeXMLParser::InternalGetNextToken(QString &AToken)
+{
+    if (IsCorrected()) [[unlikely]]
+        return CorrectedToken(AToken);
+    return ReadNextToken<false>(AToken);
+}
+
+TZtXmlToken TZtCodeXMLParser::CorrectedToken(QString &AToken)
+{
+    return ReadNextToken<true>(AToken);
+}
+
+// Behind a comment or a processing instruction stands text. A line break in a tag is a blank.
+TZtXmlToken TZtCodeXMLParser::ClosedToken(TZtXmlToken AKind)
+{
+    if (AKind != vtLineBreak)
+        ParseInfo = pData;
+    else if (ParseInfo == pElement)
+        ParseInfo = pAttribute;
+    return AKind;
+}
+
+// So is a tab.
+TZtXmlToken TZtCodeXMLParser::ControlToken(char16_t C)
+{
+    const TZtXmlToken Kind = DefaultKind[int(ParseInfo)];
+    if (C == u'\t' && ParseInfo == pElement && GetClosedRemarks())
+        ParseInfo = pAttribute;
+    return Kind;
 }
 
 TZtXmlToken TZtCodeXMLParser::TagToken(char16_t C, QString &AToken)
@@ -78,13 +132,19 @@ TZtXmlToken TZtCodeXMLParser::TagToken(char16_t C, QString &AToken)
     case u'=':
         return inAttribute ? vtAttrEqual : vtElmName;
     case u'"':
-        if (inAttribute)
-            ParseInfo = pAttrValue;
-        return inAttribute ? vtAttrQuote : vtElmName;
+    case u'\'':
+        if (!inAttribute || (C == u'\'' && !GetClosedRemarks()))
+            return DefaultKind[int(ParseInfo)];
+        ParseInfo = pAttrValue;
+        Quote = C;
+        return vtAttrQuote;
     case u'?':
-        return inAttribute ? vtAttrName : ProcessingToken(AToken);
+        return inAttribute || GetClosedRemarks() ? DefaultKind[int(ParseInfo)]
+                                                 : ProcessingToken(AToken);
     case u'!':
-        return inAttribute ? vtAttrName : DeclarationToken(AToken);
+        if (inAttribute)
+            return vtAttrName;
+        return GetClosedRemarks() ? SectionToken(AToken) : DeclarationToken(AToken);
     default:
         return DefaultKind[int(ParseInfo)];
     }
@@ -124,6 +184,17 @@ TZtXmlToken TZtCodeXMLParser::DeclarationToken(QString &AToken)
     return vtAttrName;
 }
 
+// What a "!" begins that begins no comment. It does not look further than the line's end.
+TZtXmlToken TZtCodeXMLParser::SectionToken(QString &AToken)
+{
+    TZtTokenText Text = {u'!'};
+    if (!TakeNext(u"[CDATA[", Text))
+        return vtAttrName;
+    SetToken(AToken, Text);
+    ParseInfo = pCDATA;
+    return vtCDATAStart;
+}
+
 // Reads the rest of a comment up to its ">", over as many lines as it takes. At the end of the
 // input the text gets two #0.
 void TZtCodeXMLParser::ReadComment(QString &AToken)
@@ -144,7 +215,7 @@ TZtXmlToken TZtCodeXMLParser::CDATAToken(char16_t C, QString &AToken)
     if (C != u']' || PeekString(2) != QLatin1String("]>"))
         return vtCDATACharacters;
     AToken.append(ReadString(2));
-    ParseInfo = pElement;
+    ParseInfo = GetClosedRemarks() ? pData : pElement;
     return vtCDATAEnd;
 }
 
@@ -160,7 +231,7 @@ bool TZtCodeXMLParser::GetNextToken(QString &AToken, TColor &ABackGround, TColor
                                     TFontStyles &AFontStyle, bool &ALineBreak)
 {
     const TZtXmlToken Kind = InternalGetNextToken(AToken);
-    const TZtXmlTokenInfo &Row = ZtDrawInfoRow(DrawInfo, Kind);
+    const TZtXmlTokenInfo &Row = Rows.Find(DrawInfo, Kind, GetResets());
     ABackGround = Row.BckColor;
     ATextColor = Row.TextColor;
     AFontStyle = Row.Style;

@@ -58,7 +58,8 @@ struct TZtXmlTokenInfo {
 
 /// Lexer for XML. Most tokens are a single character, whose kind depends on the place in the
 /// markup; comments, processing instructions and the ends of CDATA sections are read whole. No
-/// input is rejected.
+/// input is rejected. With `ClosedRemarks` a `LineKind` of 1 is an open comment, 2 an open
+/// processing instruction.
 class TZtCodeXMLParser : public TZtLangParser {
     Q_OBJECT
 
@@ -91,7 +92,19 @@ public:
     /// The place in the markup, which crosses line ends; `Reset` sets it to `pNone`.
     TParseInfo GetParseInfo() const { return ParseInfo; }
 
+protected:
+    /// The place in the markup, and which quote is open there.
+    int GetOwnState() const override;
+    void SetOwnState(int Value) override;
+
 private:
+    static constexpr int SingleQuoted = 16; // above all values of `TParseInfo`
+
+    template <bool Corrected> Q_ALWAYS_INLINE TZtXmlToken ReadNextToken(QString &AToken);
+    Q_NEVER_INLINE TZtXmlToken CorrectedToken(QString &AToken);
+    TZtXmlToken ClosedToken(TZtXmlToken AKind);
+    TZtXmlToken ControlToken(char16_t C);
+    TZtXmlToken SectionToken(QString &AToken);
     TZtXmlToken TagToken(char16_t C, QString &AToken);
     TZtXmlToken ProcessingToken(QString &AToken);
     TZtXmlToken DeclarationToken(QString &AToken);
@@ -100,4 +113,5 @@ private:
     void ReadComment(QString &AToken);
 
     TParseInfo ParseInfo = TParseInfo::pNone;
+    char16_t Quote = u'"'; // that ends an attribute's value
 };

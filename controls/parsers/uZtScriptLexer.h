@@ -36,9 +36,10 @@ template <typename TToken> struct TZtScriptKeyWord {
 /// token's text; a descendant may replace any of them.
 template <typename TToken> class TZtScriptLexer : public TZtLangParser {
 public:
-    /// Reads one token and answers its kind. Line feeds are skipped; every other character makes a
-    /// token or belongs to one. At the end of the input the text is a #0. Raises `EZtParser` when
-    /// no kind was found, which no input brings about.
+    /// Reads one token and answers its kind. Line feeds are skipped, unless `ClosedRemarks` makes
+    /// them line breaks; every other character makes a token or belongs to one. At the end of the
+    /// input the text is a #0. Raises `EZtParser` when no kind was found, which no input brings
+    /// about. `vtUnitil` is a reserved word that only `AllKeyWords` or `ExtraKeyWords` knows.
     TToken InternalGetNextToken(QString &AToken);
 
     /// Reads one token with its attributes from the language's `DrawInfo`; false at the end of the
@@ -110,8 +111,9 @@ protected:
         std::array<quint8, 27> FirstKeyWord;
     };
 
-    TZtScriptLexer(QObject *AOwner, const TLanguage &ALanguage, const TInfo (&ADrawInfo)[RowCount])
-        : TZtLangParser(AOwner), FLanguage(ALanguage), FDrawInfo(ADrawInfo)
+    TZtScriptLexer(QObject *AOwner, const TLanguage &ALanguage, const TZtGrammar &AGrammar,
+                   const TInfo (&ADrawInfo)[RowCount])
+        : TZtLangParser(AOwner, AGrammar), FLanguage(ALanguage), FDrawInfo(ADrawInfo)
     {
     }
 
@@ -161,6 +163,9 @@ private:
     void TakeString(TZtTokenText &AText);
     void TakeNumber(TZtTokenText &AText, TToken &TokenKind);
 
+    template <bool Corrected> Q_ALWAYS_INLINE TToken ReadNextToken(QString &AToken);
+    Q_NEVER_INLINE TToken CorrectedToken(QString &AToken);
+    Q_NEVER_INLINE TToken CorrectedWordToken(TZtTokenText &AText, TToken AKind);
     /// Kept out of line for the sake of the single characters, which are most of the tokens.
     Q_NEVER_INLINE TToken ReadToken(char16_t C, TReader AReader, QString &AToken);
     TToken StringToken(TZtTokenText &AText);
@@ -288,14 +293,20 @@ TZtScriptLexer<TToken>::MakeLanguage(const std::type_info &ALexerType,
     return Result;
 }
 
-template <typename TToken> TToken TZtScriptLexer<TToken>::InternalGetNextToken(QString &AToken)
+template <typename TToken>
+template <bool Corrected>
+inline TToken TZtScriptLexer<TToken>::ReadNextToken(QString &AToken)
 {
     TToken Kind = TToken::vtInvalid;
-    if ((GetLineKind() != 0 || !GetRemarkEnd().isEmpty()) && ContinueRemark(AToken, Kind))
+    if ((GetLineKind() != 0 || !GetRemarkEnd().isEmpty()) && !(Corrected && GetClosedRemarks()) &&
+        ContinueRemark(AToken, Kind))
         return Kind;
     constexpr TCharacter Other;
     while (Kind == TToken::vtInvalid) {
         const char16_t C = ReadChar();
+        if (Corrected)
+            if (const int Closed = ReadClosed(C, AToken); Closed >= 0)
+                return TToken(Closed);
         const TCharacter &Character =
             C < FLanguage.Characters.size() ? FLanguage.Characters[C] : Other;
         Kind = Character.Kind;
@@ -306,6 +317,20 @@ template <typename TToken> TToken TZtScriptLexer<TToken>::InternalGetNextToken(Q
     }
     if (Kind == TToken::vtInvalid)
         throw EZtParser(QStringLiteral("Managed to find an invalid token."));
+    return Kind;
+}
+
+template <typename TToken> TToken TZtScriptLexer<TToken>::InternalGetNextToken(QString &AToken)
+{
+    if (IsCorrected()) [[unlikely]]
+        return CorrectedToken(AToken);
+    return ReadNextToken<false>(AToken);
+}
+
+template <typename TToken> TToken TZtScriptLexer<TToken>::CorrectedToken(QString &AToken)
+{
+    const TToken Kind = ReadNextToken<true>(AToken);
+    NoteToken(AToken);
     return Kind;
 }
 
@@ -323,7 +348,7 @@ bool TZtScriptLexer<TToken>::GetNextToken(QString &AToken, TColor &ABackGround, 
                                           TFontStyles &AFontStyle, bool &ALineBreak)
 {
     const TToken Kind = InternalGetNextToken(AToken);
-    const TInfo &Row = ZtDrawInfoRow(FDrawInfo, Kind);
+    const TInfo &Row = this->Rows.Find(FDrawInfo, Kind, this->GetResets());
     ABackGround = Row.BckColor;
     ATextColor = Row.TextColor;
     AFontStyle = Row.Style;
@@ -465,9 +490,35 @@ template <typename TToken> TToken TZtScriptLexer<TToken>::WordToken(TZtTokenText
     else
         AppendText(AText, ReadIdentifier());
     TToken Kind = KeyWordKind(AText);
+    if (IsCorrected())
+        return CorrectedWordToken(AText, Kind);
     if (Kind == TToken::vtComment)
         AppendText(AText, ReadRemark(QStringLiteral("\r"), Kind));
     return Kind;
+}
+
+template <typename TToken>
+TToken TZtScriptLexer<TToken>::CorrectedWordToken(TZtTokenText &AText, TToken AKind)
+{
+    if (AKind == TToken::vtIdentifier) {
+        const bool More = HasMoreWords() && IsMoreWord({AText.constData(), size_t(AText.size())}) &&
+                          IsWholeWord();
+        return More ? TToken::vtUnitil : AKind;
+    }
+    if (GetAllKeyWords() && !IsWholeWord())
+        return TToken::vtIdentifier;
+    if (AKind != TToken::vtComment)
+        return AKind;
+    if (!GetClosedRemarks()) {
+        AppendText(AText, ReadRemark(QStringLiteral("\r"), AKind));
+        return AKind;
+    }
+    const auto &Spans = Grammar().Spans;
+    const auto Remark = std::ranges::find(Spans, u"REM", &TZtSpan::Begin);
+    if (Remark == Spans.end() || IsName())
+        return TToken::vtIdentifier;
+    ReadSpan(size_t(Remark - Spans.begin()), AText);
+    return AKind;
 }
 
 template <typename TToken>
