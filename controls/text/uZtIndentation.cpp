@@ -22,6 +22,14 @@ int IndentationLevel(const QString &ALine)
 
 } // namespace
 
+qsizetype ZtIndentOf(QStringView ALine)
+{
+    qsizetype count = 0;
+    while (count < ALine.size() && (ALine[count] == u' ' || ALine[count] == u'\t'))
+        ++count;
+    return count;
+}
+
 int ZtAutoIndent(const TStringList &ALines, int ALine)
 {
     for (int k = ALine; k >= 0; --k) {

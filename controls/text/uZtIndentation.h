@@ -1,6 +1,11 @@
 #pragma once
 
+#include <QStringView>
+
 class TStringList;
+
+/// How many blanks and tabs a line begins with.
+qsizetype ZtIndentOf(QStringView ALine);
 
 /// How many spaces a new line below `ALine` is indented by: those that lead the nearest line, from
 /// `ALine` upwards, that holds anything but spaces; -1 when there is none. Only spaces count.

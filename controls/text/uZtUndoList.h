@@ -70,6 +70,7 @@ public:
     /// handler has prevented by raising stays, and so does a `ctNone` item, which raises.
     void Undo();
 
+    void Clear() { FUndoList.clear(); }
     int GetCount() const { return int(FUndoList.size()); }
     /// 0 is the oldest item. The index is not checked.
     const TZtUndoItem &GetItems(int Index) const { return *FUndoList[size_t(Index)]; }

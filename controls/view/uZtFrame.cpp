@@ -10,6 +10,7 @@
 void TZtFrame::Begin(const TZtFrameLook &ALook)
 {
     FLook = ALook;
+    FText.SetExact(FLook.Exact);
     FRowCount = 0;
     FButtons.clear();
 }
@@ -40,6 +41,38 @@ void TZtFrame::ColourRow(int ARow, int ALeft, QRgb ABack)
 int TZtFrame::AddText(int ARow, int ALeft, QStringView S, QRgb AFore, QRgb ABack,
                       TFontStyles AStyle)
 {
+    if (!FLook.Exact)
+        return AddRun(ARow, ALeft, S, AFore, ABack, AStyle);
+    // What can be seen of it takes no more units than this, also where all are pairs.
+    const int cell = std::max(FText.CharWidth(), 1);
+    const qsizetype cells = std::max(FLook.Size.width() - ALeft, 0) / cell + 1;
+    S = S.first(std::min(S.size(), 2 * cells));
+    int x = ALeft;
+    while (!S.isEmpty() && x < FLook.Size.width()) {
+        const qsizetype count = FText.CountDrawable(S);
+        x += AddRun(ARow, x, S.first(count), AFore, ABack, AStyle);
+        S = S.sliced(count);
+        if (S.isEmpty())
+            break;
+        AddCluster(ARow, x, cell, S.first(1), AFore, ABack, AStyle);
+        x += cell;
+        S = S.sliced(1);
+    }
+    return x - ALeft;
+}
+
+void TZtFrame::AddCluster(int ARow, int ALeft, int AWidth, QStringView S, QRgb AFore, QRgb ABack,
+                          TFontStyles AStyle)
+{
+    if (AWidth <= 0 || ALeft + AWidth <= FLook.GuttorWidth || ALeft >= FLook.Size.width())
+        return;
+    TZtPaintRow &row = Row(ARow);
+    row.Pieces.push_back({ALeft, AWidth, row.Text.size(), S.size(), AFore, ABack, AStyle, true});
+    row.Text.append(S);
+}
+
+int TZtFrame::AddRun(int ARow, int ALeft, QStringView S, QRgb AFore, QRgb ABack, TFontStyles AStyle)
+{
     int width = 0;
     const qsizetype count = FText.Fit(S, AStyle, FLook.Size.width() - ALeft, width);
     if (count == 0 || ALeft + width <= FLook.GuttorWidth)
@@ -49,8 +82,8 @@ int TZtFrame::AddText(int ARow, int ALeft, QStringView S, QRgb AFore, QRgb ABack
     row.Text.append(S.first(count));
     if (!row.Pieces.empty()) {
         TZtPaintPiece &last = row.Pieces.back();
-        if (last.Left + last.Width == ALeft && last.Fore == AFore && last.Back == ABack &&
-            last.Style == AStyle) {
+        if (!last.IsCluster && last.Left + last.Width == ALeft && last.Fore == AFore &&
+            last.Back == ABack && last.Style == AStyle) {
             last.Width += width;
             last.Length += count;
             return width;
@@ -241,10 +274,16 @@ void TZtFrame::DrawRowText(QPainter &APainter, const TZtPaintRow &ARow, int ATop
         if (FTextDrawn[i])
             continue;
         const TZtPaintPiece &first = ARow.Pieces[i];
+        if (first.IsCluster) {
+            FText.DrawCluster(APainter, {first.Left, ATop, first.Width, FText.LineHeight()},
+                              ARow.TextOf(first), QColor(first.Fore), QColor(first.Back),
+                              first.Style);
+            continue;
+        }
         FText.Begin(APainter, ATop, QColor(first.Fore), first.Style);
         for (size_t k = i; k < ARow.Pieces.size(); ++k) {
             const TZtPaintPiece &piece = ARow.Pieces[k];
-            if (piece.Fore != first.Fore || piece.Style != first.Style)
+            if (piece.IsCluster || piece.Fore != first.Fore || piece.Style != first.Style)
                 continue;
             FText.Add(APainter, piece.Left, ARow.TextOf(piece));
             FTextDrawn[k] = true;

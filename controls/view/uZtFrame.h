@@ -17,6 +17,7 @@ struct TZtPaintPiece {
     QRgb Fore;
     QRgb Back;
     TFontStyles Style;
+    bool IsCluster = false; ///< drawn as one, in exactly its width
     bool operator==(const TZtPaintPiece &) const = default;
 };
 
@@ -44,6 +45,7 @@ struct TZtFrameLook {
     QRgb Back;
     QRgb Margin;
     QRgb GuttorFace, GuttorLight, GuttorShadow;
+    bool Exact = false; ///< whether text stands on the exact grid of `TZtTextPainter`
     bool operator==(const TZtFrameLook &) const = default;
 };
 
@@ -58,8 +60,13 @@ public:
     /// Gives the row at the screen line `ARow` (0-based) the host's background, from `ALeft` on.
     void ColourRow(int ARow, int ALeft, QRgb ABack);
     /// Puts text at pixel `ALeft` of a row and returns the width that it takes. What lies right of
-    /// the picture is neither kept nor measured.
+    /// the picture is neither kept nor measured. On the exact grid each character takes one cell,
+    /// and control characters are seen.
     int AddText(int ARow, int ALeft, QStringView S, QRgb AFore, QRgb ABack, TFontStyles AStyle);
+    /// Puts characters that are drawn as one at pixel `ALeft` of a row. They take `AWidth` pixels
+    /// and draw nothing outside; the space behind each is the caller's to know.
+    void AddCluster(int ARow, int ALeft, int AWidth, QStringView S, QRgb AFore, QRgb ABack,
+                    TFontStyles AStyle);
     /// A box in the gutter beside a row that can be folded.
     void AddButton(const QRect &ARect, bool AExpanded);
     /// Draws what differs from the picture before.
@@ -87,6 +94,7 @@ private:
     };
 
     TZtPaintRow &Row(int ARow);
+    int AddRun(int ARow, int ALeft, QStringView S, QRgb AFore, QRgb ABack, TFontStyles AStyle);
     bool PrepareImages(int ARowCount);
     bool RowsCanMove() const;
     void PlaceDrawnRows();

@@ -13,14 +13,21 @@
 
 class QColor;
 class QPainter;
+class QRect;
 
 /// Draws text on a grid of cells of whole pixels. A character takes one cell, or what it draws
 /// where that is wider; a font's own advance, which is rarely a whole number, does not add up.
+///
+/// On the exact grid each character takes one cell whatever the font says, in the order in which
+/// the characters are stored, whatever their script; what takes other room is drawn as a cluster.
 class TZtTextPainter {
 public:
     /// Measures the font, whose own style is added to that of each text; nothing happens when it is
     /// the current one.
     void SetFont(const QFont &AFont);
+
+    /// Whether text stands on the exact grid. False by default.
+    void SetExact(bool Value) { FExact = Value; }
 
     /// The width of an "X", in pixels.
     int CharWidth() const { return FCharWidth; }
@@ -38,10 +45,21 @@ public:
     void Add(QPainter &APainter, int ALeft, QStringView S);
     void End(QPainter &APainter);
 
+    /// How many of the first UTF-16 units of `S` can be drawn as text on the exact grid: those
+    /// before the first control character but tab, or lone surrogate.
+    static qsizetype CountDrawable(QStringView S);
+    /// Draws characters as one, in cells that they never leave: what is wider is made narrower,
+    /// what is narrower stands in the middle. A character that `CountDrawable` stops at is a letter
+    /// in reversed colours, as in "^A"; of the controls from 128 on, in a frame.
+    /// Not to be called between `Begin` and `End`.
+    void DrawCluster(QPainter &APainter, const QRect &ACells, QStringView S, const QColor &AFore,
+                     const QColor &ABack, TFontStyles AStyle);
+
 private:
     struct TGlyph {
         quint32 Index; // 0: the font has none and another one is asked
         int Advance;
+        bool FitsCell; // the font has it, and it is not drawn over its neighbours
     };
     // One of the four combinations of bold and italic.
     struct TFace {
@@ -56,10 +74,14 @@ private:
     TFace &Face(TFontStyles AStyle);
     TGlyph Measure(const TFace &AFace, char32_t C) const;
     TGlyph Glyph(TFace &AFace, char32_t C);
+    void Squeeze(QPainter &APainter, const QRect &ACells, const QString &S) const;
+    void DrawMark(QPainter &APainter, const QRect &ACells, char16_t C, const QColor &ABack) const;
+    void DrawLines(QPainter &APainter, int ALeft, int AWidth) const;
 
     QFont FFont;
     TFontStyles FFontStyle; // the lines that the font itself has
     bool FMeasured = false;
+    bool FExact = false;
     int FCharWidth = 0;
     int FLineHeight = 0;
     int FAscent = 0;
