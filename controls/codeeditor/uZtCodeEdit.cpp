@@ -2,10 +2,13 @@
 
 #include "fZtCodeEditSearchReplaceDlg.h"
 #include "uZtClassRegistry.h"
+#include "uZtEditedText.h"
+#include "uZtHighlighter.h"
 #include "uZtPlatform.h"
 
 #include <QFont>
 #include <QScopeGuard>
+#include <QScopedValueRollback>
 
 namespace {
 
@@ -43,11 +46,7 @@ TZtCodeEdit::TZtCodeEdit(QWidget *AOwner) : TCustomControl(AOwner)
     setAttribute(Qt::WA_InputMethodEnabled);
     setCursor(Qt::IBeamCursor);
     FCaret = new TZtCaret(this);
-    FLines = new TStringList(this);
-    FLines->OnChanging = [this](QObject *sender) {
-        const THold hold(*this);
-        LinesChanged(sender);
-    };
+    AttachText(std::make_shared<TZtEditedText>());
     FOptions.setFlag(TZtCodeOption::coShowGuttor);
     setFont(DefaultFont());
     for (TScrollBar **bar : {&FHScrollBar, &FVScrollBar}) {
@@ -55,18 +54,13 @@ TZtCodeEdit::TZtCodeEdit(QWidget *AOwner) : TCustomControl(AOwner)
         (*bar)->setCursor(Qt::ArrowCursor);
         (*bar)->OnChange = [this](QObject *sender) { ScrollChange(sender); };
     }
-    FLines->OnChange = [this](QObject *sender) {
-        const THold hold(*this);
-        CodeChange(sender);
-    };
     FSelStart = FSelEnd = QPoint(-1, -1);
     FUndoList = std::make_unique<TZtUndoList>(this);
 }
 
 TZtCodeEdit::~TZtCodeEdit()
 {
-    FLines->OnChanging = nullptr;
-    FLines->OnChange = nullptr;
+    DetachText();
     FHScrollBar->OnChange = nullptr;
     FVScrollBar->OnChange = nullptr;
     if (FParser && FParser->parent() == this)
@@ -96,7 +90,8 @@ void TZtCodeEdit::SetParser(TZtLangParser *Value)
     FParser = Value;
     FreeNotification(Value);
     GetParser();
-    Invalidate();
+    CorrectParser(FCorrections); // a lexer that a host has corrected stays so
+    Redraw();
 }
 
 void TZtCodeEdit::SetPopupMenu(QMenu *Value)
@@ -108,38 +103,39 @@ void TZtCodeEdit::SetPopupMenu(QMenu *Value)
 void TZtCodeEdit::SetRightMargin(int Value)
 {
     FRightMargin = Value;
-    Invalidate();
+    Redraw();
 }
 
 void TZtCodeEdit::SetRightMarginColor(TColor Value)
 {
     FRightMarginColor = Value;
-    Invalidate();
+    Redraw();
 }
 
 void TZtCodeEdit::SetOptions(TZtCodeOptions Value)
 {
     FOptions = Value;
     PositionScollBars();
+    KeepCaretInText();
     update();
 }
 
-void TZtCodeEdit::SetShowGuttor(bool)
+void TZtCodeEdit::Show(TZtCodeOption AOption, bool AShow)
 {
-    SetOptions(FOptions | TZtCodeOption::coShowGuttor);
+    TZtCodeOptions options = FOptions;
+    options.setFlag(AOption, AShow || !IsCorrected(TZtCorrection::zcSwitches));
+    SetOptions(options);
     PositionScollBars();
 }
 
-void TZtCodeEdit::SetShowRightMargin(bool)
-{
-    SetOptions(FOptions | TZtCodeOption::coShowRightMargin);
-    PositionScollBars();
-}
+void TZtCodeEdit::SetShowGuttor(bool Value) { Show(TZtCodeOption::coShowGuttor, Value); }
+
+void TZtCodeEdit::SetShowRightMargin(bool Value) { Show(TZtCodeOption::coShowRightMargin, Value); }
 
 void TZtCodeEdit::SetReadOnly(bool Value)
 {
     FReadOnly = Value;
-    Invalidate();
+    Redraw();
 }
 
 void TZtCodeEdit::SetOnParserLineChange(const TZtParserLineChangeEvent &Value)
@@ -195,19 +191,27 @@ void TZtCodeEdit::PositionScollBars()
 
     FHScrollBar->SetKind(TScrollBarKind::sbHorizontal);
     Place(FHScrollBar, QRect(origin.x() + g, origin.y() + height - h, width - h - g, h));
-    FHScrollBar->SetMax(Columns);
     const int columns = (width - g - FVScrollBar->width() - FCharWidth) / FCharWidth;
+    SetRanges(columns, (height - FHScrollBar->height() - FLineWidth) / FLineWidth);
     FHScrollBar->SetPageSize(columns);
     if (columns >= 0)
         FHScrollBar->SetLargeChange(columns);
 
     FVScrollBar->SetKind(TScrollBarKind::sbVertical);
     Place(FVScrollBar, QRect(origin.x() + width - h, origin.y(), h, height - h));
-    FVScrollBar->SetMax(FLines->GetCount() + LinesPastEnd);
     const int lines = (height - FHScrollBar->height() - FLineWidth) / FLineWidth;
     FVScrollBar->SetPageSize(lines);
     if (lines >= 0)
         FVScrollBar->SetLargeChange(lines);
+}
+
+// How far the text can be scrolled, with so many columns and lines in sight.
+void TZtCodeEdit::SetRanges(int AColumns, int ALines)
+{
+    const bool follows = IsCorrected(TZtCorrection::zcScroll);
+    FHScrollBar->SetMax(follows ? qMax(FLongest - qMax(AColumns, 0), 0) : Columns);
+    FVScrollBar->SetMax(follows ? qMax(FLines->GetCount() - qMax(ALines, 1), 0)
+                                : FLines->GetCount() + LinesPastEnd);
 }
 
 bool TZtCodeEdit::IsLineCollapse(int, bool &) const { return false; }
@@ -219,7 +223,7 @@ void TZtCodeEdit::LinesChanged(QObject *)
     if (InPaint)
         return;
     FModified = true;
-    Invalidate();
+    Redraw();
 }
 
 void TZtCodeEdit::CodeChange(QObject *)
@@ -227,12 +231,18 @@ void TZtCodeEdit::CodeChange(QObject *)
     if (InPaint)
         return; // only the lexer's states are stored while painting
     PositionScollBars();
-    Tell([this] { Q_EMIT textChanged(); });
+    if (!IsCorrected(TZtCorrection::zcEvents))
+        Tell([this] { Q_EMIT textChanged(); });
+    if (FCorrections && FOperations == 0) {
+        KeepCaretInText();
+        TellChange();
+    }
 }
 
 void TZtCodeEdit::Changed()
 {
-    Outside([this] { Fire(FOnChange, this); });
+    if (!IsCorrected(TZtCorrection::zcEvents))
+        Outside([this] { Fire(FOnChange, this); });
 }
 
 // Runs an operation of which nothing may be left half done because a handler raised. Within another
@@ -270,7 +280,7 @@ void TZtCodeEdit::Tell(const std::function<void()> &AStep)
 void TZtCodeEdit::ScrollChange(QObject *)
 {
     ResetCaret();
-    Invalidate();
+    Redraw();
 }
 
 // --- component -----------------------------------------------------------------------------------
@@ -324,6 +334,8 @@ void TZtCodeEdit::Invalidate()
 {
     if (!FHScrollBar || !FVScrollBar)
         return; // under construction
+    if (FHighlighter && !FRedraws)
+        FHighlighter->ForgetColours(); // a host's tables may be others now
     if (FReplacingAll) {
         const bool hold = FLastPaint.isValid() && FLastPaint.elapsed() < ReplacingPaintPause;
         HoldScrollBars(hold);
@@ -331,6 +343,13 @@ void TZtCodeEdit::Invalidate()
             return;
     }
     update(ClientArea().adjusted(0, 0, -FVScrollBar->width(), -FHScrollBar->height()));
+}
+
+// What the editor itself asks for: the colours are what they were.
+void TZtCodeEdit::Redraw()
+{
+    const QScopedValueRollback own(FRedraws, true);
+    Invalidate();
 }
 
 void TZtCodeEdit::HoldScrollBars(bool AHold)

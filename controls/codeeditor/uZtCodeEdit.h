@@ -2,13 +2,17 @@
 
 #include "uZtBufferSearch.h"
 #include "uZtCaret.h"
+#include "uZtCells.h"
 #include "uZtCodeParser.h"
+#include "uZtCorrections.h"
 #include "uZtCustomControl.h"
 #include "uZtFrame.h"
 #include "uZtScrollBar.h"
 #include "uZtStringList.h"
+#include "uZtUndoHistory.h"
 #include "uZtUndoList.h"
 
+#include <QBasicTimer>
 #include <QElapsedTimer>
 #include <QMenu>
 #include <QPoint>
@@ -22,7 +26,12 @@ enum class TBorderStyle : quint8 { bsNone, bsSingle };
 /// Kinds of lines for folding, which is declared and switched off (`IsLineCollapse`).
 enum class TZtLineKind : quint8 { lkNotSet, lkNormal, lkMainOpen, lkMainClose, lkHidden };
 
-enum class TZtCodeOption : quint8 { coCanCollapse = 1, coShowGuttor = 2, coShowRightMargin = 4 };
+enum class TZtCodeOption : quint8 {
+    coCanCollapse = 1,
+    coShowGuttor = 2,
+    coShowRightMargin = 4,
+    coVirtualSpace = 8, ///< with `zcCaret`: the caret may stand right of its line's end
+};
 Q_DECLARE_FLAGS(TZtCodeOptions, TZtCodeOption)
 Q_DECLARE_OPERATORS_FOR_FLAGS(TZtCodeOptions)
 
@@ -66,9 +75,18 @@ struct TZtSearchReplaceOptions {
 };
 
 class TFrmCodeEditSearchReplaceDlg;
+class TZtEditedText;
+class TZtHighlighter;
 
 /// The X of a selection point that means "up to the end of the line".
 inline constexpr int ZtEndOfLine = std::numeric_limits<int>::max();
+
+/// What message 1027 repeats the search with, in its `WParam`: as the options say, or in a given
+/// direction without replacing anything.
+enum class TZtSearchAgain : quint8 { saAsGiven, saForward, saBackward };
+
+/// Told of a search what there is to say without a question.
+using TZtSearchMessageEvent = std::function<void(const QString &AText)>;
 
 /// The source-code editor control.
 ///
@@ -97,6 +115,10 @@ class TZtCodeEdit : public TCustomControl, public TZtUndoTarget {
     Q_PROPERTY(TZtCodeOptions Options READ GetOptions WRITE SetOptions)
     Q_PROPERTY(bool ReadOnly READ GetReadOnly WRITE SetReadOnly)
     Q_PROPERTY(int TabIndentSize READ GetTabIndentSize WRITE SetTabIndentSize)
+    Q_PROPERTY(TZtCorrections Corrections READ GetCorrections WRITE SetCorrections)
+    Q_PROPERTY(int TabWidth READ GetTabWidth WRITE SetTabWidth)
+    Q_PROPERTY(qint64 UndoBytes READ GetUndoBytes WRITE SetUndoBytes)
+    Q_PROPERTY(bool UndoLoads READ GetUndoLoads WRITE SetUndoLoads)
     Q_PROPERTY(int LinePos READ GetLinePos WRITE SetLinePos STORED false)
     Q_PROPERTY(int CharPos READ GetCharPos WRITE SetCharPos STORED false)
     Q_PROPERTY(bool ShowGuttor READ GetShowGuttor WRITE SetShowGuttor STORED false)
@@ -108,6 +130,7 @@ class TZtCodeEdit : public TCustomControl, public TZtUndoTarget {
     Q_PROPERTY(bool Modified READ GetModified WRITE SetModified STORED false)
     Q_PROPERTY(bool CanPaste READ GetCanPaste)
     Q_PROPERTY(bool CanUndo READ GetCanUndo)
+    Q_PROPERTY(bool CanRedo READ GetCanRedo)
 
 public:
     explicit TZtCodeEdit(QWidget *AOwner = nullptr);
@@ -142,16 +165,21 @@ public:
     TZtCodeOptions GetOptions() const { return FOptions; }
     void SetOptions(TZtCodeOptions Value);
     bool GetShowGuttor() const { return FOptions.testFlag(TZtCodeOption::coShowGuttor); }
-    /// Turns the gutter on, also with false: it is taken away through `Options` alone.
+    /// Turns the gutter on; without `zcSwitches` also with false: it is taken away through
+    /// `Options` alone then.
     void SetShowGuttor(bool Value);
     bool GetShowRightMargin() const { return FOptions.testFlag(TZtCodeOption::coShowRightMargin); }
-    /// Turns the margin on, also with false: it is taken away through `Options` alone.
+    /// Turns the margin on; without `zcSwitches` also with false: it is taken away through
+    /// `Options` alone then.
     void SetShowRightMargin(bool Value);
     virtual bool GetReadOnly() const { return FReadOnly; }
     virtual void SetReadOnly(bool Value);
     int GetTabIndentSize() const { return FTabIndentSize; }
     /// How many spaces the Tab key inserts; none when 0 or negative.
     void SetTabIndentSize(int Value) { FTabIndentSize = Value; }
+    int GetTabWidth() const { return FCells.TabWidth; }
+    /// With `zcTabs`: every how many cells a tab stop stands, 1 or more.
+    void SetTabWidth(int Value);
     int GetParserLineNr() const { return FParserLineNr; }
     /// The index of the line that the lexer is handed next.
     void SetParserLineNr(int Value)
@@ -160,13 +188,15 @@ public:
         FParserColumn = 0;
     }
     bool GetModified() const { return FModified; }
-    void SetModified(bool Value) { FModified = Value; }
+    /// Also says which text the saved one is, for `zcEvents`.
+    void SetModified(bool Value);
 
     const TNotifyEvent &GetOnCursorChange() const { return FOnCursorChange; }
     /// Fired by every caret move, also by one that leads to where the caret was.
     void SetOnCursorChange(const TNotifyEvent &Value) { FOnCursorChange = Value; }
     const TNotifyEvent &GetOnChange() const { return FOnChange; }
-    /// Fired by the editing operations, before they change the text.
+    /// Fired by the editing operations, before they change the text; with `zcEvents` once after
+    /// each operation, undo, load or edit of the host that changed the text.
     void SetOnChange(const TNotifyEvent &Value) { FOnChange = Value; }
     const TZtParserLineChangeEvent &GetOnParserLineChange() const { return FOnParserLineChange; }
     /// Asked by every paint for every line that it draws.
@@ -192,7 +222,8 @@ public:
     /// The text is about to change; ignored while painting.
     virtual void LinesChanged(QObject *Sender);
     void CodeChange(QObject *Sender);
-    /// Fires `OnChange`.
+    /// An operation is about to change the text: fires `OnChange`, unless `zcEvents` does that
+    /// later.
     virtual void Changed();
     void ScrollChange(QObject *Sender);
 
@@ -203,8 +234,41 @@ public:
     QSize sizeHint() const override;
     /// Answers that the background is taken care of: `Paint` covers the whole client area.
     int WMEraseBkgnd() const { return 1; }
-    /// Asks for a paint of the text area; the scroll bars keep their picture.
+    /// Asks for a paint of the text area; the scroll bars keep their picture. A host calls it where
+    /// the lexer's colours have changed.
     void Invalidate() override;
+
+    // === uZtCodeEditCorrections.cpp: corrections, operations, undo and redo
+    // =======================
+
+    TZtCorrections GetCorrections() const { return FCorrections; }
+    /// What is done better than by the first version; none of it unless the host says so. `zcTabs`,
+    /// `zcCells` and `zcStates` bring `zcPicture` with them. Switching `zcUndo` or `zcEvents` on or
+    /// off forgets what could be undone.
+    void SetCorrections(TZtCorrections Value);
+    bool IsCorrected(TZtCorrection ACorrection) const { return FCorrections.testFlag(ACorrection); }
+    /// Takes the last change back; nothing happens when there is none.
+    virtual void Undo();
+    /// With `zcUndo`: makes the change again that was taken back last.
+    virtual void Redo();
+    bool GetCanRedo() const { return IsCorrected(TZtCorrection::zcUndo) && FHistory->CanRedo(); }
+    /// Forgets what could be undone and redone.
+    void ClearUndo();
+    /// Between these, with `zcUndo`, all changes are one step of undo and, with `zcEvents`, of
+    /// `OnChange`.
+    void BeginUpdate();
+    void EndUpdate();
+    qint64 GetUndoBytes() const { return FUndoBytes; }
+    /// With `zcUndo`: what the undo may take in memory, in bytes. The oldest steps go first.
+    void SetUndoBytes(qint64 Value);
+    bool GetUndoLoads() const { return FUndoLoads; }
+    /// With `zcUndo`: whether `LoadFromFile` can be undone. If not, it forgets all steps.
+    void SetUndoLoads(bool Value) { FUndoLoads = Value; }
+    /// Shows and edits the text of another editor from now on. With `zcUndo` in both, the two share
+    /// one undo. The text lives as long as one of them.
+    void ShareText(TZtCodeEdit *AOther);
+    /// The caret's column in cells: a tab or a wide character before it counts as it is drawn.
+    int GetCaretCell() const;
 
     // === uZtCodeEditPaint.cpp: rendering
     // ==========================================================
@@ -280,7 +344,7 @@ public:
     /// With `ctCut` it goes to the clipboard; with `ctNone` nothing is recorded for undo.
     void DeleteSelected(TZtChangeType AChangeType, QString &Deleted) final;
     /// The Backspace key's work at the caret, also in a read-only editor.
-    void BackSpaceSelected();
+    virtual void BackSpaceSelected();
     void WMChar(TZtMessage &Message) override;
     /// Inserts `aTxt` at the start of the last line.
     virtual void AddCode(const QString &aTxt);
@@ -314,13 +378,14 @@ public:
     /// counts from the selection's start to the line's end.
     int SelLength();
     bool GetCanPaste() const;
-    bool GetCanUndo() const { return FUndoList->GetCount() > 0; }
+    bool GetCanUndo() const;
     /// Selects the word at the caret.
     void WMSselectWord(TZtMessage &Message);
     void WMCut(TZtMessage &Message);
     void WMCopy(TZtMessage &Message);
     void WMPaste(TZtMessage &Message);
     void WMUndo(TZtMessage &Message);
+    void WMRedo(TZtMessage &Message);
 
     bool Dispatch(TZtMessage &Message) override;
 
@@ -334,6 +399,10 @@ public:
     /// happens before the first search has been set up.
     void WMSearchReplace(TZtMessage &Message);
     const TZtSearchReplaceOptions &GetSearchOptions() const { return FSearchOptions; }
+    const TZtSearchMessageEvent &GetOnSearchMessage() const { return FOnSearchMessage; }
+    /// With `zcReplaceAll`: told that a search went round the end of the text, or how much was
+    /// replaced. Without a handler a message box says that it went round.
+    void SetOnSearchMessage(const TZtSearchMessageEvent &Value) { FOnSearchMessage = Value; }
     /// For a host with a dialog of its own, which posts message 1027 afterwards.
     void SetSearchOptions(const TZtSearchReplaceOptions &Value);
     /// The dialog, null before it was shown first. It keeps its entries.
@@ -346,19 +415,53 @@ Q_SIGNALS:
 protected:
     bool event(QEvent *AEvent) override;
     bool focusNextPrevChild(bool ANext) override;
+    void keyPressEvent(QKeyEvent *AEvent) override;
     void paintEvent(QPaintEvent *AEvent) override;
     void wheelEvent(QWheelEvent *AEvent) override;
     void contextMenuEvent(QContextMenuEvent *AEvent) override;
     void inputMethodEvent(QInputMethodEvent *AEvent) override;
+    void timerEvent(QTimerEvent *AEvent) override;
     QVariant inputMethodQuery(Qt::InputMethodQuery AQuery) const override;
     void LayoutChanged() override;
     void FocusPaused(bool AActive) override;
     void Abandoned() override;
+    /// Whether a deletion would remove a selected text.
+    bool SelectionGiven() const;
 
 private:
     struct TPaintPass;
     struct TKeyAction;
 
+    class TFollower;
+
+    // corrections
+    bool MayEdit() const { return !IsCorrected(TZtCorrection::zcReadOnly) || !GetReadOnly(); }
+    template <typename TStep> void Operate(TStep AStep);
+    void BeginOperation();
+    void EndOperation();
+    void TellChange();
+    TZtViewState GetView() const;
+    void SetView(const TZtViewState &AView);
+    void Move(bool (TZtUndoHistory::*AMove)(TZtViewState &));
+    void Record(TZtChangeType AChangeType, const QPoint &AStart, const QPoint &AEnd,
+                const QPoint &ACaret, const QString &AValue);
+    void AttachText(const std::shared_ptr<TZtEditedText> &AText);
+    void DetachText();
+    void LeaveHistory();
+    void MakeHistory();
+    static void ForEach(const TZtEditedText &AText,
+                        const std::function<void(TZtCodeEdit &)> &AStep);
+    void CorrectParser(TZtCorrections AWhich);
+    QPoint InText(const QPoint &APlace) const;
+    QPoint InLine(const QPoint &APlace) const;
+    void MoveTo(const QPoint &APlace);
+    void KeepCaretInText();
+    void ScrollToColumn();
+    void ScrollToLine();
+    int CellOf(const QPoint &APlace) const;
+    int ColumnAt(int ALine, int ACell) const;
+    void SetRanges(int AColumns, int ALines);
+    void Show(TZtCodeOption AOption, bool AShow);
     // painting
     bool BeginFrame();
     void ComposeLines();
@@ -366,6 +469,13 @@ private:
     void HandOverPiece(QString &S);
     bool NothingMoreToSee(const TPaintPass &APass) const;
     void AddToken(TPaintPass &APass);
+    void BeginPass(TPaintPass &APass) const;
+    void FeedParser();
+    void ComposeText();
+    void ComposeRow(TPaintPass &APass, int ALine);
+    void AddColumns(TPaintPass &APass, int ALine, const TZtCellSpan &ASpan);
+    void LexAhead();
+    void PutOffIdle();
     void AddPiece(TPaintPass &APass, QStringView S, TColor AFore, TColor ABack);
     QRect PictureArea() const;
     void CopyFrame();
@@ -391,26 +501,49 @@ private:
     bool KeyEnd(TShiftState AShift);
     bool KeyDelete(TShiftState AShift);
     void SelectAll();
+    void DoKey(quint16 &Key, TShiftState Shift);
+    void CrossTo(int ALine, bool AToEnd);
+    void MoveByLines(int ALines);
+    int HomeColumn() const;
+    void SelectWord();
+    void SelectLine(int ALine);
     int CharactersBefore(int AColumn) const;
     int CharactersAfter(int AColumn) const;
     // mouse
     void MoveCaretTo(int X, int Y);
+    void DoMouseDown(TMouseButton Button, TShiftState Shift, int X, int Y);
+    QPoint PlaceAt(int X, int Y) const;
+    bool IsThirdClick(const QPoint &APlace);
     // editing
     void EnsureLine(int ALine);
     bool SelectionReversed() const;
-    bool SelectionGiven() const;
     void ClampSelectionEnd();
+    auto KeepSelection();
     QString SelectedText() const;
     void InsertLines(const QString &S);
     void InsertInLine(const QString &S);
     void BreakLine();
     void DeleteLines(TZtChangeType AChangeType, const QString &ADeleted);
+    void Load(const QString &aFileName);
+    void MarkSaved();
     void CheckFits(qsizetype AMore) const;
     void BackSpaceAtCaret();
     void BackSpaceInLine(QString &&ALine);
     void JoinWithLineAbove(const QString &ALine);
     bool FallBackToIndentation(const QString &ALine);
     void InsertBreak(const QString &APiece);
+    void PutInLine(int ALine, QString &&AText, int AColumn, int ACount, QStringView S, bool AChop);
+    void ChopBlanks(QString &S) const;
+    void ChopLine(int ALine);
+    void BreakIndented();
+    void Erase(TZtChangeType AChangeType, QString *ADeleted);
+    void EraseGiven(TZtChangeType AChangeType, const QPoint &ABefore, QString *ADeleted);
+    void EraseTo(const QPoint &APlace);
+    void EraseWord(bool AForward);
+    void EraseBack();
+    void Type(const QString &S);
+    void TypeTab(bool ABack);
+    void IndentLines(int AFirst, int ALast, bool ABack);
     // searching
     void OfferSelection();
     void TakeSearchOptions();
@@ -421,11 +554,25 @@ private:
     bool ReplaceMatch(const QPoint &AMatch);
     void EndReplaceAll();
     void HoldScrollBars(bool AHold);
+    void Redraw();
+    void SearchStep(TZtSearchAgain AAgain);
+    bool FindBetween(const TZtBufferSearch &ASearch, QPoint AFrom, QPoint ATo, bool AForward,
+                     QPoint &AMatch) const;
+    bool ReplaceFound(const QPoint &AMatch, quint64 ARevision);
+    QPoint PutInPlace(const QPoint &AFrom, const QPoint &ATo, const QString &S);
+    void ReplaceAll();
+    int ReplaceAsked();
+    int ReplaceUnasked();
+    void ReplaceInLine(int ALine, const std::vector<int> &AMatches);
+    bool FindRound(const TZtBufferSearch &ASearch, const QPoint &AFrom, bool AForward, bool AWraps,
+                   QPoint &AMatch);
+    void SayOfSearch(const QString &AText, bool ABox);
 
     TBorderStyle FBorderStyle = TBorderStyle::bsSingle;
     bool FModified = false;
     std::unique_ptr<TZtUndoList> FUndoList;
-    TStringList *FLines;
+    std::shared_ptr<TZtEditedText> FText;
+    TStringList *FLines = nullptr; // of FText
     int FCharPos = 0;
     int FLinePos = 0;
     int FGuttorWidth = 20;
@@ -467,4 +614,40 @@ private:
     QString FComposition;    // an input method's text that is not committed yet
     QChar FHighSurrogate;    // typed, waiting for its other half
     int FWheelRest = 0;      // of a notch, in eighths of a degree
+
+    TZtCorrections FCorrections;
+    TZtCellRules FCells;
+    std::shared_ptr<TZtUndoHistory> FHistory;     // with zcUndo or zcEvents
+    std::shared_ptr<TZtHighlighter> FHighlighter; // with zcPicture
+    std::shared_ptr<TFollower> FFollower;
+    TZtSearchMessageEvent FOnSearchMessage;
+    qint64 FUndoBytes = TZtUndoHistory::DefaultBytes;
+    bool FUndoLoads = true;
+    bool FCaretCarried = false; // along with the text, which is not told yet
+    int FOperations = 0;        // that are under way, one in the other
+    TZtUndoJoin FJoin = TZtUndoJoin::ujAlone;
+    quint64 FToldVersion = 0;  // of the text, when OnChange was fired last
+    int FWantedCell = -1;      // where Up and Down would like to be
+    int FLongest = 0;          // of the lines shown so far, in cells
+    bool FRedraws = false;     // the editor itself asks for a paint
+    QBasicTimer FIdle;         // while there are states to be found
+    quint64 FShownColours = 0; // the highlighter's revision at the last paint
+    QElapsedTimer FSinceDblClick;
+    QPoint FPressPlace;
+    QPoint FDblClickPlace;
+    bool FDblClickPressed = false; // its own second press has come
 };
+
+// Runs an operation, which ends in an orderly way whatever it raises: the caret in the text, one
+// step of undo, one `OnChange`, as far as these are corrected.
+template <typename TStep> void TZtCodeEdit::Operate(TStep AStep)
+{
+    if (!FCorrections)
+        return AStep();
+    const THold hold(*this);
+    BeginOperation();
+    TZtFirstException raised;
+    raised.Run(AStep);
+    raised.Run([this] { EndOperation(); });
+    raised.Raise();
+}

@@ -1,8 +1,10 @@
 #include "uZtCodeEdit.h"
 
+using enum TZtCorrection;
+
 void TZtCodeEdit::ResetCaret()
 {
-    const qint64 x = qint64(FCharPos - FHScrollBar->GetPosition()) * FCharWidth;
+    const qint64 x = qint64(GetCaretCell() - FHScrollBar->GetPosition()) * FCharWidth;
     const qint64 y = qint64(FLinePos - FVScrollBar->GetPosition()) * FLineWidth;
     const int g = RealGuttorWidth();
     const bool inside = 0 <= x && x < GetClientWidth() - g - FVScrollBar->width() && 0 <= y &&
@@ -17,6 +19,8 @@ void TZtCodeEdit::ResetCaret()
 
 void TZtCodeEdit::SetCharPos(int Value)
 {
+    if (IsCorrected(zcCaret))
+        return MoveTo({Value, FLinePos});
     if (Value >= 0) {
         MoveToColumn(Value);
         return;
@@ -37,26 +41,109 @@ void TZtCodeEdit::SetCharPos(int Value)
 void TZtCodeEdit::MoveToColumn(int AColumn)
 {
     FCharPos = AColumn;
-    const int position = FHScrollBar->GetPosition();
-    const int page = FHScrollBar->GetPageSize();
-    if (FCharPos < position)
-        FHScrollBar->SetPosition(FCharPos);
-    else if (FCharPos > position + page)
-        FHScrollBar->SetPosition(FCharPos - page);
+    ScrollToColumn();
     CaretMoved();
 }
 
 void TZtCodeEdit::SetLinePos(int Value)
 {
+    if (IsCorrected(zcCaret))
+        return MoveTo({FCharPos, Value});
     FLinePos = qMax(0, qMin(Value, FLines->GetCount() - 1));
+    ScrollToLine();
+    CaretMoved();
+}
+
+void TZtCodeEdit::ScrollToColumn()
+{
+    const int cell = GetCaretCell();
+    if (IsCorrected(zcScroll) && cell > FLongest) {
+        FLongest = cell;
+        PositionScollBars();
+    }
+    const int position = FHScrollBar->GetPosition();
+    const int page = FHScrollBar->GetPageSize();
+    if (cell < position)
+        FHScrollBar->SetPosition(cell);
+    else if (cell > position + page)
+        FHScrollBar->SetPosition(cell - page);
+}
+
+void TZtCodeEdit::ScrollToLine()
+{
     const int position = FVScrollBar->GetPosition();
     const int page = FVScrollBar->GetPageSize();
     if (FLinePos < position)
         FVScrollBar->SetPosition(FLinePos);
     else if (FLinePos > position + page - 1)
         FVScrollBar->SetPosition(FLinePos - page);
+}
+
+// --- places in the text --------------------------------------------------------------------------
+
+// The nearest place where the caret may stand.
+QPoint TZtCodeEdit::InText(const QPoint &APlace) const
+{
+    const int y = qBound(0, APlace.y(), qMax(FLines->GetCount() - 1, 0));
+    const int x = qMax(APlace.x(), 0);
+    if (FOptions.testFlag(TZtCodeOption::coVirtualSpace))
+        return {x, y};
+    return {y < FLines->GetCount() ? qMin(x, FLines->GetLength(y)) : 0, y};
+}
+
+// The same place, or the end of its line, which exists.
+QPoint TZtCodeEdit::InLine(const QPoint &APlace) const
+{
+    return {qBound(0, APlace.x(), FLines->GetLength(APlace.y())), APlace.y()};
+}
+
+// Both at once, so that neither is taken for the other's line; one cursor event.
+void TZtCodeEdit::MoveTo(const QPoint &APlace)
+{
+    const QPoint place = InText(APlace);
+    FCharPos = IsCorrected(zcCaret) ? place.x() : qMax(APlace.x(), 0);
+    FLinePos = place.y();
+    FWantedCell = -1;
+    ScrollToColumn();
+    ScrollToLine();
     CaretMoved();
 }
+
+void TZtCodeEdit::KeepCaretInText()
+{
+    if (!IsCorrected(zcCaret))
+        return;
+    for (QPoint *end : {&FSelStart, &FSelEnd})
+        if (end->x() >= 0)
+            *end = InText(*end);
+    const QPoint caret(FCharPos, FLinePos);
+    if (InText(caret) != caret)
+        MoveTo(caret);
+    else
+        ResetCaret();
+    if (std::exchange(FCaretCarried, false)) {
+        Tell([this] { Fire(FOnCursorChange, this); });
+        Tell([this] { Q_EMIT cursorPositionChanged(); });
+    }
+}
+
+int TZtCodeEdit::CellOf(const QPoint &APlace) const
+{
+    if (!FCells.Tabs && !FCells.Wide)
+        return APlace.x();
+    if (APlace.y() < 0 || APlace.y() >= FLines->GetCount())
+        return APlace.x();
+    return ZtCellOf(FLines->View(APlace.y()), APlace.x(), FCells);
+}
+
+int TZtCodeEdit::ColumnAt(int ALine, int ACell) const
+{
+    if ((!FCells.Tabs && !FCells.Wide) || ALine < 0 || ALine >= FLines->GetCount())
+        return ACell;
+    return ZtColumnAt(FLines->View(ALine), qMax(ACell, 0), FCells);
+}
+
+int TZtCodeEdit::GetCaretCell() const { return CellOf({FCharPos, FLinePos}); }
 
 void TZtCodeEdit::CaretMoved()
 {

@@ -4,9 +4,12 @@
 #include "uZtPlatform.h"
 #include "uZtStringStream.h"
 #include "uZtStrings.h"
+#include "uZtWordScan.h"
 
 // Who writes into the text besides the operations here, which record one undo item each: the undo
 // list itself, `SetLines`, `SetText` and `LoadFromFile`, and a host that edits `Lines`.
+
+using enum TZtCorrection;
 
 namespace {
 
@@ -19,6 +22,17 @@ bool IsTypeable(char16_t C)
 {
     static constexpr TZtCharSet narrow{u'\r', {32, 255}};
     return ZtCharInSet(C, narrow) || (C > 255 && (QChar(C).isPrint() || QChar(C).isSurrogate()));
+}
+
+// How many characters go where a line loses one step of its indentation.
+int UnindentOf(const QString &ALine, int ACells)
+{
+    if (ALine.startsWith(u'\t'))
+        return 1;
+    int count = 0;
+    while (count < qMin<qsizetype>(ACells, ALine.size()) && ALine.at(count) == u' ')
+        ++count;
+    return count;
 }
 
 } // namespace
@@ -56,6 +70,13 @@ void TZtCodeEdit::ClampSelectionEnd()
 {
     if (FSelEnd.y() < FLines->GetCount())
         return;
+    if (IsCorrected(zcClipboard) || !MayEdit()) {
+        const int last = FLines->GetCount() - 1;
+        FSelEnd = last < 0 ? FSelStart : QPoint(FLines->GetLength(last), last);
+        if (ZtIsBefore(FSelEnd, FSelStart))
+            FSelStart = FSelEnd;
+        return;
+    }
     FLines->Add(QString());
     FSelEnd = QPoint(ZtEndOfLine, FLines->GetCount() - 1);
 }
@@ -82,26 +103,39 @@ void TZtCodeEdit::InsertText(TZtChangeType ChangeType, const QString &S)
     if (GetReadOnly())
         return;
     const QString text = S; // the host's events may change what was handed over
-    const QPoint before(FCharPos, FLinePos);
-    Changed();
-    FSelStart = FSelEnd = QPoint(FCharPos, FLinePos);
-    if (FSelStart.x() == -1)
-        return;
-    CheckFits(text.size());
-    RunToEnd([&] {
-        FLines->GetRaised()->Run([&] { InsertLines(text); });
-        FUndoList->AddUndo(ChangeType, before, QPoint(FCharPos, FLinePos), before, QString());
-        Invalidate();
+    Operate([&] {
+        const QPoint before(FCharPos, FLinePos);
+        Changed();
+        FSelStart = FSelEnd = QPoint(FCharPos, FLinePos);
+        if (FSelStart.x() == -1)
+            return;
+        CheckFits(text.size());
+        RunToEnd([&] {
+            FLines->GetRaised()->Run([&] { InsertLines(text); });
+            Record(ChangeType, before, QPoint(FCharPos, FLinePos), before, QString());
+            Redraw();
+        });
     });
 }
 
 void TZtCodeEdit::InsertLines(const QString &S)
 {
+    if (S.isEmpty() && IsCorrected(zcBreaks))
+        return;
     EnsureLine(FSelStart.y());
     if (FLines->GetLength(FSelStart.y()) < FSelStart.x())
         FLines->SetStrings(FSelStart.y(),
                            FLines->GetStrings(FSelStart.y()).leftJustified(FSelStart.x()));
 
+    if (IsCorrected(zcBreaks)) {
+        const QPoint at = FSelStart;
+        const TZtTextPiece piece(S);
+        const int breaks = piece.GetCount() - 1;
+        const int length = int(piece.GetLine(breaks).size());
+        FLines->ReplaceText(at, at, piece);
+        MoveTo({breaks == 0 ? at.x() + length : length, at.y() + breaks});
+        return;
+    }
     qsizetype start = 0;
     for (qsizetype i = 0; i < S.size(); ++i) {
         if (!IsBreak(S.at(i)))
@@ -114,11 +148,52 @@ void TZtCodeEdit::InsertLines(const QString &S)
     }
     if (start < S.size()) {
         EnsureLine(FSelStart.y());
-        FLines->EditStrings(FSelStart.y(), FLines->GetStrings(FSelStart.y()), [&](QString &line) {
-            line.insert(FSelStart.x(), QStringView(S).sliced(start));
-        });
+        PutInLine(FSelStart.y(), FLines->GetStrings(FSelStart.y()), FSelStart.x(), 0,
+                  QStringView(S).sliced(start), false);
         SetCharPos(FCharPos + int(S.size() - start));
     }
+}
+
+// Puts `S` in the place of a part of a line whose text is `AText`, filled up to there with blanks
+// where it is shorter. Where somebody follows the text, exactly that is changed.
+void TZtCodeEdit::PutInLine(int ALine, QString &&AText, int AColumn, int ACount, QStringView S,
+                            bool AChop)
+{
+    if (!FCorrections) {
+        FLines->EditStrings(ALine, std::move(AText), [&](QString &text) {
+            if (text.size() < AColumn)
+                text = text.leftJustified(AColumn);
+            text.remove(AColumn, ACount).insert(AColumn, S);
+            if (AChop)
+                ZtChopBlanks(text);
+        });
+        return;
+    }
+    AText = QString(); // the line's memory is its own again
+    const int length = FLines->GetLength(ALine);
+    const int column = qMin(AColumn, length);
+    const int count = qMin(ACount, length - column);
+    if (column < AColumn)
+        FLines->ReplaceInLine(ALine, column, count, QString(AColumn - column, u' ').append(S));
+    else
+        FLines->ReplaceInLine(ALine, column, count, S);
+    if (AChop)
+        ChopLine(ALine);
+}
+
+void TZtCodeEdit::ChopLine(int ALine)
+{
+    if (IsCorrected(zcBlanks))
+        return;
+    const int end = int(ZtTrimmedSize(FLines->View(ALine)));
+    FLines->ReplaceInLine(ALine, end, FLines->GetLength(ALine) - end, {});
+}
+
+// Lines do not keep trailing blanks, unless they may.
+void TZtCodeEdit::ChopBlanks(QString &S) const
+{
+    if (!IsCorrected(zcBlanks))
+        ZtChopBlanks(S);
 }
 
 // Splits the line at the selection's start; the piece before the break ends the first half.
@@ -141,19 +216,20 @@ void TZtCodeEdit::AddTxt(const QString &S)
     if (GetReadOnly())
         return;
     const QString text = S; // the host's events may change what was handed over
-    const QPoint before(FCharPos, FLinePos);
-    Changed();
-    CheckFits(text.size());
-    RunToEnd([&] {
-        FLines->GetRaised()->Run([&] {
-            if (text == QLatin1StringView("\r"))
-                BreakLine();
-            else
-                InsertInLine(text);
+    Operate([&] {
+        const QPoint before(FCharPos, FLinePos);
+        Changed();
+        CheckFits(text.size());
+        RunToEnd([&] {
+            FLines->GetRaised()->Run([&] {
+                if (text == QLatin1StringView("\r"))
+                    BreakLine();
+                else if (!text.isEmpty() || !IsCorrected(zcBreaks))
+                    InsertInLine(text);
+            });
+            Record(TZtChangeType::ctInsert, before, QPoint(FCharPos, FLinePos), before, QString());
+            Redraw();
         });
-        FUndoList->AddUndo(TZtChangeType::ctInsert, before, QPoint(FCharPos, FLinePos), before,
-                           QString());
-        Invalidate();
     });
 }
 
@@ -162,21 +238,25 @@ void TZtCodeEdit::InsertInLine(const QString &S)
     EnsureLine(FLinePos);
     const QPoint at(FCharPos, FLinePos);
     QString line = FLines->GetStrings(at.y());
-    SetCharPos(at.x() + int(S.size()));
-    FLines->EditStrings(at.y(), std::move(line), [&](QString &text) {
-        if (text.size() < at.x())
-            text = text.leftJustified(at.x());
-        text.insert(at.x(), S);
-        ZtChopBlanks(text); // lines never keep trailing blanks
-    });
+    const QPoint behind(at.x() + int(S.size()), at.y());
+    if (!IsCorrected(zcCaret))
+        SetCharPos(behind.x());
+    PutInLine(at.y(), std::move(line), at.x(), 0, S, !IsCorrected(zcBlanks));
+    if (IsCorrected(zcCaret))
+        MoveTo(behind);
 }
 
 void TZtCodeEdit::BreakLine()
 {
     EnsureLine(FLinePos);
+    if (IsCorrected(zcTabs))
+        return BreakIndented();
     const QString line = FLines->GetStrings(FLinePos);
-    FLines->SetStrings(FLinePos, ZtTrimRight(line.left(FCharPos)));
-    FLines->Insert(FLinePos + 1, ZtTrimRight(line.mid(FCharPos)));
+    QString head = line.left(FCharPos), tail = line.mid(FCharPos);
+    ChopBlanks(head);
+    ChopBlanks(tail);
+    FLines->SetStrings(FLinePos, head);
+    FLines->Insert(FLinePos + 1, tail);
     SetLinePos(FLinePos + 1);
     SetCharPos(0);
     const int indent = ZtAutoIndent(*FLines, FLinePos - 1);
@@ -186,32 +266,61 @@ void TZtCodeEdit::BreakLine()
     SetCharPos(indent);
 }
 
+// The new line begins with the blanks, tabs too, that the broken one begins with left of the caret.
+void TZtCodeEdit::BreakIndented()
+{
+    ChopLine(FLinePos);
+    const QPoint at(qMin(FCharPos, FLines->GetLength(FLinePos)), FLinePos);
+    QString head;
+    FLines->AppendTo(at.y(), 0, at.x(), head);
+    const QString blanks = head.left(ZtIndentOf(head));
+    FLines->ReplaceText(at, at, TZtTextPiece(u'\n' + blanks));
+    ChopLine(at.y());
+    MoveTo({int(blanks.size()), at.y() + 1});
+}
+
 // --- deleting ------------------------------------------------------------------------------------
 
 void TZtCodeEdit::DeleteSelected(TZtChangeType AChangeType, QString &Deleted)
 {
+    Erase(AChangeType, &Deleted);
+}
+
+// `DeleteSelected`, which does not gather a text that nobody asks for.
+void TZtCodeEdit::Erase(TZtChangeType AChangeType, QString *ADeleted)
+{
     if (GetReadOnly())
         return;
-    const QPoint before(FCharPos, FLinePos);
-    Changed();
-    if (SelectionReversed())
-        std::swap(FSelStart, FSelEnd);
-    Deleted.clear();
-    if (!SelectionGiven())
-        return;
-    RunToEnd([&] {
-        ClampSelectionEnd();
-        if (FSelStart.y() >= FLines->GetCount())
-            return; // the selection lies below the text
-        // Where "to the end of the line" starts a selection, the caret goes to where the text ends.
-        if (FSelStart.x() == ZtEndOfLine)
-            FSelStart.setX(FLines->GetLength(FSelStart.y()));
-        Deleted = SelectedText();
-        if (AChangeType != TZtChangeType::ctNone)
-            FUndoList->AddUndo(AChangeType, FSelStart, FSelEnd, before, Deleted);
-        DeleteLines(AChangeType, Deleted);
-        Invalidate();
+    Operate([&] {
+        const QPoint before(FCharPos, FLinePos);
+        Changed();
+        if (SelectionReversed())
+            std::swap(FSelStart, FSelEnd);
+        if (ADeleted)
+            ADeleted->clear();
+        if (SelectionGiven())
+            RunToEnd([&] { EraseGiven(AChangeType, before, ADeleted); });
     });
+}
+
+void TZtCodeEdit::EraseGiven(TZtChangeType AChangeType, const QPoint &ABefore, QString *ADeleted)
+{
+    ClampSelectionEnd();
+    if (FSelStart.y() >= FLines->GetCount())
+        return; // the selection lies below the text
+    // Where "to the end of the line" starts a selection, the caret goes to where the text ends.
+    if (FSelStart.x() == ZtEndOfLine)
+        FSelStart.setX(FLines->GetLength(FSelStart.y()));
+    QString deleted;
+    const bool recorded = AChangeType != TZtChangeType::ctNone && !IsCorrected(zcUndo);
+    if (ADeleted || recorded || AChangeType == TZtChangeType::ctCut)
+        deleted = SelectedText();
+    if (AChangeType != TZtChangeType::ctNone)
+        Record(AChangeType, FSelStart, FSelEnd, ABefore, deleted);
+    DeleteLines(AChangeType, deleted);
+    if (ADeleted)
+        *ADeleted = deleted;
+    Redraw();
 }
 
 // Removes what an ordered selection holds.
@@ -219,6 +328,14 @@ void TZtCodeEdit::DeleteLines(TZtChangeType AChangeType, const QString &ADeleted
 {
     const QPoint start = FSelStart;
     const QPoint end = FSelEnd;
+    if (FCorrections) {
+        if (AChangeType == TZtChangeType::ctCut)
+            Tell([&] { ZtPlatform().SetClipboardText(ADeleted); });
+        FLines->ReplaceText(InLine(start), InLine(end), {});
+        FSelEnd = start;
+        MoveTo(start);
+        return;
+    }
     QString first = FLines->GetStrings(start.y());
     const QString last = start.y() < end.y() ? FLines->GetStrings(end.y()) : QString();
     for (int i = start.y(); i < end.y(); ++i)
@@ -239,19 +356,23 @@ void TZtCodeEdit::DeleteLines(TZtChangeType AChangeType, const QString &ADeleted
 
 void TZtCodeEdit::BackSpaceSelected()
 {
-    RunToEnd([this] { BackSpaceAtCaret(); });
+    if (MayEdit())
+        Operate([this] { RunToEnd([this] { BackSpaceAtCaret(); }); });
 }
 
 void TZtCodeEdit::BackSpaceAtCaret()
 {
+    if (IsCorrected(zcBackspace) && FCharPos == 0 && FLinePos == 0)
+        return;
+    FJoin = TZtUndoJoin::ujErased;
     EnsureLine(FLinePos);
     QString line = FLines->GetStrings(FLinePos);
-    if (FCharPos >= 1 && FLinePos >= 1) {
+    if (FCharPos >= 1 && (FLinePos >= 1 || IsCorrected(zcBackspace))) {
         if (FallBackToIndentation(line))
             return;
         if (line.size() < FCharPos) {
             SetCharPos(int(line.size()));
-            Invalidate();
+            Redraw();
             return;
         }
     }
@@ -261,7 +382,7 @@ void TZtCodeEdit::BackSpaceAtCaret()
         JoinWithLineAbove(line);
     else
         return;
-    Invalidate();
+    Redraw();
 }
 
 bool TZtCodeEdit::FallBackToIndentation(const QString &ALine)
@@ -271,7 +392,10 @@ bool TZtCodeEdit::FallBackToIndentation(const QString &ALine)
     const int column = ZtIndentationBefore(*FLines, FLinePos, FCharPos);
     if (column < 0)
         return false;
-    SetCharPos(column);
+    if (IsCorrected(zcBackspace) && ALine.size() > column)
+        EraseTo({column, FLinePos}); // the blanks go, instead of the caret alone
+    else
+        SetCharPos(column);
     return true;
 }
 
@@ -280,14 +404,11 @@ void TZtCodeEdit::BackSpaceInLine(QString &&ALine)
     const int count = CharactersBefore(FCharPos);
     const QPoint caret(FCharPos, FLinePos);
     const QPoint start(FCharPos - count, FLinePos);
-    FUndoList->AddUndo(TZtChangeType::ctDelete, start, caret, caret, ALine.mid(start.x(), count));
+    Record(TZtChangeType::ctDelete, start, caret, caret, ALine.mid(start.x(), count));
     if (ALine.isEmpty()) {
         SetCharPos(start.x()); // right of an empty first line: there is nothing to erase
-    } else if (start.x() > 0 || ALine.size() > count) {
-        FLines->EditStrings(FLinePos, std::move(ALine), [&](QString &text) {
-            text.remove(start.x(), count);
-            ZtChopBlanks(text);
-        });
+    } else if (start.x() > 0 || ALine.size() > count || IsCorrected(zcBackspace)) {
+        PutInLine(FLinePos, std::move(ALine), start.x(), count, {}, !IsCorrected(zcBlanks));
         SetCharPos(start.x());
     } else {
         FLines->Delete(FLinePos); // erasing a line's last character removes the line
@@ -303,12 +424,52 @@ void TZtCodeEdit::JoinWithLineAbove(const QString &ALine)
     const QString above = FLines->GetStrings(line - 1);
     const int column = int(above.size());
     TStringList::CheckLength(above.size() + ALine.size());
-    FUndoList->AddUndo(TZtChangeType::ctDelete, QPoint(column, line - 1), QPoint(0, line),
-                       QPoint(0, line), QStringLiteral("\r\n"));
+    Record(TZtChangeType::ctDelete, QPoint(column, line - 1), QPoint(0, line), QPoint(0, line),
+           QStringLiteral("\r\n"));
+    if (FCorrections) {
+        FLines->ReplaceText({column, line - 1}, {0, line}, {});
+        ChopLine(line - 1);
+        MoveTo({column, line - 1});
+        return;
+    }
     SetCharPos(column);
     FLines->SetStrings(line - 1, ZtTrimRight(above + ALine));
     FLines->Delete(line);
     SetLinePos(line - 1);
+}
+
+// Removes what stands between the caret and a place before or behind it.
+void TZtCodeEdit::EraseTo(const QPoint &APlace)
+{
+    const QPoint caret(FCharPos, FLinePos);
+    const QPoint start = ZtIsBefore(APlace, caret) ? APlace : caret;
+    const QPoint end = ZtIsBefore(APlace, caret) ? caret : APlace;
+    Record(TZtChangeType::ctDelete, start, end, caret,
+           FLines->GetPiece(InLine(start), InLine(end)).GetText());
+    FLines->ReplaceText(InLine(start), InLine(end), {});
+    MoveTo(start);
+}
+
+// Removes the word before or behind the caret, or what is selected.
+void TZtCodeEdit::EraseWord(bool AForward)
+{
+    if (GetReadOnly())
+        return;
+    Operate([&] {
+        if (SelectionGiven())
+            return Erase(TZtChangeType::ctDelete, nullptr);
+        if (FLinePos >= FLines->GetCount())
+            return;
+        const QPoint caret = InText({FCharPos, FLinePos});
+        const QPoint to = ZtUnicodeWordJump(*FLines, caret, AForward);
+        if (to == caret)
+            return;
+        Changed();
+        FCharPos = caret.x();
+        RunToEnd([&] { EraseTo(to); });
+        SetSelection(true);
+        Redraw();
+    });
 }
 
 // --- typing --------------------------------------------------------------------------------------
@@ -318,25 +479,97 @@ void TZtCodeEdit::WMChar(TZtMessage &Message)
     TCustomControl::WMChar(Message);
     const QChar C(char16_t(Message.WParam));
     const QChar high = std::exchange(FHighSurrogate, QChar());
-    QString deleted;
     if (C.isHighSurrogate()) {
         FHighSurrogate = C; // a pair is typed as one, when its other half comes
         return;
     }
     if (C.isLowSurrogate() && high.isNull())
         return;
-    if (IsTypeable(C.unicode())) {
-        DeleteSelected(TZtChangeType::ctDelete, deleted);
-        AddTxt(C.isLowSurrogate() ? QString(high) + C : QString(C));
+    Operate([&] { Type(C.isLowSurrogate() ? QString(high) + C : QString(C)); });
+}
+
+// What one character does, or a pair.
+void TZtCodeEdit::Type(const QString &S)
+{
+    const char16_t C = S.front().unicode();
+    if (C == 127 && IsCorrected(zcBackspace))
+        return;
+    if (IsTypeable(C)) {
+        Erase(TZtChangeType::ctDelete, nullptr);
+        AddTxt(S);
+        FJoin = C == u'\r' ? TZtUndoJoin::ujAlone : TZtUndoJoin::ujTyped;
+    } else if (C == u'\b' && IsCorrected(zcBackspace)) {
+        EraseBack();
     } else if (C == u'\b') {
-        DeleteSelected(TZtChangeType::ctDelete, deleted);
+        Erase(TZtChangeType::ctDelete, nullptr);
         BackSpaceSelected();
+    } else if (C == u'\t' && IsCorrected(zcTabs)) {
+        return TypeTab(ZtPlatform().KeyboardShift().testFlag(ssShift));
     } else if (C == u'\t') {
         AddTxt(QString(qMax(FTabIndentSize, 0), u' '));
     } else {
         return;
     }
     SetSelection(true);
+}
+
+// The selection, or with Ctrl the word before the caret, or the character.
+void TZtCodeEdit::EraseBack()
+{
+    if (SelectionGiven())
+        Erase(TZtChangeType::ctDelete, nullptr);
+    else if (ZtPlatform().KeyboardShift().testFlag(ssCtrl))
+        EraseWord(false);
+    else
+        BackSpaceSelected();
+}
+
+// --- tabs ----------------------------------------------------------------------------------------
+
+// Goes to the next stop, or indents lines that are selected.
+void TZtCodeEdit::TypeTab(bool ABack)
+{
+    if (GetReadOnly())
+        return;
+    const QPoint start = SelectionReversed() ? FSelEnd : FSelStart;
+    const QPoint end = SelectionReversed() ? FSelStart : FSelEnd;
+    if (SelectionGiven() && start.y() < end.y())
+        return IndentLines(start.y(), end.y() - (end.x() == 0), ABack);
+    if (ABack)
+        return IndentLines(FLinePos, FLinePos, true);
+    Erase(TZtChangeType::ctDelete, nullptr);
+    const int cells = FTabIndentSize > 0 ? FTabIndentSize - GetCaretCell() % FTabIndentSize : 0;
+    AddTxt(cells > 0 ? QString(cells, u' ') : QStringLiteral("\t"));
+    SetSelection(true);
+}
+
+void TZtCodeEdit::IndentLines(int AFirst, int ALast, bool ABack)
+{
+    const int cells = FTabIndentSize > 0 ? FTabIndentSize : FCells.TabWidth;
+    const auto changes = [&](int y) {
+        return ABack ? UnindentOf(FLines->GetStrings(y), cells) > 0 : FLines->GetLength(y) > 0;
+    };
+    while (AFirst <= qMin(ALast, FLines->GetCount() - 1) && !changes(AFirst))
+        ++AFirst;
+    if (AFirst > qMin(ALast, FLines->GetCount() - 1))
+        return;
+    Changed();
+    const QString step = FTabIndentSize > 0 ? QString(cells, u' ') : QStringLiteral("\t");
+    QPoint caret(FCharPos, FLinePos), start = FSelStart, end = FSelEnd;
+    for (int y = AFirst; y <= qMin(ALast, FLines->GetCount() - 1); ++y) {
+        const QString line = FLines->GetStrings(y);
+        const int width = ABack ? -UnindentOf(line, cells) : line.isEmpty() ? 0 : int(step.size());
+        Record(ABack ? TZtChangeType::ctDelete : TZtChangeType::ctInsert, {0, y}, {qAbs(width), y},
+               caret, ABack ? line.left(-width) : QString());
+        FLines->ReplaceInLine(y, 0, qMax(-width, 0), width > 0 ? step : QString());
+        for (QPoint *P : {&caret, &start, &end})
+            if (P->y() == y && (P->x() > 0 || AFirst == ALast))
+                P->setX(qMax(P->x() + width, 0));
+    }
+    MoveTo(caret);
+    SetSelStart(start);
+    SetSelEnd(end);
+    Redraw();
 }
 
 // --- the whole text ------------------------------------------------------------------------------
@@ -357,18 +590,37 @@ void TZtCodeEdit::InsertCode(int ALinePos, int ACharPos, const QString &ATxt)
 
 void TZtCodeEdit::SetLines(const TStringList *Value)
 {
-    FLines->Assign(Value);
-    FModified = false;
-    Invalidate();
+    Operate([&] {
+        FLines->Assign(Value);
+        MarkSaved();
+    });
+    Redraw();
+}
+
+// What comes behind in the same operation is a change of the text that is saved.
+void TZtCodeEdit::MarkSaved()
+{
+    if (FHistory)
+        FHistory->Split();
+    SetModified(false);
 }
 
 void TZtCodeEdit::SetText(const QString &S)
 {
-    FLines->SetText(S);
-    InitSelectionAndPosition();
+    Operate([&] {
+        FLines->SetText(S);
+        InitSelectionAndPosition();
+    });
 }
 
 void TZtCodeEdit::LoadFromFile(const QString &aFileName)
+{
+    Operate([&] { Load(aFileName); });
+    if (!FUndoLoads && FHistory)
+        FHistory->Clear();
+}
+
+void TZtCodeEdit::Load(const QString &aFileName)
 {
     SetLinePos(0);
     SetCharPos(0);
@@ -380,5 +632,7 @@ void TZtCodeEdit::LoadFromFile(const QString &aFileName)
         FLines->SetUtf8Text(stream.Bytes(), stream.Bytes().size() - stream.Content().size());
     else
         FLines->SetText(stream.GetWString());
-    Invalidate();
+    if (IsCorrected(zcEvents))
+        MarkSaved();
+    Redraw();
 }

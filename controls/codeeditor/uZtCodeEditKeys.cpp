@@ -1,5 +1,6 @@
 #include "uZtCodeEdit.h"
 
+#include "uZtIndentation.h"
 #include "uZtWordScan.h"
 
 #include <QInputMethodEvent>
@@ -8,22 +9,30 @@
 #include <algorithm>
 #include <array>
 
+using enum TZtCorrection;
+
 namespace {
 
 constexpr quint32 MsgSearchDialog = quint32(TZtMsg::wmUser) + 2;
 constexpr quint32 MsgSearchAgain = quint32(TZtMsg::wmUser) + 3;
+constexpr quint32 MsgRedo = quint32(TZtMsg::wmUser) + 4;
 
-enum class TModifiers { Ctrl, Shift, Any };
+enum class TModifiers { None, Ctrl, Shift, CtrlShift, Any };
 
 // Each command answers to two codes: its letter, and the code of that letter in lower case, which
 // is a function or numeric-pad key. Hosts know both.
 struct TShortcut {
     quint16 Code;
     quint16 OtherCode;
-    TModifiers Modifiers; // Ctrl and Shift: exactly that key
+    TModifiers Modifiers; // exactly those keys
     quint32 Msg;
     quint64 WParam;
+    TZtCorrections With = {};    // the row is there with these alone
+    TZtCorrections Without = {}; // and not with these
 };
+
+constexpr auto Forward = quint64(TZtSearchAgain::saForward);
+constexpr auto Backward = quint64(TZtSearchAgain::saBackward);
 
 // The first row that matches is taken.
 constexpr std::array Shortcuts = {
@@ -36,19 +45,30 @@ constexpr std::array Shortcuts = {
     TShortcut{TZtKey::Letter('F'), TZtKey::Numpad6, TModifiers::Ctrl, MsgSearchDialog, 0},
     TShortcut{TZtKey::Letter('R'), TZtKey::F3, TModifiers::Ctrl, MsgSearchDialog, 1},
     // R alone repeats the search too; its character is typed all the same.
-    TShortcut{TZtKey::Letter('R'), TZtKey::F3, TModifiers::Any, MsgSearchAgain, 0},
+    TShortcut{TZtKey::Letter('R'), TZtKey::F3, TModifiers::Any, MsgSearchAgain, 0, {}, zcSearchKey},
+    TShortcut{TZtKey::F3, TZtKey::F3, TModifiers::None, MsgSearchAgain, Forward, zcSearchKey},
+    TShortcut{TZtKey::F3, TZtKey::F3, TModifiers::Shift, MsgSearchAgain, Backward, zcSearchKey},
+    TShortcut{TZtKey::Letter('H'), TZtKey::Letter('H'), TModifiers::Ctrl, MsgSearchDialog, 1,
+              zcSearchKey},
+    TShortcut{TZtKey::Letter('Y'), TZtKey::Letter('Y'), TModifiers::Ctrl, MsgRedo, 0, zcUndo},
+    TShortcut{TZtKey::Letter('Z'), TZtKey::Letter('Z'), TModifiers::CtrlShift, MsgRedo, 0, zcUndo},
 };
 
 bool Matches(TModifiers AModifiers, TShiftState AShift)
 {
-    return AModifiers == TModifiers::Any ||
-           AShift == TShiftState(AModifiers == TModifiers::Ctrl ? ssCtrl : ssShift);
+    const bool ctrl = AModifiers == TModifiers::Ctrl || AModifiers == TModifiers::CtrlShift;
+    const bool shift = AModifiers == TModifiers::Shift || AModifiers == TModifiers::CtrlShift;
+    TShiftState wanted;
+    wanted.setFlag(ssCtrl, ctrl);
+    wanted.setFlag(ssShift, shift);
+    return AModifiers == TModifiers::Any || AShift == wanted;
 }
 
-const TShortcut *FindShortcut(quint16 AKey, TShiftState AShift)
+const TShortcut *FindShortcut(quint16 AKey, TShiftState AShift, TZtCorrections ACorrections)
 {
     const auto row = std::find_if(Shortcuts.begin(), Shortcuts.end(), [=](const TShortcut &s) {
-        return (AKey == s.Code || AKey == s.OtherCode) && Matches(s.Modifiers, AShift);
+        return (AKey == s.Code || AKey == s.OtherCode) && Matches(s.Modifiers, AShift) &&
+               (!s.With || (s.With & ACorrections)) && !(s.Without & ACorrections);
     });
     return row == Shortcuts.end() ? nullptr : &*row;
 }
@@ -76,7 +96,7 @@ struct TZtCodeEdit::TKeyAction {
 
 void TZtCodeEdit::KeyCommand(quint16 &Key, TShiftState Shift)
 {
-    const TShortcut *shortcut = FindShortcut(Key, Shift);
+    const TShortcut *shortcut = FindShortcut(Key, Shift, FCorrections);
     if (!shortcut)
         return;
     ZtPostMessage(this, shortcut->Msg, shortcut->WParam);
@@ -84,6 +104,11 @@ void TZtCodeEdit::KeyCommand(quint16 &Key, TShiftState Shift)
 }
 
 void TZtCodeEdit::KeyDown(quint16 &Key, TShiftState Shift)
+{
+    Operate([&] { DoKey(Key, Shift); });
+}
+
+void TZtCodeEdit::DoKey(quint16 &Key, TShiftState Shift)
 {
     KeyCommand(Key, Shift);
     if (IsMovementKey(Key)) {
@@ -117,7 +142,7 @@ void TZtCodeEdit::SelectAll()
     SetCharPos(FLinePos < FLines->GetCount() ? FLines->GetLength(FLinePos) : 0);
     FSelEnd = QPoint(0, 0);
     FSelStart = QPoint(FCharPos, FLinePos);
-    Invalidate();
+    Redraw();
 }
 
 bool TZtCodeEdit::KeyLeft(TShiftState AShift)
@@ -126,6 +151,8 @@ bool TZtCodeEdit::KeyLeft(TShiftState AShift)
         GotoNextChar(false);
     else if (FCharPos > 0)
         SetCharPos(FCharPos - CharactersBefore(FCharPos));
+    else if (IsCorrected(zcKeys) && FLinePos > 0)
+        CrossTo(FLinePos - 1, true);
     return true;
 }
 
@@ -133,43 +160,82 @@ bool TZtCodeEdit::KeyRight(TShiftState AShift)
 {
     if (AShift.testFlag(ssCtrl))
         GotoNextChar(true);
-    else if (FCharPos < LastColumn)
+    else if (IsCorrected(zcKeys) && !FOptions.testFlag(TZtCodeOption::coVirtualSpace) &&
+             FLinePos + 1 < FLines->GetCount() && FCharPos >= FLines->GetLength(FLinePos))
+        CrossTo(FLinePos + 1, false);
+    else if (FCharPos < LastColumn || IsCorrected(zcKeys))
         SetCharPos(FCharPos + CharactersAfter(FCharPos));
     return true;
 }
 
+// Goes over a line's end.
+void TZtCodeEdit::CrossTo(int ALine, bool AToEnd)
+{
+    SetLinePos(ALine);
+    SetCharPos(AToEnd ? FLines->GetLength(ALine) : 0);
+}
+
+// Up or down, with `zcCaret` to the cell where the caret was when it last moved otherwise.
+void TZtCodeEdit::MoveByLines(int ALines)
+{
+    const int line = qBound(0, FLinePos + ALines, qMax(FLines->GetCount() - 1, 0));
+    const int cell = FWantedCell >= 0 ? FWantedCell : GetCaretCell();
+    MoveTo({ColumnAt(line, cell), line});
+    FWantedCell = cell;
+}
+
 bool TZtCodeEdit::KeyUp(TShiftState)
 {
-    if (FLinePos > 0)
+    if (IsCorrected(zcCaret))
+        MoveByLines(-1);
+    else if (FLinePos > 0)
         SetLinePos(FLinePos - 1);
     return true;
 }
 
 bool TZtCodeEdit::KeyDownLine(TShiftState)
 {
-    if (FLinePos < FLines->GetCount())
+    if (IsCorrected(zcCaret))
+        MoveByLines(1);
+    else if (FLinePos < FLines->GetCount())
         SetLinePos(FLinePos + 1);
     return true;
 }
 
 bool TZtCodeEdit::KeyPageUp(TShiftState)
 {
-    SetLinePos(FLinePos - FVScrollBar->GetPageSize());
+    if (IsCorrected(zcCaret))
+        MoveByLines(-FVScrollBar->GetPageSize());
+    else
+        SetLinePos(FLinePos - FVScrollBar->GetPageSize());
     return true;
 }
 
 bool TZtCodeEdit::KeyPageDown(TShiftState)
 {
-    SetLinePos(FLinePos + FVScrollBar->GetPageSize());
+    if (IsCorrected(zcCaret))
+        MoveByLines(FVScrollBar->GetPageSize());
+    else
+        SetLinePos(FLinePos + FVScrollBar->GetPageSize());
     return true;
 }
 
 bool TZtCodeEdit::KeyHome(TShiftState AShift)
 {
-    SetCharPos(0);
-    if (AShift.testFlag(ssCtrl))
+    const bool lineAlone = !AShift.testFlag(ssCtrl);
+    SetCharPos(lineAlone && IsCorrected(zcTabs) ? HomeColumn() : 0);
+    if (!lineAlone)
         SetLinePos(0);
     return true;
+}
+
+// The first character that is not blank, or column 0 where the caret stands there already.
+int TZtCodeEdit::HomeColumn() const
+{
+    if (FLinePos >= FLines->GetCount())
+        return 0;
+    const int column = int(ZtIndentOf(FLines->GetStrings(FLinePos)));
+    return FCharPos == column ? 0 : column;
 }
 
 bool TZtCodeEdit::KeyEnd(TShiftState AShift)
@@ -185,7 +251,12 @@ bool TZtCodeEdit::KeyEnd(TShiftState AShift)
 
 bool TZtCodeEdit::KeyDelete(TShiftState AShift)
 {
+    if (AShift.testFlag(ssCtrl) && IsCorrected(zcBackspace)) {
+        EraseWord(true);
+        return true;
+    }
     if (FSelEnd.x() == -1 || FSelEnd == FSelStart) {
+        FJoin = TZtUndoJoin::ujErased;
         FSelStart = QPoint(FCharPos, FLinePos);
         FSelEnd = QPoint(FCharPos + CharactersAfter(FCharPos), FLinePos);
         if (FLinePos > FLines->GetCount() - 1)
@@ -193,27 +264,38 @@ bool TZtCodeEdit::KeyDelete(TShiftState AShift)
         if (FLines->GetLength(FLinePos) < FSelEnd.x())
             FSelEnd = QPoint(0, FLinePos + 1);
     }
-    QString deleted;
-    DeleteSelected(AShift.testFlag(ssShift) ? TZtChangeType::ctCut : TZtChangeType::ctDelete,
-                   deleted);
+    Erase(AShift.testFlag(ssShift) ? TZtChangeType::ctCut : TZtChangeType::ctDelete, nullptr);
     return true;
 }
 
 int TZtCodeEdit::CharactersBefore(int AColumn) const
 {
-    return FLinePos < FLines->GetCount() && ZtIsPair(*FLines, FLinePos, AColumn - 2) ? 2 : 1;
+    if (FLinePos >= FLines->GetCount())
+        return 1;
+    if (IsCorrected(zcCells))
+        return AColumn - ZtPreviousCluster(FLines->View(FLinePos), AColumn, FCells);
+    return ZtIsPair(*FLines, FLinePos, AColumn - 2) ? 2 : 1;
 }
 
 int TZtCodeEdit::CharactersAfter(int AColumn) const
 {
-    return FLinePos < FLines->GetCount() && ZtIsPair(*FLines, FLinePos, AColumn) ? 2 : 1;
+    if (FLinePos >= FLines->GetCount())
+        return 1;
+    if (IsCorrected(zcCells))
+        return ZtNextCluster(FLines->View(FLinePos), AColumn, FCells) - AColumn;
+    return ZtIsPair(*FLines, FLinePos, AColumn) ? 2 : 1;
 }
 
 void TZtCodeEdit::GotoNextChar(bool Forward)
 {
     if (FLinePos < 0 || FLinePos >= FLines->GetCount())
         return;
-    const QPoint to = ZtWordJump(*FLines, QPoint(FCharPos, FLinePos), Forward);
+    const QPoint from(FCharPos, FLinePos);
+    if (IsCorrected(zcWords))
+        return MoveTo(ZtUnicodeWordJump(*FLines, from, Forward));
+    const QPoint to = ZtWordJump(*FLines, from, Forward);
+    if (IsCorrected(zcCaret))
+        return MoveTo(to);
     SetCharPos(to.x());
     SetLinePos(to.y());
 }
@@ -228,15 +310,29 @@ bool TZtCodeEdit::focusNextPrevChild(bool)
     return false; // Tab is the editor's
 }
 
+void TZtCodeEdit::keyPressEvent(QKeyEvent *AEvent)
+{
+    const bool tab = AEvent->key() == Qt::Key_Tab || AEvent->key() == Qt::Key_Backtab;
+    if (tab && AEvent->modifiers().testFlag(Qt::ControlModifier) && IsCorrected(zcKeys)) {
+        TCustomControl::focusNextPrevChild(AEvent->key() == Qt::Key_Tab &&
+                                           !AEvent->modifiers().testFlag(Qt::ShiftModifier));
+        return;
+    }
+    TCustomControl::keyPressEvent(AEvent);
+}
+
 bool TZtCodeEdit::event(QEvent *AEvent)
 {
+    if (AEvent->isInputEvent())
+        PutOffIdle();
     // What the editor does with a key goes before a host's shortcut of the same key.
     if (AEvent->type() == QEvent::ShortcutOverride) {
         const auto *key = static_cast<QKeyEvent *>(AEvent);
         const quint16 code = ZtVirtualKey(*key);
         const TShiftState shift = ZtShiftStateOf(*key);
         if (IsMovementKey(code) || code == TZtKey::Home || code == TZtKey::End ||
-            code == TZtKey::Delete || IsSelectAll(code, shift) || FindShortcut(code, shift) ||
+            code == TZtKey::Delete || IsSelectAll(code, shift) ||
+            FindShortcut(code, shift, FCorrections) ||
             (code != TZtKey::Escape && !ZtCharactersOf(*key).isEmpty())) {
             AEvent->accept();
             return true;
@@ -248,7 +344,7 @@ bool TZtCodeEdit::event(QEvent *AEvent)
 void TZtCodeEdit::inputMethodEvent(QInputMethodEvent *AEvent)
 {
     FComposition = AEvent->preeditString();
-    Invalidate();
+    Redraw();
     TCustomControl::inputMethodEvent(AEvent);
 }
 

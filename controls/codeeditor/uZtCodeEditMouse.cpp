@@ -1,9 +1,13 @@
 #include "uZtCodeEdit.h"
 
+#include <QApplication>
+
 #include <QContextMenuEvent>
 #include <QWheelEvent>
 
 #include <cstdlib>
+
+using enum TZtCorrection;
 
 namespace {
 
@@ -13,6 +17,10 @@ constexpr int WheelNotch = 120; // in eighths of a degree
 
 void TZtCodeEdit::MoveCaretTo(int X, int Y)
 {
+    if (IsCorrected(zcCaret) || IsCorrected(zcCells) || IsCorrected(zcTabs)) {
+        const QPoint at = PlaceAt(X - RealGuttorWidth(), Y);
+        return IsCorrected(zcCaret) ? MoveTo(at) : (SetCharPos(at.x()), SetLinePos(at.y()));
+    }
     if (FCharWidth > 0)
         SetCharPos(FHScrollBar->GetPosition() + (X - RealGuttorWidth()) / FCharWidth);
     // Read after the column is set, which may have moved the caret and the view.
@@ -20,7 +28,23 @@ void TZtCodeEdit::MoveCaretTo(int X, int Y)
         SetLinePos(FVScrollBar->GetPosition() + Y / FLineWidth);
 }
 
+// The place in the text at a pixel right of the gutter's edge.
+QPoint TZtCodeEdit::PlaceAt(int X, int Y) const
+{
+    const int cell = FHScrollBar->GetPosition() + (FCharWidth > 0 ? X / FCharWidth : 0);
+    const int row = FLineWidth > 0 ? (Y < 0 ? Y - FLineWidth + 1 : Y) / FLineWidth : 0;
+    int line = FVScrollBar->GetPosition() + row;
+    if (IsCorrected(zcCaret))
+        line = qBound(0, line, qMax(FLines->GetCount() - 1, 0));
+    return {ColumnAt(line, cell), line};
+}
+
 void TZtCodeEdit::MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y)
+{
+    Operate([&] { DoMouseDown(Button, Shift, X, Y); });
+}
+
+void TZtCodeEdit::DoMouseDown(TMouseButton Button, TShiftState Shift, int X, int Y)
 {
     TCustomControl::MouseDown(Button, Shift, X, Y);
     setFocus(Qt::MouseFocusReason);
@@ -29,6 +53,11 @@ void TZtCodeEdit::MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y
         inMouseMove = false;
         FInMouseSetSelection = false;
         MoveCaretTo(X, Y);
+        FPressPlace = QPoint(FCharPos, FLinePos);
+        if (IsThirdClick(QPoint(X, Y))) {
+            SelectLine(FLinePos);
+            InMouseDown = false; // a hand that trembles selects nothing else
+        }
     } else if (Button == TMouseButton::mbRight && FPopupMenu) {
         FPopupMenu->setProperty("PopupComponent", QVariant::fromValue<QObject *>(this));
         FPopupMenu->popup(mapToGlobal(QPoint(X, Y) + ClientArea().topLeft()));
@@ -40,9 +69,15 @@ void TZtCodeEdit::MouseMove(TShiftState Shift, int X, int Y)
     TCustomControl::MouseMove(Shift, X, Y);
     if (!InMouseDown)
         return;
-    inMouseMove = true;
-    MoveCaretTo(X, Y);
-    SetSelection(false);
+    if (IsCorrected(zcKeys) && !inMouseMove && PlaceAt(X - RealGuttorWidth(), Y) == FPressPlace)
+        return; // the button has only just gone down
+    const bool begins = !std::exchange(inMouseMove, true);
+    Operate([&] {
+        if (begins && IsCorrected(zcKeys) && !Shift.testFlag(ssShift))
+            SetSelEnd(FPressPlace); // also where a word was selected meanwhile
+        MoveCaretTo(X, Y);
+        SetSelection(false);
+    });
 }
 
 void TZtCodeEdit::MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y)
@@ -87,10 +122,31 @@ void TZtCodeEdit::CalcCursor(int &X, int &Y)
 {
     X = FCharWidth < 1 ? -1 : FHScrollBar->GetPosition() + (X - FGuttorWidth) / FCharWidth;
     Y = FLineWidth < 1 ? -1 : FVScrollBar->GetPosition() + Y / FLineWidth;
+    X = ColumnAt(Y, X);
+}
+
+// The press that belongs to a double click comes right behind it, the third one as late as a
+// second one may.
+bool TZtCodeEdit::IsThirdClick(const QPoint &APlace)
+{
+    if (!IsCorrected(zcWords) || !FSinceDblClick.isValid())
+        return false;
+    if (!FDblClickPressed) {
+        FDblClickPressed = true;
+        FDblClickPlace = APlace;
+        return false;
+    }
+    const bool near =
+        (APlace - FDblClickPlace).manhattanLength() < QApplication::startDragDistance();
+    const bool soon = FSinceDblClick.elapsed() <= QApplication::doubleClickInterval();
+    FSinceDblClick.invalidate();
+    return near && soon;
 }
 
 void TZtCodeEdit::DblClick()
 {
+    FDblClickPressed = false;
     TCustomControl::DblClick();
+    FSinceDblClick.start();
     ZtPostMessage(this, quint32(TZtMsg::wmUser) + 1);
 }

@@ -1,4 +1,4 @@
-#include "uZtCodeEdit.h"
+#include "uZtCodeEditPass.h"
 
 #include "uZtSystemColors.h"
 
@@ -6,50 +6,12 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 
-#include <array>
-
 namespace {
 
 constexpr int LongestPiece = 16'384; // of a line that the lexer is given at once
 constexpr int ReadOnlyDarker = 10;   // per cent
-constexpr int TextLeft = 2;          // between the gutter and the first column, in pixels
-
-bool Before(const QPoint &A, const QPoint &B)
-{
-    return A.y() < B.y() || (A.y() == B.y() && A.x() < B.x());
-}
 
 } // namespace
-
-// The state of one walk over the visible tokens.
-struct TZtCodeEdit::TPaintPass {
-    QPoint Begin; // the selection, in order
-    QPoint End;
-    int Row = 0; // the screen line
-    int Left = 0;
-    int Right = 0; // of the client area: what stands there is out of sight
-    int X = 0;
-    int Col = 0; // characters drawn on the line so far
-    int LastLine = -1;
-    bool LineColoured = false;
-    TColor LineBack = 0;
-    TColor LineFore = 0;
-    bool AfterBreak = false;
-
-    QString Token;
-    TColor Back = 0;
-    TColor Fore = 0;
-    TFontStyles Style;
-    bool LineBreak = false;
-
-    std::array<QRgb, 32> SystemColours{}; // of the palette, looked up once
-    QRgb Rgb(TColor AColor) const
-    {
-        if ((AColor >> 24) == 0xFF)
-            return SystemColours[AColor % SystemColours.size()];
-        return qRgb(int(AColor & 0xFF), int((AColor >> 8) & 0xFF), int((AColor >> 16) & 0xFF));
-    }
-};
 
 bool TZtCodeEdit::ParserGetNewBuffer(bool AReset, QString &S)
 {
@@ -62,7 +24,8 @@ bool TZtCodeEdit::ParserGetNewBuffer(bool AReset, QString &S)
         if (FParserLineNr >= FLines->GetCount())
             return false;
         FParserColumn = 0;
-        FLines->SetObjects(FParserLineNr, GetParser()->GetLineKind());
+        if (!IsCorrected(TZtCorrection::zcPicture)) // else a paint stores nothing
+            FLines->SetObjects(FParserLineNr, GetParser()->GetLineKind());
         ParserLineCollapse = IsLineCollapse(FParserLineNr, ParserLineCollapsed);
         ++FParserLineNr;
     }
@@ -120,7 +83,10 @@ void TZtCodeEdit::Paint()
     const QScopedValueRollback inPaint(InPaint, true);
     FLastPaint.start();
     if (BeginFrame()) {
-        ComposeLines();
+        if (IsCorrected(TZtCorrection::zcPicture))
+            ComposeText();
+        else
+            ComposeLines();
         FFrame.Finish();
     }
     CopyFrame();
@@ -139,11 +105,12 @@ bool TZtCodeEdit::BeginFrame()
     DarkenColor(back, GetReadOnly(), ReadOnlyDarker);
     const auto color = [this](TColor c) { return ZtToQColor(c, palette()).rgb(); };
     const int g = RealGuttorWidth();
-    const int margin = (FRightMargin - FHScrollBar->GetPosition()) * FCharWidth + TextLeft;
+    const int margin = (FRightMargin - FHScrollBar->GetPosition()) * FCharWidth + ZtTextLeft;
     const bool marginShown = GetShowRightMargin() && margin > 0 && margin < GetClientWidth() - g;
     FFrame.Begin({ClientArea().size(), devicePixelRatioF(), font(), g,
                   marginShown ? g + margin : -1, color(back), color(FRightMarginColor),
-                  color(clBtnFace), color(clBtnHighlight), color(clBtnShadow)});
+                  color(clBtnFace), color(clBtnHighlight), color(clBtnShadow),
+                  IsCorrected(TZtCorrection::zcPicture)});
     return FCharWidth > 0 && FLineWidth > 0;
 }
 
@@ -156,6 +123,13 @@ void TZtCodeEdit::PrepareParser()
     parser->SetEndLines(true);
     parser->SetLineKind(FLines->GetObjects(first));
     SetParserLineNr(first);
+    FeedParser();
+}
+
+// The lexer reads the editor's text, also when a host uses it between two paints.
+void TZtCodeEdit::FeedParser()
+{
+    TZtLangParser *parser = GetParser();
     // A host's parser may outlive the editor; it reads the end of the input then.
     parser->OnGetNewBuffer = [editor = QPointer(this)](bool reset, QString &s) {
         return editor && editor->ParserGetNewBuffer(reset, s);
@@ -164,6 +138,18 @@ void TZtCodeEdit::PrepareParser()
         if (editor)
             editor->ParserSkipTo(text);
     };
+}
+
+void TZtCodeEdit::BeginPass(TPaintPass &APass) const
+{
+    const bool reversed = ZtIsBefore(FSelEnd, FSelStart);
+    APass.Begin = reversed ? FSelEnd : FSelStart;
+    APass.End = reversed ? FSelStart : FSelEnd;
+    APass.Left = RealGuttorWidth() - FHScrollBar->GetPosition() * FCharWidth + ZtTextLeft;
+    APass.Right = GetClientWidth();
+    APass.X = APass.Left;
+    for (quint32 i = 0; i < APass.SystemColours.size(); ++i)
+        APass.SystemColours[i] = ZtToQColor(ZtSystemColor(i), palette()).rgb();
 }
 
 void TZtCodeEdit::ComposeLines()
@@ -175,14 +161,7 @@ void TZtCodeEdit::ComposeLines()
     const TZtNotifier::THold lexing(*parser);
     const THold hold(*this);
     TPaintPass pass;
-    const bool reversed = Before(FSelEnd, FSelStart);
-    pass.Begin = reversed ? FSelEnd : FSelStart;
-    pass.End = reversed ? FSelStart : FSelEnd;
-    pass.Left = RealGuttorWidth() - FHScrollBar->GetPosition() * FCharWidth + TextLeft;
-    pass.Right = GetClientWidth();
-    pass.X = pass.Left;
-    for (quint32 i = 0; i < pass.SystemColours.size(); ++i)
-        pass.SystemColours[i] = ZtToQColor(ZtSystemColor(i), palette()).rgb();
+    BeginPass(pass);
     // A handler may exchange the lexer; the paint that this asks for shows the whole text.
     while (pass.Row * FLineWidth < GetHeight() && parser == GetParser()) {
         if (!FParser->GetNextToken(pass.Token, pass.Back, pass.Fore, pass.Style, pass.LineBreak))
@@ -330,6 +309,8 @@ void TZtCodeEdit::UpdatePageSizes()
         (GetClientWidth() - FVScrollBar->width() - RealGuttorWidth()) / FCharWidth - 1;
     if (FHScrollBar->GetPageSize() != columns)
         FHScrollBar->SetPageSize(columns);
+    if (IsCorrected(TZtCorrection::zcScroll))
+        SetRanges(columns, lines);
 }
 
 void TZtCodeEdit::paintEvent(QPaintEvent *AEvent)

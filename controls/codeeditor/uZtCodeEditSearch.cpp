@@ -16,7 +16,9 @@ namespace {
 // from a host's.
 constexpr int ResultOK = 1;
 constexpr int ResultReplaceAll = 14;
+constexpr int ResultReplaceAllButton = 10;
 
+constexpr quint32 MsgSearchDialog = quint32(TZtMsg::wmUser) + 2;
 constexpr quint32 MsgSearch = quint32(TZtMsg::wmUser) + 3;
 
 using TDlgType = TFrmCodeEditSearchReplaceDlgType;
@@ -51,10 +53,13 @@ void TZtCodeEdit::WMSearchReplaceDlg(TZtMessage &Message)
         OfferSelection();
     const THold hold(*this); // the editor may be deleted while the dialog is open
     const int result = FSearchDlg->ShowModal();
-    if ((result != ResultOK && result != ResultReplaceAll) || IsAbandoned())
+    const bool replaceAll =
+        result == ResultReplaceAll ||
+        (result == ResultReplaceAllButton && IsCorrected(TZtCorrection::zcReplaceAll));
+    if ((result != ResultOK && !replaceAll) || IsAbandoned())
         return;
     TakeSearchOptions();
-    FSearchOptions.ReplaceAll = result == ResultReplaceAll;
+    FSearchOptions.ReplaceAll = replaceAll;
     ZtPostMessage(this, MsgSearch);
 }
 
@@ -120,11 +125,16 @@ void TZtCodeEdit::SetSearchOptions(const TZtSearchReplaceOptions &Value)
     FSearchGiven = true;
 }
 
-void TZtCodeEdit::WMSearchReplace(TZtMessage &)
+void TZtCodeEdit::WMSearchReplace(TZtMessage &Message)
 {
-    if (!FSearchDlg && !FSearchGiven)
+    const THold hold(*this); // it may be deleted while a box is open
+    const bool once = FSearchDlg || FSearchGiven;
+    if (!once && IsCorrected(TZtCorrection::zcSearchKey))
+        ZtPostMessage(this, MsgSearchDialog); // there is nothing to repeat yet
+    if (!once)
         return;
-    const THold hold(*this);                               // it may be deleted while a box is open
+    if (IsCorrected(TZtCorrection::zcReplaceAll) || Message.WParam != 0)
+        return Operate([&] { SearchStep(TZtSearchAgain(qMin<quint64>(Message.WParam, 2))); });
     auto ended = qScopeGuard([this] { EndReplaceAll(); }); // also by what the step raises
     QPoint match;
     if (!FindMatch(match)) {
@@ -252,5 +262,5 @@ void TZtCodeEdit::EndReplaceAll()
         return;
     HoldScrollBars(false);
     ResetCaret();
-    Invalidate();
+    Redraw();
 }

@@ -2,20 +2,25 @@
 
 #include "uZtPlatform.h"
 #include "uZtStrings.h"
+#include "uZtWordScan.h"
+
+#include <QScopeGuard>
 
 #include <array>
+
+using enum TZtCorrection;
 
 void TZtCodeEdit::SetSelStart(const QPoint &P)
 {
     if (FSelStart != P)
-        Invalidate();
+        Redraw();
     FSelStart = P;
 }
 
 void TZtCodeEdit::SetSelEnd(const QPoint &P)
 {
     if (FSelEnd != P)
-        Invalidate();
+        Redraw();
     FSelEnd = P;
 }
 
@@ -26,7 +31,7 @@ void TZtCodeEdit::SetSelection(bool ACollapse)
     if (FInMouseSetSelection)
         anchorMoves = false; // a drag goes on
     else if (inMouseMove)
-        anchorMoves = true; // a drag has just begun
+        anchorMoves = !IsCorrected(zcKeys); // a drag has just begun
     else
         anchorMoves = ACollapse || !ZtPlatform().KeyboardShift().testFlag(ssShift);
     if (anchorMoves)
@@ -47,8 +52,21 @@ void TZtCodeEdit::InitSelectionAndPosition()
     SetLinePos(0);
 }
 
+// What only looks at the selection leaves it as it is, where that is corrected.
+auto TZtCodeEdit::KeepSelection()
+{
+    auto keep = qScopeGuard([this, start = FSelStart, end = FSelEnd] {
+        FSelStart = start;
+        FSelEnd = end;
+    });
+    if (!IsCorrected(zcClipboard) && MayEdit())
+        keep.dismiss();
+    return keep;
+}
+
 void TZtCodeEdit::GetSelected(QString &Selected)
 {
+    const auto keep = KeepSelection();
     const bool swapped = SelectionReversed();
     if (swapped)
         std::swap(FSelStart, FSelEnd);
@@ -64,6 +82,7 @@ void TZtCodeEdit::GetSelected(QString &Selected)
 
 int TZtCodeEdit::SelLength()
 {
+    const auto keep = KeepSelection();
     const bool swapped = SelectionReversed();
     if (swapped)
         std::swap(FSelStart, FSelEnd);
@@ -89,6 +108,8 @@ void TZtCodeEdit::WMSselectWord(TZtMessage &)
     static constexpr TZtCharSet word{{u'0', u'9'}, {u'A', u'Z'}, {u'a', u'z'}, u'_'};
     if (FLinePos >= FLines->GetCount())
         return;
+    if (IsCorrected(zcWords))
+        return SelectWord();
     const QString line = FLines->GetStrings(FLinePos);
     const int length = int(line.size());
     if (FCharPos >= length)
@@ -107,11 +128,33 @@ void TZtCodeEdit::WMSselectWord(TZtMessage &)
     SetCharPos(end);
     FSelEnd.setX(start);
     FSelStart.setX(end);
-    Invalidate();
+    Redraw();
+}
+
+void TZtCodeEdit::SelectWord()
+{
+    const QPoint caret = InText({FCharPos, FLinePos});
+    const auto [start, end] = ZtWordAt(FLines->View(caret.y()), caret.x());
+    if (start == end)
+        return;
+    MoveTo({end, caret.y()});
+    SetSelEnd({start, caret.y()});
+}
+
+// With its break, as far as it has a line below it.
+void TZtCodeEdit::SelectLine(int ALine)
+{
+    if (ALine >= FLines->GetCount())
+        return;
+    const bool last = ALine + 1 == FLines->GetCount();
+    MoveTo(last ? QPoint(FLines->GetLength(ALine), ALine) : QPoint(0, ALine + 1));
+    SetSelEnd({0, ALine});
 }
 
 void TZtCodeEdit::WMCut(TZtMessage &)
 {
+    if (IsCorrected(zcClipboard))
+        return Erase(TZtChangeType::ctCut, nullptr);
     QString text;
     DeleteSelected(TZtChangeType::ctCut, text);
     Tell([&] { ZtPlatform().SetClipboardText(text); }); // empties it when nothing was selected
@@ -121,6 +164,8 @@ void TZtCodeEdit::WMCopy(TZtMessage &)
 {
     QString text;
     GetSelected(text);
+    if (text.isEmpty() && IsCorrected(zcClipboard))
+        return;
     Tell([&] { ZtPlatform().SetClipboardText(text); });
 }
 
@@ -128,13 +173,16 @@ void TZtCodeEdit::WMPaste(TZtMessage &)
 {
     QString text;
     Tell([&] { text = ZtPlatform().ClipboardText(); });
-    QString deleted;
-    DeleteSelected(TZtChangeType::ctDelete, deleted);
-    InsertText(TZtChangeType::ctPaste, text);
-    SetSelection(true);
+    Operate([&] {
+        Erase(TZtChangeType::ctDelete, nullptr);
+        InsertText(TZtChangeType::ctPaste, text);
+        SetSelection(true);
+    });
 }
 
-void TZtCodeEdit::WMUndo(TZtMessage &) { FUndoList->Undo(); }
+void TZtCodeEdit::WMUndo(TZtMessage &) { Undo(); }
+
+void TZtCodeEdit::WMRedo(TZtMessage &) { Redo(); }
 
 bool TZtCodeEdit::Dispatch(TZtMessage &Message)
 {
@@ -157,6 +205,7 @@ bool TZtCodeEdit::Dispatch(TZtMessage &Message)
         THandler{quint32(TZtMsg::wmUser) + 1, &TZtCodeEdit::WMSselectWord},
         THandler{quint32(TZtMsg::wmUser) + 2, &TZtCodeEdit::WMSearchReplaceDlg},
         THandler{quint32(TZtMsg::wmUser) + 3, &TZtCodeEdit::WMSearchReplace},
+        THandler{quint32(TZtMsg::wmUser) + 4, &TZtCodeEdit::WMRedo},
     };
     for (const THandler &handler : handlers) {
         if (handler.Msg == Message.Msg) {

@@ -7,6 +7,8 @@
 #include <QDropEvent>
 #include <QMimeData>
 
+using enum TZtCorrection;
+
 namespace {
 
 const bool Registered = ZtRegisterClass<TZtDbCodeEdit>();
@@ -20,20 +22,6 @@ void LoadLines(TStringList &ALines, QIODevice &AStream)
     ALines.BeginUpdate();
     ALines.SetText(text.GetWString());
     ALines.EndUpdate();
-}
-
-// How a field is to hold lines: CR LF after each, bytes in the encoding that they were in.
-TZtTextFormat FormatOf(const TField &AField)
-{
-    TZtStringStream old;
-    if (AField.IsBlob())
-        old.LoadFromBytes(AField.GetAsBytes());
-    TZtTextFormat format;
-    format.Encoding = old.GetFormat().Encoding;
-    format.Mark = old.GetFormat().Mark;
-    format.LineEnding = TZtLineEnding::leCrLf;
-    format.Undecodable = old.GetFormat().Undecodable || !AField.IsExact();
-    return format;
 }
 
 } // namespace
@@ -56,6 +44,13 @@ struct TZtDbCodeEdit::TPlace {
         AEdit.SetLinePos(LinePos);
         AEdit.SetCharPos(CharPos);
     }
+};
+
+// The lines as a field is to hold them, UTF-8 for a field of text.
+struct TZtDbCodeEdit::TCopy {
+    TZtTextFormat Format;
+    QByteArray Bytes;
+    bool IsExact = true; // no character was replaced
 };
 
 TZtDbCodeEdit::TPlace TZtDbCodeEdit::Place() const
@@ -115,7 +110,9 @@ void TZtDbCodeEdit::SetDataSource(TDataSource *Value)
 
 bool TZtDbCodeEdit::GetReadOnly() const
 {
-    return TZtCodeEdit::GetReadOnly() || (DataLink && DataLink->GetReadOnly());
+    if (TZtCodeEdit::GetReadOnly() || (DataLink && DataLink->GetReadOnly()))
+        return true;
+    return IsCorrected(zcRecords) && DataLink && GetField() && GetField()->GetReadOnly();
 }
 
 void TZtDbCodeEdit::SetReadOnly(bool Value)
@@ -128,6 +125,8 @@ void TZtDbCodeEdit::SetReadOnly(bool Value)
 
 void TZtDbCodeEdit::DataChange()
 {
+    if (IsCorrected(zcRecords))
+        return FollowRecord();
     FUnstored = false;
     if (const TField *field = GetField()) {
         if (SkipNextDataChange) {
@@ -171,7 +170,7 @@ void TZtDbCodeEdit::LoadMemo()
 
 void TZtDbCodeEdit::EditingChange()
 {
-    if (DataLink->GetEditing() && GetDataSource() &&
+    if (!IsCorrected(zcRecords) && DataLink->GetEditing() && GetDataSource() &&
         GetDataSource()->GetState() != TDataSetState::dsInsert)
         SkipNextDataChange = true;
 }
@@ -180,42 +179,75 @@ void TZtDbCodeEdit::UpdateData()
 {
     TField *field = GetField();
     const THold holdData(*field->GetDataSet()); // a handler may close or delete it
-    TZtTextFormat format = FormatOf(*field);
-    QByteArray bytes;
-    if (!AgreeToStore(*field, format, bytes))
+    if (IsCorrected(zcRecords) && FShown.IsLoadedIn(*GetLines())) {
+        FUnstored = false;
+        return; // led back to what it was
+    }
+    if (IsConflict(*field) && !AgreeToReplace(*field))
+        throw EAbort(QStringLiteral("The text is not stored"));
+    TCopy copy{FormatOf(*field), {}};
+    if (!AgreeToStore(*field, copy))
         throw EAbort(QStringLiteral("The text is not stored"));
     FUnstored = false;
-    if (!field->IsBlob()) {
-        field->SetText(ZtFromUtf8(bytes));
-        return;
-    }
-    const auto stream = field->GetDataSet()->CreateBlobStream(field, TBlobStreamMode::bmWrite);
-    stream->write(bytes);
-    stream->close();
-    field->Validate();
+    Store(*field, copy);
 }
 
-// Whether the field can give the text back, or the user agrees to what will be lost; encodes it
-// into `ABytes`, UTF-8 for a field of text.
-bool TZtDbCodeEdit::AgreeToStore(const TField &AField, TZtTextFormat &AFormat,
-                                 QByteArray &ABytes) const
+void TZtDbCodeEdit::Store(TField &AField, const TCopy &ACopy)
+{
+    const auto stored = [&] {
+        if (IsCorrected(zcRecords) && &AField == GetField())
+            FShown.Store(AField, *GetLines(), ACopy.Bytes, ACopy.IsExact);
+    };
+    if (!AField.IsBlob()) {
+        AField.SetText(ZtFromUtf8(ACopy.Bytes));
+        return stored();
+    }
+    const auto stream = AField.GetDataSet()->CreateBlobStream(&AField, TBlobStreamMode::bmWrite);
+    stream->write(ACopy.Bytes);
+    stream->close();
+    stored();
+    AField.Validate();
+}
+
+// How a field is to hold lines: CR LF after each unless that is corrected, bytes in the encoding
+// that they were in.
+TZtTextFormat TZtDbCodeEdit::FormatOf(const TField &AField) const
+{
+    TZtStringStream old;
+    if (AField.IsBlob())
+        old.LoadFromBytes(AField.GetAsBytes());
+    TZtTextFormat format;
+    format.Encoding = old.GetFormat().Encoding;
+    format.Mark = old.GetFormat().Mark;
+    format.LineEnding = TZtLineEnding::leCrLf;
+    format.Undecodable = old.GetFormat().Undecodable || !AField.IsExact();
+    if (IsCorrected(zcRecords))
+        FShown.GiveBreaks(format, *GetLines());
+    return format;
+}
+
+// Whether the field can give the text back, or the user agrees to what will be lost.
+bool TZtDbCodeEdit::AgreeToStore(const TField &AField, TCopy &ACopy) const
 {
     const THold hold(*this); // a question may be long
-    if (AFormat.Undecodable &&
-        !ZtAgreeOnUndecodable(AField.GetFieldName(), ZtEncodingName(AFormat.Encoding)))
+    if (ACopy.Format.Undecodable &&
+        !ZtAgreeOnUndecodable(AField.GetFieldName(), ZtEncodingName(ACopy.Format.Encoding)))
         return false;
     const auto encode = [this](const TZtTextFormat &format, std::vector<TZtLostChar> &lost) {
         return ZtEncodeLines(*GetLines(), format, lost);
     };
     if (AField.IsBlob())
-        return ZtAgreeOnEncoding(encode, AField.GetFieldName(), AFormat, ABytes);
+        return ZtAgreeOnEncoding(encode, AField.GetFieldName(), ACopy.Format, ACopy.Bytes);
     std::vector<TZtLostChar> lost;
-    ABytes = encode(AFormat, lost);
-    return lost.empty() || ZtAgreeOnReplacements(AField.GetFieldName(), lost[0]);
+    ACopy.Bytes = encode(ACopy.Format, lost);
+    ACopy.IsExact = lost.empty();
+    return ACopy.IsExact || ZtAgreeOnReplacements(AField.GetFieldName(), lost[0]);
 }
 
 bool TZtDbCodeEdit::CanStoreUnasked() const
 {
+    if (IsConflict(*GetField()))
+        return false;
     const TZtTextFormat format = FormatOf(*GetField());
     std::vector<TZtLostChar> lost;
     ZtEncodeLines(*GetLines(), format, lost);
@@ -226,7 +258,10 @@ void TZtDbCodeEdit::UpdateReadOnly()
 {
     if (!GetField())
         return;
-    SetReadOnly(GetField()->GetReadOnly());
+    if (IsCorrected(zcRecords))
+        Invalidate();
+    else
+        SetReadOnly(GetField()->GetReadOnly());
     if (WindowAvailable())
         ZtSendMessage(this, MsgSetReadOnly, GetReadOnly(), 0);
 }
@@ -236,7 +271,10 @@ void TZtDbCodeEdit::SetFocused(bool Value)
     if (Focused == Value)
         return;
     Focused = Value;
-    if ((!GetField() || !GetField()->IsBlob()) && !FUnstored)
+    const bool shows = IsCorrected(zcRecords)
+                           ? !DataLink->IsModified()
+                           : (!GetField() || !GetField()->IsBlob()) && !FUnstored;
+    if (shows)
         DataLink->Reset();
 }
 
@@ -267,13 +305,14 @@ void TZtDbCodeEdit::EnsureEditState()
 void TZtDbCodeEdit::Changed()
 {
     const THold hold(*this);
-    EnsureEditState();
-    DataLink->Modified();
+    EnterChange();
     TZtCodeEdit::Changed();
 }
 
 void TZtDbCodeEdit::KeyDown(quint16 &Key, TShiftState Shift)
 {
+    if (Key == TZtKey::Delete && !CanDelete())
+        return TCustomControl::KeyDown(Key, Shift); // NOLINT: a host hears of it, no more
     if (Key == TZtKey::Delete)
         EnsureEditState();
     TZtCodeEdit::KeyDown(Key, Shift);
@@ -281,6 +320,8 @@ void TZtDbCodeEdit::KeyDown(quint16 &Key, TShiftState Shift)
 
 void TZtDbCodeEdit::KeyCommand(quint16 &Key, TShiftState Shift)
 {
+    if (IsCorrected(zcRecords)) // what a key only announces changes nothing yet
+        return TZtCodeEdit::KeyCommand(Key, Shift);
     switch (Key) {
     case TZtKey::Insert: // these three whatever the modifiers: also the X that is only typed
     case TZtKey::Letter('X'):
@@ -343,7 +384,10 @@ void TZtDbCodeEdit::CMEnter()
 {
     const THold hold(*this);
     SetFocused(true);
+    const TPlace place = Place();
     TZtCodeEdit::CMEnter();
+    if (IsCorrected(zcRecords))
+        place.PutSelection(*this);
 }
 
 void TZtDbCodeEdit::CMExit()

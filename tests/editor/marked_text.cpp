@@ -17,7 +17,7 @@ const std::map<QString, std::pair<int, QString>> NamedKeys = {
     {"Home", {Qt::Key_Home, {}}},      {"End", {Qt::Key_End, {}}},
     {"PgUp", {Qt::Key_PageUp, {}}},    {"PgDn", {Qt::Key_PageDown, {}}},
     {"Insert", {Qt::Key_Insert, {}}},  {"F3", {Qt::Key_F3, {}}},
-    {"F11", {Qt::Key_F11, {}}},
+    {"F11", {Qt::Key_F11, {}}},        {"Backtab", {Qt::Key_Backtab, "\t"}},
 };
 
 void SendMouse(TZtCodeEdit &AEdit, QEvent::Type AType, QPoint AAt, Qt::MouseButton AButton,
@@ -42,8 +42,10 @@ void Point(QPointer<TZtCodeEdit> AEdit, const QString &AWhat, const QString &ACe
         {"release", {MouseButtonRelease}},
         {"click", {MouseButtonPress, MouseButtonRelease}},
         {"right", {MouseButtonPress}},
-        {"double",
-         {MouseButtonPress, MouseButtonRelease, MouseButtonDblClick, MouseButtonRelease}}};
+        {"double", {MouseButtonPress, MouseButtonRelease, MouseButtonDblClick, MouseButtonRelease}},
+        {"triple",
+         {MouseButtonPress, MouseButtonRelease, MouseButtonDblClick, MouseButtonRelease,
+          MouseButtonPress, MouseButtonRelease}}};
     for (const QEvent::Type type : gestures.at(AWhat))
         if (AEdit)
             SendMouse(*AEdit, type, at, AWhat == "right" ? Qt::RightButton : Qt::LeftButton,
@@ -111,7 +113,8 @@ bool TMarkedEditor::eventFilter(QObject *, QEvent *AEvent)
         return false;
     const auto *message = static_cast<TZtMessage *>(AEvent);
     Posted += QStringLiteral("%1:%2").arg(message->Msg).arg(message->WParam);
-    return message->Msg > 1025; // searching is not this fixture's business
+    // Searching is not this fixture's business.
+    return message->Msg == 1026 || message->Msg == 1027;
 }
 
 QStringList TMarkedEditor::Lines() const

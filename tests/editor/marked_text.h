@@ -11,7 +11,7 @@
 
 /// Does what a user and a host do, in words: "Shift+Right*3 Enter a Ctrl+Z" are keys, "#772" is a
 /// message, "click@2,0" a click into column 2 of the view's line 0 (also "press@", "move@",
-/// "release@", "double@", "right@"), "wheel-120" the wheel, "insert:x" an `InsertText` of the rest
+/// "release@", "double@", "triple@", "right@"), "wheel-120" the wheel, "insert:x" an `InsertText` of the rest
 /// of the word, "paint" a paint. Ends early when the editor is deleted.
 void DoInEditor(QPointer<TZtCodeEdit> AEdit, const QString &AWords);
 

@@ -257,6 +257,84 @@ static qsizetype PlainSearch(const QString &ARun, qsizetype AStart, const QStrin
     return found;
 }
 
+// With zcReplaceAll: what the form is closed with, 10 being its Replace All button, and what comes
+// of it. All replacements are one step of undo.
+TEST_F(Search, ReplacingAllAtOnce)
+{
+    const struct {
+        const char *Before, *Text, *With, *Flags, *After, *Boxes;
+        const char *Answers = "";
+    } rows[] = {
+        {"foo|\nfoo foo", "foo", "x", "", "x\nx x", ""},
+        {"|aXa\nXX", "x", "yx", "", "ayxa\nyxyx", ""}, // what was inserted is not found again
+        {"a|b ab", "ab", "", "w", "", ""},
+        {"|ab", "q", "x", "", "ab", "Search string 'q' not found."},
+        {"|a a a", "a", "b", "p", "b a b", "all 1,all 3,all 5", "yny"},
+        {"|a a a", "a", "b", "p", "b a a", "all 1,all 3", "yc"},
+        {"|a-a", "-", "\n", "", "a\na", ""},
+    };
+    Edit.SetCorrections(TZtCorrection::zcReplaceAll | TZtCorrection::zcUndo);
+    for (const auto &row : rows) {
+        SCOPED_TRACE(std::string(row.Before) + ' ' + row.Text);
+        SetMarked(row.Before);
+        Edit.ClearUndo();
+        const QString before = Edit.GetText();
+        Answers = row.Answers;
+        Boxes.clear();
+        Edit.GetSearchDlg() ? void() : Find(u"?"_s); // the form keeps what is typed into it
+        TZtSearchReplaceOptions options;
+        options.SearchString = QString(row.Text);
+        options.ReplaceWith = QString(row.With);
+        options.Replace = options.ReplaceAll = options.SearchForward = true;
+        options.PromptOnReplace = QByteArray(row.Flags).contains('p');
+        options.Options = TZtSearchFlag::sfDown;
+        options.Options.setFlag(TZtSearchFlag::sfWholeWord, QByteArray(row.Flags).contains('w'));
+        Edit.SetSearchOptions(options);
+        Boxes.clear();
+        Keys(u"#1027"_s);
+        const QString after = QString(row.After).replace("\n", "\r\n") + "\r\n";
+        if (*row.After) {
+            EXPECT_EQ(Edit.GetText(), after);
+        }
+        QStringList boxes;
+        for (const QString &box : Boxes)
+            boxes += box.startsWith("all") ? "all " + box.right(1) : box;
+        EXPECT_EQ(boxes.join(u','), row.Boxes);
+        Edit.Undo();
+        EXPECT_EQ(Edit.GetText(), before);
+        EXPECT_FALSE(Edit.GetCanUndo());
+    }
+}
+
+TEST_F(Search, TheReplaceAllButtonAndGoingRoundTheEnd)
+{
+    for (const bool with : {false, true}) {
+        Edit.SetCorrections(with ? TZtCorrection::zcReplaceAll | TZtCorrection::zcSearchKey
+                                 : TZtCorrections());
+        SetMarked("foo|\nfoo");
+        Replace(u"foo"_s, u"x"_s, "e", 10);
+        EXPECT_EQ(Edit.GetText(), with ? "x\r\nx\r\n" : "foo\r\nfoo\r\n");
+    }
+    QStringList said;
+    Edit.SetOnSearchMessage([&](const QString &text) { said += text; });
+    SetMarked("ab\ncab|");
+    Boxes.clear();
+    Find(u"ab"_s);
+    EXPECT_EQ(Marked(), "[ab]\ncab");
+    EXPECT_EQ(said.size(), 1) << "it went round";
+    Keys(u"F3"_s);
+    EXPECT_EQ(Marked(), "ab\nc[ab]");
+    Keys(u"a b F3"_s); // typed behind the last match, and found
+    EXPECT_EQ(Marked(), "[ab]\ncab");
+    Keys(u"Shift+F3"_s);
+    EXPECT_EQ(Marked(), "ab\nc]ab[");
+    EXPECT_EQ(said.size(), 3);
+    EXPECT_TRUE(Boxes.isEmpty());
+    SetMarked("|x");
+    Keys(u"F3"_s);
+    EXPECT_EQ(Boxes.join(u','), "Search string 'ab' not found.");
+}
+
 TEST(BufferSearch, FindsWhatAPlainSearchFinds)
 {
     const QString narrow = u"aAbB \u00E4\u00C4\u00FF\u00B5\u00DF1_"_s;

@@ -110,8 +110,9 @@ void TFieldDataLink::RecordChanged(const TField *AField)
 {
     if (AField && AField != FField)
         return;
+    FKept = false;
     Fire(OnDataChange, FControl);
-    FModified = false;
+    FModified = FModified && FKept;
 }
 
 bool TFieldDataLink::Edit()
@@ -121,7 +122,11 @@ bool TFieldDataLink::Edit()
     return FEditing;
 }
 
-void TFieldDataLink::Reset() { RecordChanged(nullptr); }
+void TFieldDataLink::Reset()
+{
+    const QScopedValueRollback resetting(FResetting, true);
+    RecordChanged(nullptr);
+}
 
 void TFieldDataLink::UpdateRecord()
 {

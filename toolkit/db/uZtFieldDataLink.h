@@ -51,6 +51,9 @@ public:
     /// Marks what the control holds as changed by the user.
     void Modified() { FModified = true; }
     bool IsModified() const { return FModified; }
+    /// For `OnDataChange`: what the user changed goes on being held, and its mark stays. False when
+    /// there is nothing of that, or when it is to be given up.
+    bool Keep() { return FKept = FModified && !FResetting; }
     /// Has the control show the field anew; what it held is given up.
     void Reset();
     /// Has the control store what it holds, if it is modified. The link does not hear of that
@@ -75,4 +78,6 @@ private:
     bool FEditing = false;
     bool FModified = false;
     bool FUpdating = false;
+    bool FResetting = false;
+    bool FKept = false; // by the control, at this data-change
 };

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "uZtCodeEdit.h"
+#include "uZtHighlighter.h"
+
+#include <array>
+
+// For the sources of the editor that describe its rows to the frame.
+
+inline constexpr int ZtTextLeft = 2; // between the gutter and the first column, in pixels
+
+// The state of one walk over the visible tokens.
+struct TZtCodeEdit::TPaintPass {
+    QPoint Begin; // the selection, in order
+    QPoint End;
+    int Row = 0; // the screen line
+    int Left = 0;
+    int Right = 0; // of the client area: what stands there is out of sight
+    int X = 0;
+    int Col = 0; // characters drawn on the line so far
+    int LastLine = -1;
+    bool LineColoured = false;
+    TColor LineBack = 0;
+    TColor LineFore = 0;
+    bool AfterBreak = false;
+
+    QString Token;
+    TColor Back = 0;
+    TColor Fore = 0;
+    TFontStyles Style;
+    bool LineBreak = false;
+
+    std::vector<TZtColourRun> Runs; // of the line, with zcPicture
+    size_t Run = 0;                 // the first that does not end before the column
+
+    std::array<QRgb, 32> SystemColours{}; // of the palette, looked up once
+    QRgb Rgb(TColor AColor) const
+    {
+        if ((AColor >> 24) == 0xFF)
+            return SystemColours[AColor % SystemColours.size()];
+        return qRgb(int(AColor & 0xFF), int((AColor >> 8) & 0xFF), int((AColor >> 16) & 0xFF));
+    }
+};
