@@ -142,14 +142,16 @@ std::optional<TCommandAnswer> ZtReadCommandLine(const QStringList &AArguments, T
     const QCommandLineOption line(QStringLiteral("line"),
                                   Tr("Put the caret on line N of the first file."),
                                   QStringLiteral("N"));
+    QCommandLineOption plain(QStringLiteral("plain-control"));
+    plain.setFlags(QCommandLineOption::HiddenFromHelp);
     const TDbOptions database;
     QCommandLineParser parser;
     parser.setApplicationDescription(
         Tr("Edits source code. Without a display, and with --render, the window is drawn into a "
            "picture instead. The options of every Qt application are known too, such as -style, "
            "-platform and -reverse."));
-    parser.addOptions({help, version, render, tokens, size, line, database.File, database.Table,
-                       database.Field, database.Key, database.Sample});
+    parser.addOptions({help, version, render, tokens, size, line, plain, database.File,
+                       database.Table, database.Field, database.Key, database.Sample});
     parser.addPositionalArgument(QStringLiteral("FILE"), Tr("The files to open, a tab each."),
                                  QStringLiteral("[FILE...]"));
     QStringList arguments = AArguments;
@@ -164,6 +166,7 @@ std::optional<TCommandAnswer> ZtReadCommandLine(const QStringList &AArguments, T
                                   QCoreApplication::applicationVersion(),
                               0};
     ALine.Files = parser.positionalArguments();
+    ALine.PlainControl = parser.isSet(plain);
     ALine.RenderTo = parser.value(render);
     if (parser.isSet(render) && ALine.RenderTo.isEmpty())
         return UsageError(Tr("--render wants the name of a picture."));

@@ -133,6 +133,7 @@ int TDbDocument::CaptionColumn() const
 TZtCodeEdit *TDbDocument::CreateEditor()
 {
     auto *editor = new TZtDbCodeEdit(this);
+    editor->SetCorrections(Corrections()); // before a record is shown
     editor->SetDataField(FPlace.Field);
     editor->SetDataSource(&FSource);
     return editor;
@@ -275,6 +276,7 @@ bool TDbDocument::Post()
         // The text is the same; what could be undone before still can.
         Editor()->SetLinePos(caret.y());
         Editor()->SetCharPos(caret.x());
+        RestartJournal();
         SyncList();
         ShowLanguage();
     }
@@ -342,6 +344,7 @@ void TDbDocument::ShowRecord()
 {
     const bool focused = Editor()->hasFocus();
     NewEditor();
+    RestartJournal();
     SyncList();
     ShowLanguage();
     if (focused)

@@ -31,6 +31,14 @@ qint64 LeastSize(const TStringList &ALines, const TZtTextFormat &AFormat)
 
 } // namespace
 
+void ZtSetLines(const TZtStringStream &AStream, TStringList &ALines)
+{
+    if (AStream.GetFormat().Encoding == TZtEncoding::teUtf8)
+        ALines.SetUtf8Text(AStream.Bytes(), AStream.Bytes().size() - AStream.Content().size());
+    else
+        ALines.SetText(AStream.GetWString());
+}
+
 TDocument::TDocument(const QString &ATitle, QWidget *AParent)
     : QWidget(AParent), FTitle(ATitle), FLanguage(&ZtLanguages()[0])
 {
@@ -41,14 +49,24 @@ TDocument::TDocument(const QString &ATitle, QWidget *AParent)
     NewEditor();
 }
 
+TZtCorrections TDocument::FCorrections = ZtAllCorrections();
+
 TZtCodeEdit *TDocument::CreateEditor() { return new TZtCodeEdit(this); }
+
+TZtCodeEdit *TDocument::CreateCorrectedEditor()
+{
+    TZtCodeEdit *editor = CreateEditor();
+    editor->SetCorrections(FCorrections);
+    editor->SetOnSearchMessage([this](const QString &text) { Q_EMIT Notice(text); });
+    return editor;
+}
 
 void TDocument::DeleteEditor() { delete std::exchange(FEditor, nullptr); }
 
 void TDocument::NewEditor()
 {
     DeleteEditor();
-    SetEditor(CreateEditor());
+    SetEditor(CreateCorrectedEditor());
     SetLanguage(*FLanguage);
 }
 
@@ -80,6 +98,7 @@ try {
     FState = state;
     const bool exact = !FFormat.MixedLineEndings && !FFormat.Undecodable;
     FLoadedBytes = exact ? QByteArray() : stream.Bytes();
+    FJournal.Begin(*FEditor->GetLines(), FPath, FFormat, stream.Bytes());
     if (focused)
         FEditor->setFocus();
     Q_EMIT Changed();
@@ -92,7 +111,25 @@ try {
 void TDocument::Begin(const QString &APath)
 {
     FPath = QFileInfo(APath).absoluteFilePath();
+    FJournal.Begin(*FEditor->GetLines(), FPath, FFormat, {});
     SetLanguage(ZtLanguageOfFile(APath));
+}
+
+void TDocument::RestartJournal() { FJournal.Begin(*FEditor->GetLines(), {}, FFormat, {}); }
+
+void TDocument::KeepJournal()
+{
+    FJournal.Keep([this](const QString &reason) { Q_EMIT JournalFailed(reason); });
+    FJournal.Begin(*FEditor->GetLines(), FPath, FFormat, {});
+}
+
+void TDocument::Restore(const TStringList &AText, const TZtTextFormat &AFormat)
+{
+    TStringList *lines = FEditor->GetLines();
+    lines->ReplaceText({0, 0}, lines->GetEnd(), AText.GetPiece({0, 0}, AText.GetEnd()));
+    FFormat = AFormat;
+    FEditor->SetModified(true);
+    Q_EMIT Changed();
 }
 
 std::unique_ptr<TZtCodeEdit> TDocument::EditorOf(const TZtStringStream &AStream,
@@ -100,21 +137,19 @@ std::unique_ptr<TZtCodeEdit> TDocument::EditorOf(const TZtStringStream &AStream,
 {
     if (!ZtHasMemory(AStream.LineEndings() * LineSize))
         throw std::bad_alloc();
-    std::unique_ptr<TZtCodeEdit> editor(CreateEditor());
-    if (AStream.GetFormat().Encoding == TZtEncoding::teUtf8)
-        editor->GetLines()->SetUtf8Text(AStream.Bytes(),
-                                        AStream.Bytes().size() - AStream.Content().size());
-    else
-        editor->GetLines()->SetText(AStream.GetWString());
+    std::unique_ptr<TZtCodeEdit> editor(CreateCorrectedEditor());
+    ZtSetLines(AStream, *editor->GetLines());
     editor->SetParser(ALanguage.CreateParser ? ALanguage.CreateParser(editor.get()) : nullptr);
     editor->SetModified(false);
+    editor->ClearUndo();
     return editor;
 }
 
 QStringList TDocument::Write(const QString &APath, const QByteArray &ABytes,
                              const TZtTextFormat &AFormat)
 {
-    QStringList lost = ZtSaveFile(APath, ABytes);
+    QStringList lost;
+    FJournal.Save(ABytes, [&] { lost = ZtSaveFile(APath, ABytes); });
     if (IsModified()) {
         FLoadedBytes.clear();
         FFormat = AFormat;
@@ -125,6 +160,7 @@ QStringList TDocument::Write(const QString &APath, const QByteArray &ABytes,
     FPath = QFileInfo(APath).absoluteFilePath();
     FState = TZtFileState(FPath);
     FState.SetContents(ABytes);
+    FJournal.Saved(FPath, FFormat);
     if (byName && FLanguage != &ZtLanguageOfFile(FPath))
         SetLanguage(ZtLanguageOfFile(FPath));
     FEditor->SetModified(false);

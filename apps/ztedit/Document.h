@@ -1,7 +1,9 @@
 #pragma once
 
+#include "DocumentJournal.h"
 #include "FileState.h"
 #include "Languages.h"
+#include "uZtCorrections.h"
 #include "uZtStringStream.h"
 
 #include <QStringList>
@@ -10,6 +12,9 @@
 #include <memory>
 
 class TZtCodeEdit;
+
+/// Makes a list hold the lines of a file.
+void ZtSetLines(const TZtStringStream &AStream, TStringList &ALines);
 
 /// One tab: an editor with its lexer, the file that its text came from and how that is stored.
 class TDocument : public QWidget {
@@ -30,6 +35,15 @@ public:
     /// when it cannot be written.
     QStringList Write(const QString &APath, const QByteArray &ABytes, const TZtTextFormat &AFormat);
 
+    /// Writes down what is changed from now on, for after a crash. For a text that is empty yet.
+    void KeepJournal();
+    /// To be called before the document is closed: what it did not save is not to come back.
+    void DiscardJournal() { FJournal.Discard(); }
+    /// Waits until all changes are written down. Answers whether they are.
+    bool FlushJournal() { return FJournal.Flush(); }
+    /// Makes the text another one, which is not saved and will be stored in `AFormat`.
+    void Restore(const TStringList &AText, const TZtTextFormat &AFormat);
+
     /// The absolute path of the file; empty before the first save.
     const QString &Path() const { return FPath; }
     /// The name of the file, without its folder.
@@ -40,6 +54,8 @@ public:
     const TZtTextFormat &Format() const { return FFormat; }
 
     TZtCodeEdit *Editor() const { return FEditor; }
+    /// The editors that come from now on have no corrections, to compare.
+    static void UsePlainEditors() { FCorrections = {}; }
     /// Whether the text was edited since it was loaded or saved.
     virtual bool IsModified() const;
     /// What to ask before the changes could be lost; Yes saves them.
@@ -63,9 +79,18 @@ public:
 Q_SIGNALS:
     /// The text, the caret or anything that this class tells may be another now.
     void Changed();
+    /// Something to be said in passing.
+    void Notice(const QString &AText);
+    /// Changes cannot be written down for after a crash.
+    void JournalFailed(const QString &AReason);
 
 protected:
     virtual TZtCodeEdit *CreateEditor();
+    /// Those of all editors.
+    static TZtCorrections Corrections() { return FCorrections; }
+    /// The text as it is now is kept somewhere else than in a file: nothing of it needs to come
+    /// back.
+    void RestartJournal();
     /// Replaces the editor, and with it what could be undone.
     void NewEditor();
     void DeleteEditor();
@@ -73,14 +98,17 @@ protected:
     void SetEditorPlace(QLayout *APlace) { FEditorPlace = APlace; }
 
 private:
+    static TZtCorrections FCorrections;
     std::unique_ptr<TZtCodeEdit> EditorOf(const TZtStringStream &AStream,
                                           const TLanguage &ALanguage);
     void SetEditor(TZtCodeEdit *AEditor);
+    TZtCodeEdit *CreateCorrectedEditor();
 
     QString FTitle;
     QString FPath;
     TZtTextFormat FFormat;
     TZtFileState FState;
+    TDocumentJournal FJournal;
     // What was loaded, kept only when the lines do not give it back.
     QByteArray FLoadedBytes;
     const TLanguage *FLanguage;

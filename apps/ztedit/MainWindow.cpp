@@ -83,6 +83,8 @@ TMainWindow::TMainWindow(QWidget *AParent) : QMainWindow(AParent), FTabs(new QTa
     Refresh();
 }
 
+void TMainWindow::KeepJournals() { FKeepsJournals = true; }
+
 void TMainWindow::FollowTab()
 {
     if (TDocument *document = CurrentDocument())
@@ -107,6 +109,7 @@ void TMainWindow::CreateMenus()
     };
     static constexpr TCommand edit[] = {
         {QT_TR_NOOP("&Undo\tCtrl+Z"), nullptr, &TWin::Undo, &TWin::FUndo},
+        {QT_TR_NOOP("&Redo\tCtrl+Y"), nullptr, &TWin::Redo, &TWin::FRedo},
         {},
         {QT_TR_NOOP("Cu&t\tCtrl+X"), nullptr, &TWin::Cut, &TWin::FCut},
         {QT_TR_NOOP("&Copy\tCtrl+C"), nullptr, &TWin::Copy, &TWin::FCopy},
@@ -118,6 +121,7 @@ void TMainWindow::CreateMenus()
         {QT_TR_NOOP("&Find…\tCtrl+F"), nullptr, &TWin::Find},
         {QT_TR_NOOP("&Replace…\tCtrl+R"), nullptr, &TWin::Replace},
         {QT_TR_NOOP("Find &next\tF3"), nullptr, &TWin::FindAgain},
+        {QT_TR_NOOP("Find &previous\tShift+F3"), nullptr, &TWin::FindBefore},
         {},
         {QT_TR_NOOP("&Go to line…"), "Ctrl+G", &TWin::GoToLine},
     };
@@ -270,14 +274,48 @@ void TMainWindow::ShowDocument(int AIndex) { FTabs->setCurrentIndex(AIndex); }
 
 TDocument *TMainWindow::NewDocument()
 {
-    auto *document = new TDocument(tr("Untitled %1").arg(++FNewCount));
+    TDocument *document = CreateDocument(NextTitle()).release();
     AddDocument(document);
     return document;
+}
+
+TDocument *TMainWindow::AddRestored(const QString &ATitle)
+{
+    return AddInsteadOfUnused(CreateDocument(ATitle.isEmpty() ? NextTitle() : ATitle));
+}
+
+QString TMainWindow::NextTitle() { return tr("Untitled %1").arg(++FNewCount); }
+
+std::unique_ptr<TDocument> TMainWindow::CreateDocument(const QString &ATitle)
+{
+    auto document = std::make_unique<TDocument>(ATitle);
+    KeepJournalOf(document.get());
+    return document;
+}
+
+void TMainWindow::KeepJournalOf(TDocument *ADocument)
+{
+    const auto tell = [this](const QString &reason) {
+        statusBar()->showMessage(
+            tr("What is changed would not come back after a crash: %1").arg(reason));
+    };
+    connect(ADocument, &TDocument::JournalFailed, this, tell);
+    if (FKeepsJournals)
+        ADocument->KeepJournal();
+}
+
+// What it did not save is not to come back.
+void TMainWindow::Drop(TDocument *ADocument)
+{
+    ADocument->DiscardJournal();
+    delete ADocument;
 }
 
 void TMainWindow::AddDocument(TDocument *ADocument)
 {
     connect(ADocument, &TDocument::Changed, this, &TMainWindow::RefreshLater);
+    connect(ADocument, &TDocument::Notice, this,
+            [this](const QString &text) { statusBar()->showMessage(text, MessageTime); });
     FTabs->setCurrentIndex(FTabs->addTab(ADocument, ADocument->Title()));
     Refresh();
 }
@@ -298,9 +336,11 @@ TDocument *TMainWindow::OpenFile(const QString &APath)
         return open;
     }
     ZtOfferRestore(APath);
-    auto document = std::make_unique<TDocument>(QString());
+    auto document = CreateDocument(QString());
     document->Load(APath);
-    return AddInsteadOfUnused(std::move(document));
+    TDocument *added = AddInsteadOfUnused(std::move(document));
+    Q_EMIT FileOpened(APath);
+    return added;
 }
 
 template <typename T> T *TMainWindow::AddInsteadOfUnused(std::unique_ptr<T> ADocument)
@@ -308,20 +348,22 @@ template <typename T> T *TMainWindow::AddInsteadOfUnused(std::unique_ptr<T> ADoc
     TDocument *unused = CurrentDocument();
     AddDocument(ADocument.get());
     if (unused && unused->IsUnused())
-        delete unused;
+        Drop(unused);
     return ADocument.release();
 }
 
 TDbDocument *TMainWindow::OpenDatabase(const TDbPlace &APlace)
 {
-    return AddInsteadOfUnused(std::make_unique<TDbDocument>(APlace));
+    auto document = std::make_unique<TDbDocument>(APlace);
+    KeepJournalOf(document.get());
+    return AddInsteadOfUnused(std::move(document));
 }
 
 TDocument *TMainWindow::OpenOrBegin(const QString &APath)
 {
     if (DocumentOf(APath) || !IsMissing(APath))
         return OpenFile(APath);
-    auto document = std::make_unique<TDocument>(QString());
+    auto document = CreateDocument(QString());
     document->Begin(APath);
     return AddInsteadOfUnused(std::move(document));
 }
@@ -444,7 +486,7 @@ bool TMainWindow::CloseDocument(TDocument *ADocument)
 {
     if (!ADocument || !ConfirmDiscard(ADocument))
         return false;
-    delete ADocument;
+    Drop(ADocument);
     Refresh();
     return true;
 }
@@ -458,6 +500,8 @@ void TMainWindow::closeEvent(QCloseEvent *AEvent)
         for (int i = 0; i < DocumentCount(); ++i)
             if (!ConfirmDiscard(Document(i)))
                 return;
+        for (int i = 0; i < DocumentCount(); ++i)
+            Document(i)->DiscardJournal();
         AEvent->accept();
     })();
 }
@@ -485,12 +529,19 @@ void TMainWindow::Post(quint32 AMsg, quint64 AWParam)
 }
 
 void TMainWindow::Undo() { Post(quint32(TZtMsg::wmUndo)); }
+void TMainWindow::Redo() { Post(quint32(TZtMsg::wmUser) + 4); }
 void TMainWindow::Cut() { Post(quint32(TZtMsg::wmCut)); }
 void TMainWindow::Copy() { Post(quint32(TZtMsg::wmCopy)); }
 void TMainWindow::Paste() { Post(quint32(TZtMsg::wmPaste)); }
 void TMainWindow::Find() { Post(quint32(TZtMsg::wmUser) + 2, 0); }
 void TMainWindow::Replace() { Post(quint32(TZtMsg::wmUser) + 2, 1); }
-void TMainWindow::FindAgain() { Post(quint32(TZtMsg::wmUser) + 3); }
+void TMainWindow::FindAgain() { SearchAgain(TZtSearchAgain::saForward); }
+void TMainWindow::FindBefore() { SearchAgain(TZtSearchAgain::saBackward); }
+
+void TMainWindow::SearchAgain(TZtSearchAgain AHow)
+{
+    Post(quint32(TZtMsg::wmUser) + 3, quint64(AHow));
+}
 
 void TMainWindow::GoToLine()
 {
@@ -579,7 +630,7 @@ void TMainWindow::RefreshStatus()
     const TDbDocument *database = CurrentDatabase();
     FStatus->SetTexts(QStringList{tr("Line %1, column %2")
                                       .arg(document->Editor()->GetLinePos() + 1)
-                                      .arg(document->Editor()->GetCharPos() + 1),
+                                      .arg(document->Editor()->GetCaretCell() + 1),
                                   ZtLanguageName(document->Language())} +
                       (database ? QStringList{database->PositionText(), database->StateText()}
                                 : FormatTexts(document->Format())));
@@ -599,6 +650,7 @@ void TMainWindow::RefreshEditMenu()
     const TZtCodeEdit *editor = document ? document->Editor() : nullptr;
     const bool selected = editor && HasSelection(*editor);
     FUndo->setEnabled(editor && editor->GetCanUndo());
+    FRedo->setEnabled(editor && editor->GetCanRedo());
     FCut->setEnabled(selected && !editor->GetReadOnly());
     FCopy->setEnabled(selected);
     FPaste->setEnabled(editor && !editor->GetReadOnly() && editor->GetCanPaste());

@@ -12,6 +12,7 @@ class QTabWidget;
 class TDbDocument;
 class TDocument;
 class TStatusTexts;
+enum class TZtSearchAgain : quint8;
 
 /// The window: a tab for each document, the menus and the status bar.
 class TMainWindow : public QMainWindow {
@@ -19,6 +20,12 @@ class TMainWindow : public QMainWindow {
 
 public:
     explicit TMainWindow(QWidget *AParent = nullptr);
+
+    /// Writes down the changes of each document that comes from now on, for after a crash.
+    void KeepJournals();
+    /// A new text that comes back after a crash, in the place of an unused one. Without a title it
+    /// gets that of any new one.
+    TDocument *AddRestored(const QString &ATitle);
 
     /// Opens a file in a tab of its own, or shows the tab that it is open in. Raises `EStreamError`
     /// when it cannot be read.
@@ -49,6 +56,10 @@ public:
     /// Closes a tab, after a question when its text is not saved. Answers whether it was closed.
     bool CloseDocument(TDocument *ADocument);
 
+Q_SIGNALS:
+    /// A file that was not open has a tab now.
+    void FileOpened(const QString &APath);
+
 protected:
     void closeEvent(QCloseEvent *AEvent) override;
     void dragEnterEvent(QDragEnterEvent *AEvent) override;
@@ -74,6 +85,7 @@ private:
     void Reload();
     void CloseCurrent();
     void Undo();
+    void Redo();
     void Cut();
     void Copy();
     void Paste();
@@ -81,15 +93,21 @@ private:
     void Find();
     void Replace();
     void FindAgain();
+    void FindBefore();
+    void SearchAgain(TZtSearchAgain AHow);
     void GoToLine();
     void NewEventHandler();
     void ShowAllMethods();
     void OpenDatabaseTable();
 
     bool AskForNameAndSave(TDocument *ADocument);
+    void KeepJournalOf(TDocument *ADocument);
     bool ConfirmDiscard(TDocument *ADocument);
     TDbDocument *CurrentDatabase() const;
+    QString NextTitle();
+    std::unique_ptr<TDocument> CreateDocument(const QString &ATitle);
     void AddDocument(TDocument *ADocument);
+    static void Drop(TDocument *ADocument);
     template <typename T> T *AddInsteadOfUnused(std::unique_ptr<T> ADocument);
     void Post(quint32 AMsg, quint64 AWParam = 0);
     void RefreshLater();
@@ -108,11 +126,13 @@ private:
     QAction *FNewHandler = nullptr;
     QAction *FAllMethods = nullptr;
     QAction *FUndo = nullptr;
+    QAction *FRedo = nullptr;
     QAction *FCut = nullptr;
     QAction *FCopy = nullptr;
     QAction *FPaste = nullptr;
     QAction *FSaveAs = nullptr;
     QAction *FReload = nullptr;
+    bool FKeepsJournals = false;
     int FNewCount = 0;
     bool FRefreshing = false;
 };

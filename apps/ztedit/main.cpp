@@ -3,6 +3,7 @@
 #include "DbDocument.h"
 #include "Document.h"
 #include "FileStore.h"
+#include "JournalFlow.h"
 #include "MainWindow.h"
 #include "Tokens.h"
 
@@ -37,6 +38,13 @@ bool HasDisplay()
     return !qEnvironmentVariableIsEmpty("DISPLAY") ||
            !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
            !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+}
+
+// Whether somebody sees the window, who can be asked.
+bool IsOnDisplay(bool AOffScreen)
+{
+    static const QStringList blind{QStringLiteral("offscreen"), QStringLiteral("minimal")};
+    return !AOffScreen && !blind.contains(QGuiApplication::platformName());
 }
 
 // On a machine without a login session Qt remarks on a folder that nothing here uses. All else that
@@ -145,7 +153,12 @@ int Run(const TCommandLine &ALine, bool AOffScreen)
 {
     if (AOffScreen)
         PrintMessages();
+    if (ALine.PlainControl)
+        TDocument::UsePlainEditors();
     TMainWindow window;
+    const bool onDisplay = IsOnDisplay(AOffScreen);
+    if (onDisplay)
+        window.KeepJournals();
     const QStringList messages = OpenAll(window, ALine, AOffScreen);
     if (AOffScreen) {
         Render(window, ALine);
@@ -155,6 +168,9 @@ int Run(const TCommandLine &ALine, bool AOffScreen)
     Show(window, ALine);
     if (!messages.isEmpty())
         ZtMsgBoxError(messages.join(QLatin1Char('\n')), QCoreApplication::applicationName());
+    TJournalFlow journals(window);
+    if (onDisplay)
+        journals.Start();
     return QApplication::exec();
 }
 

@@ -15,6 +15,7 @@ for tool in Xvfb xdotool; do
 done
 
 folder=$(mktemp -d)
+export XDG_STATE_HOME="$folder/state" # not the user's own
 server=
 editor=
 
@@ -45,23 +46,31 @@ wait_for() {
 }
 
 start_server() {
-    Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$folder/display" 2>"$folder/xvfb.log" &
+    Xvfb -displayfd 3 -screen 0 1024x768x24 -noreset -nolisten tcp 3>"$folder/display" 2>"$folder/xvfb.log" &
     server=$!
     wait_for 'no X server' test -s "$folder/display"
     DISPLAY=:$(cat "$folder/display")
     export DISPLAY
 }
 
-# Opens a file and gives the editor the focus, which without a window manager a click alone does not.
-start_editor() {
+start_program() {
     file=$1
     env -u WAYLAND_DISPLAY QT_QPA_PLATFORM=xcb QT_QPA_PLATFORMTHEME= QT_SCALE_FACTOR=1 \
         QT_IM_MODULE=none "$ztedit" --size 800x600 "$file" &
     editor=$!
+}
+
+# Gives the editor the focus, which without a window manager a click alone does not.
+focus_window() {
     window=$(timeout $patience xdotool search --sync --onlyvisible --pid $editor) || fail 'no window'
     xdotool windowfocus --sync "$window"
     click 300 300
     keys ctrl+Home
+}
+
+start_editor() {
+    start_program "$1"
+    focus_window
 }
 
 quit_editor() {
@@ -172,6 +181,34 @@ pointing() {
     quit_editor
 }
 
+has_journal() { ls "$XDG_STATE_HOME"/ztedit/*.journal >/dev/null; }
+has_no_journal() { ! has_journal; }
+focuses() {
+    dialog=$(xdotool search --onlyvisible --name "$1") && xdotool windowfocus --sync "$dialog"
+}
+
+# What a crash took comes back when Enter is pressed, and is asked about only once.
+crashing() {
+    printf 'saved\n' >"$folder/crash.txt"
+    start_editor "$folder/crash.txt"
+    types 'not '
+    wait_for 'nothing is written down' has_journal
+    sleep 1 # for the last key
+    kill -KILL "$editor"
+    wait "$editor" || true
+    start_program "$folder/crash.txt"
+    wait_for 'nothing is offered' focuses '^Restore'
+    keys Return
+    wait_for 'the dialog stays' sh -c '! xdotool search --onlyvisible --name "^Restore"'
+    focus_window
+    printf 'not saved\n' | saves_as 'restored'
+    wait_for 'the journal stays' has_no_journal
+    quit_editor
+    start_editor "$folder/crash.txt"
+    quit_editor
+}
+
 start_server
 typing
 pointing
+crashing

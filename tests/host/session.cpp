@@ -17,6 +17,7 @@
 #include <csignal>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -47,6 +48,8 @@ QString ShownBytes(const QByteArray &ABytes)
 
 THostSession::THostSession() : Answer(mrYes)
 {
+    qputenv("XDG_STATE_HOME", QFile::encodeName(State.path()));
+    Window->KeepJournals();
     TZtPlatform &platform = ZtPlatform();
     const auto box = [this](const QString &text, const QString &) { return Box(text); };
     platform.MsgBoxError = box;
@@ -59,10 +62,12 @@ THostSession::THostSession() : Answer(mrYes)
     AddProgramWords();
     AddTextWords();
     AddSaveWords();
+    AddCrashWords();
 }
 
 THostSession::~THostSession()
 {
+    FJournals.reset();
     Window.reset();
     ZtPlatform() = ZtDefaultPlatform();
 }
@@ -219,4 +224,48 @@ void THostSession::AddSaveWords()
         const QString names[] = {u"none"_s, u"changed"_s, u"missing"_s, u"unknown"_s};
         Say(names[int(Document()->ChangeOnDisk(reason))]);
     };
+}
+
+void THostSession::AddCrashWords()
+{
+    Words[u"crash"_s] = [this](auto &words) { Crash(words); };
+    Words[u"start"_s] = [this](auto &) {
+        FJournals = std::make_unique<TJournalFlow>(*Window);
+        FJournals->Ask = [this](const TRestoreOffer &offer) { return AnswerOffer(offer); };
+        FJournals->Start();
+    };
+    Words[u"later"_s] = [this](auto &) { FOfferAnswers += TRestoreDialog::Later; };
+    Words[u"restore"_s] = [this](auto &) { FOfferAnswers += TRestoreDialog::Restore; };
+    Words[u"discard"_s] = [this](auto &) { FOfferAnswers += TRestoreDialog::Discard; };
+    // How many there are, and the rights to them.
+    Words[u"journals"_s] = [this](auto &) {
+        for (int i = 0; i < Window->DocumentCount(); ++i)
+            Window->Document(i)->FlushJournal();
+        QStringList modes;
+        for (const QFileInfo &info : QDir(ZtJournalFolder()).entryInfoList(QDir::Files))
+            modes += ModeOf(info.filePath());
+        Say(u'{' + modes.join(u',') + u'}');
+    };
+}
+
+// Before anything here has a thread, of which the other process would have but a part.
+void THostSession::Crash(const QString &AWords)
+{
+    const pid_t child = fork();
+    if (child == 0) {
+        Do(QString(AWords).replace(u',', u' '));
+        for (int i = 0; i < Window->DocumentCount(); ++i)
+            Window->Document(i)->FlushJournal();
+        _exit(0);
+    }
+    int status = 0;
+    EXPECT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+}
+
+// What it is about is in `Asked`, with what would come back.
+TRestoreDialog::TAnswer THostSession::AnswerOffer(const TRestoreOffer &AOffer)
+{
+    Box(AOffer.Note + u'\n' + AOffer.After->GetText());
+    return FOfferAnswers.isEmpty() ? TRestoreDialog::Later : FOfferAnswers.takeFirst();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "JournalFlow.h"
 #include "MainWindow.h"
 
 #include <QHash>
@@ -19,6 +20,9 @@ class TZtSideFile;
 /// "write:a.pas=x open:a.pas type:y no save" and so on. A file is named within the folder, which
 /// is "."; contents are written with `%0A` for an odd byte.
 ///
+/// "crash:open:a.pas,type:y" is another run of the program, which ends in the middle of it; what it
+/// left is offered from "start" on.
+///
 /// What comes of it is logged: "+" and "-" for what went through and what did not, "?" for a
 /// message box, "!" for an exception, and whatever a word is there to tell.
 class THostSession {
@@ -34,6 +38,7 @@ public:
     TZtCodeEdit *Editor() const;
 
     const QTemporaryDir Folder;
+    const QTemporaryDir State; ///< of the user, where the journals are
     std::unique_ptr<TMainWindow> Window = std::make_unique<TMainWindow>();
     int Answer;
     QStringList Asked; ///< what the boxes and exceptions said, with "~" for the folder
@@ -53,10 +58,15 @@ private:
     void AddProgramWords();
     void AddTextWords();
     void AddSaveWords();
+    void AddCrashWords();
+    void Crash(const QString &AWords);
+    TRestoreDialog::TAnswer AnswerOffer(const TRestoreOffer &AOffer);
     QString Names() const;
     QString Tabs() const;
     void ChooseInMenu(const QString &AName);
 
+    std::unique_ptr<TJournalFlow> FJournals;
+    QList<TRestoreDialog::TAnswer> FOfferAnswers;
     QStringList FLog;
     QString FClipboard;
     std::vector<std::unique_ptr<TZtSideFile>> FSideFiles;

@@ -179,26 +179,26 @@ TEST(HostDatabase, RecordsAreEdited)
     CheckSessions<TDbSession>({
         // Posting writes the field alone.
         {"others db:source type:x line:1 save caret one others db:data to:2 type:x post second",
-         "one610A62sql + 1 xa%0D%0Ab%0D%0A one610A62sql + blobFFFE780061000D000A00"},
+         "one610A62sql + 1 xa%0Ab one610A62sql + blobFFFE78006100"},
         {"db:source type:x cancel row:1 at tabs close one", "? 1,0,xa/b/ [a: t.source*] ? - a%0Ab",
          "\"one\""},
         {"db:source type:x no row:1 at tabs canundo close one", "? 2,1,c/ [a: t.source] - + a%0Ab"},
         {"db:source type:x row:1 at canundo one row:0 type:y closetab one",
-         "? 2,1,c/ - xa%0D%0Ab%0D%0A ? + yxa%0D%0Ab%0D%0A"},
+         "? 2,1,c/ - xa%0Ab ? + yxa%0Ab"},
         {"db:source language next language next language", "SQL + Visual Basic + Plain text"},
         // A new record takes its fields from the dialog.
         {"db:source name: insert name:one insert type:new post text name:four fields "
          "post fourth at",
-         "- + ? - new/ + + fournew%0D%0A 4,3,new/"},
+         "- + ? - new/ + + fournew 4,3,new/"},
         {"db:source no delete ids yes delete ids at delete delete at",
          "? - 1,2,3 ? + 2,3 1,0,c/ ? + ? + 0,-1,"},
         // A conflict: neither, mine, theirs.
         {"db:source type:x theirs choose:0 post one text tabs",
          "xa/b/ theirs/ - theirs xa/b/ [a: t.source*]"},
         {"db:source type:x theirs choose:1 post one text tabs",
-         "xa/b/ theirs/ + xa%0D%0Ab%0D%0A xa/b/ [a: t.source]"},
+         "xa/b/ theirs/ + xa%0Ab xa/b/ [a: t.source]"},
         {"db:source type:x theirs choose:2 post one text tabs",
          "xa/b/ theirs/ + theirs theirs/ [a: t.source]"},
-        {"db:a/nokey/source/code last type:x post codes", "+ + xsame,yxsame%0D%0A"},
+        {"db:a/nokey/source/code last type:x post codes", "+ + xsame,yxsame"},
     });
 }
