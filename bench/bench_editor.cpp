@@ -2,7 +2,9 @@
 // page to a hundred megabytes. Each benchmark gives the median of its rounds as `median_ms`, the
 // time from the event until the picture stands.
 
+#include "uZtAnchors.h"
 #include "uZtCodeEdit.h"
+#include "uZtCodeJSParser.h"
 #include "uZtCodePascalParser.h"
 #include "uZtPlatform.h"
 #include "uZtTokenDump.h"
@@ -250,6 +252,79 @@ void BM_TypeInLongLine(benchmark::State &AState)
     AState.counters["first_ms"] = first.count();
 }
 
+// What a key costs more with so many anchors, all of them below it: the change of the text alone.
+void BM_KeyWithAnchors(benchmark::State &AState)
+{
+    TStringList text;
+    text.SetUtf8Text(ShortLines(100 * Megabyte));
+    TZtAnchors anchors(&text);
+    const int count = int(AState.range(0));
+    for (int i = 0; i < count; ++i)
+        anchors.Add({3, int(qint64(i) * text.GetCount() / count)}, TZtAnchorSide::asBehind);
+    const int line = int(AState.range(1)) * (text.GetCount() / 2);
+    Measure(AState, [&] {
+        text.ReplaceInLine(line, 0, 0, u"x");
+        text.ReplaceText({1, line}, {1, line}, TZtTextPiece(QStringLiteral("\n")));
+    });
+}
+
+// Everything is selected and deleted in so many megabytes, and comes back by an undo.
+void BM_DeleteAllAndBack(benchmark::State &AState)
+{
+    TBench bench(ShortLines(AState.range(0) * Megabyte));
+    bench.Edit.SetCorrections(ZtAllCorrections());
+    Settle();
+    const int count = bench.Edit.GetLines()->GetCount();
+    const bool back = AState.range(1) != 0;
+    Measure(
+        AState,
+        [&] {
+            if (back)
+                bench.Edit.Undo();
+            else
+                bench.Key(Qt::Key_Delete);
+            Settle();
+        },
+        [&] {
+            if (bench.Edit.GetLines()->GetCount() != count)
+                bench.Edit.Undo();
+            QKeyEvent all(QEvent::KeyPress, Qt::Key_A, Qt::ControlModifier);
+            QApplication::sendEvent(&bench.Edit, &all);
+            if (back)
+                bench.Key(Qt::Key_Delete);
+        });
+}
+
+// From a jump to the end of 100 MB, all of it in one comment, until the colours there are right.
+void BM_RightColoursAfterAJump(benchmark::State &AState)
+{
+    TBench bench;
+    TZtCodeJSParser parser;
+    bench.Edit.SetParser(&parser);
+    bench.Edit.SetCorrections(ZtAllCorrections());
+    const QByteArray text = "/*\n" + ShortLines(100 * Megabyte);
+    const auto isGreen = [&] {
+        const auto rows = bench.Edit.PaintedRows();
+        return !rows.empty() && !rows[0].Pieces.empty() &&
+               rows[0].Pieces.back().Fore == qRgb(0, 128, 0);
+    };
+    Measure(
+        AState,
+        [&] {
+            QKeyEvent end(QEvent::KeyPress, Qt::Key_End, Qt::ControlModifier);
+            QApplication::sendEvent(&bench.Edit, &end);
+            bench.Edit.repaint(); // what was shown before is no matter
+            while (!isGreen())
+                QApplication::processEvents();
+        },
+        [&] {
+            bench.Edit.GetLines()->SetUtf8Text(text);
+            bench.Edit.SetLinePos(0);
+            bench.Edit.repaint();
+        });
+    bench.Edit.SetParser(&bench.Parser);
+}
+
 void BM_Paste1MBInto10MB(benchmark::State &AState)
 {
     const QString pasted = QString::fromLatin1(ShortLines(Megabyte));
@@ -365,6 +440,22 @@ BENCHMARK(BM_TypeInLongLine)
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond)
     ->Iterations(20);
+BENCHMARK(BM_KeyWithAnchors)
+    ->Args({0, 0})
+    ->Args({100'000, 0})
+    ->Args({100'000, 1})
+    ->UseManualTime()
+    ->Unit(benchmark::kMicrosecond)
+    ->Iterations(300);
+BENCHMARK(BM_DeleteAllAndBack)
+    ->Args({100, 0})
+    ->Args({100, 1})
+    ->Args({1000, 0})
+    ->Args({1000, 1})
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(3);
+BENCHMARK(BM_RightColoursAfterAJump)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(BM_Paste1MBInto10MB)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(7);
 
 } // namespace

@@ -54,17 +54,22 @@ qint64 Lex(TZtLangParser &AParser, const QStringList &ALines)
     return tokens;
 }
 
-// Bytes are counted as one for each character, as in the source files.
+// Bytes are counted as one for each character, as in the source files. The second argument switches
+// on all that is off by default.
 void BM_Lexer(benchmark::State &AState)
 {
     const TZtTokenLanguage &language = ZtTokenLanguages()[size_t(AState.range(0))];
     qsizetype size = 0;
     const QStringList lines = ExampleLines(language, size);
     const std::unique_ptr<TZtLangParser> parser = language.CreateParser();
+    const bool corrected = AState.range(1) != 0;
+    parser->SetAllKeyWords(corrected);
+    parser->SetExtraKeyWords(corrected ? QStringList({"host", "print"}) : QStringList());
+    parser->SetClosedRemarks(corrected);
     qint64 tokens = 0;
     for (auto _ : AState)
         tokens += Lex(*parser, lines);
-    AState.SetLabel(language.Name);
+    AState.SetLabel(language.Name + std::string(corrected ? ", corrected" : ""));
     AState.SetBytesProcessed(qint64(AState.iterations()) * size);
     AState.SetItemsProcessed(tokens);
 }
@@ -95,7 +100,7 @@ void BM_PlainText(benchmark::State &AState)
 BENCHMARK(BM_PlainText)->Unit(benchmark::kMillisecond);
 
 BENCHMARK(BM_Lexer)
-    ->DenseRange(0, int(ZtTokenLanguages().size()) - 1)
+    ->ArgsProduct({benchmark::CreateDenseRange(0, int(ZtTokenLanguages().size()) - 1, 1), {0, 1}})
     ->Unit(benchmark::kMillisecond);
 
 } // namespace

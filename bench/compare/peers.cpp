@@ -4,7 +4,9 @@
 #include "uZtCodeJSParser.h"
 #include "uZtCodeSqlParser.h"
 #include "uZtCodeXmlParser.h"
+#include "uZtJournal.h"
 #include "uZtPlatform.h"
+#include "uZtStringStream.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -13,6 +15,7 @@
 #include <QRegularExpression>
 #include <QScrollBar>
 #include <QSyntaxHighlighter>
+#include <QTemporaryDir>
 #include <QTextBlock>
 
 #ifdef ZT_HAVE_QSCINTILLA
@@ -73,6 +76,7 @@ public:
         FEdit.SetSearchOptions(options);
         bool done = false;
         ZtPlatform().MsgBoxInfo = [&](const QString &, const QString &) { done = true; };
+        FEdit.SetOnSearchMessage([&](const QString &) { done = true; });
         ZtPostMessage(&FEdit, quint32(TZtMsg::wmUser) + 3);
         while (!done)
             QApplication::processEvents();
@@ -116,7 +120,34 @@ private:
     }
 
     std::unique_ptr<TZtLangParser> FParser;
+
+protected:
     TZtCodeEdit FEdit;
+};
+
+// The same with all that ztedit switches on: every correction, and a journal of the changes.
+class TCorrectedPeer : public TZtPeer {
+public:
+    TCorrectedPeer() { FEdit.SetCorrections(ZtAllCorrections()); }
+    void LoadFile(const QString &AFileName) override
+    {
+        FJournal.reset();
+        TZtStringStream stream;
+        stream.LoadFromFile(AFileName);
+        FEdit.GetLines()->SetUtf8Text(stream.Bytes());
+        FEdit.SetModified(false);
+        FEdit.ClearUndo();
+        TZtJournalBase base;
+        base.Path = AFileName;
+        base.Bytes = stream.Bytes();
+        FJournal = std::make_unique<TZtJournal>(
+            *FEdit.GetLines(), FFolder.filePath(QString::number(++FNumber)), base);
+    }
+
+private:
+    QTemporaryDir FFolder;
+    std::unique_ptr<TZtJournal> FJournal;
+    int FNumber = 0;
 };
 
 // --- Qt's plain text editor with a small highlighter ---------------------------------------------
@@ -273,6 +304,7 @@ const std::vector<TPeerKind> &Peers()
 {
     static const std::vector<TPeerKind> peers = {
         {"TZtCodeEdit", [] { return std::make_unique<TZtPeer>(); }},
+        {"corrected", [] { return std::make_unique<TCorrectedPeer>(); }},
 #ifdef ZT_HAVE_QSCINTILLA
         {"QScintilla", [] { return std::make_unique<TScintillaPeer>(); }},
 #endif
