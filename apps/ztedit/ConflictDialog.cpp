@@ -48,6 +48,7 @@ QWidget *TConflictDialog::CreatePage(const TConflict &AConflict)
     for (const auto &[title, text] :
          {std::pair(tr("M&ine:"), AConflict.Mine), std::pair(tr("T&heirs:"), AConflict.Theirs)}) {
         auto *view = new TZtCodeEdit(page);
+        view->SetCorrections(ZtAllCorrections());
         view->SetText(text);
         view->SetReadOnly(true);
         auto *label = new QLabel(title, page);

@@ -23,6 +23,9 @@ TRestoreDialog::TRestoreDialog(const TRestoreOffer &AOffer, QWidget *AParent)
     auto *label = new QLabel(tr("What would come &back:"), this);
     label->setBuddy(FView);
     layout->addWidget(label);
+    FView->SetCorrections(ZtAllCorrections());
+    FView->SetShowGuttor(false);
+    FView->SetShowRightMargin(false);
     FView->SetReadOnly(true);
     FView->setAccessibleName(tr("What would come back"));
     layout->addWidget(FView, 1);
