@@ -7,6 +7,7 @@
 #include <limits>
 #include <string_view>
 
+using namespace Qt::StringLiterals;
 using namespace std::string_view_literals;
 
 namespace {
@@ -15,52 +16,39 @@ constexpr TZtCellRules Plain{8, false, false};
 constexpr TZtCellRules Tabs{4, true, false};
 constexpr TZtCellRules Wide{4, true, true};
 
-// "length:width" of each cluster, where that is not "1:1", which is ".".
-std::string Clusters(QAnyStringView ALine, const TZtCellRules &ARules)
+// "length:width" of each cluster, where that is not "1:1", which is ".". Each other way through the
+// line has to agree, also behind its end; it is asked for every `AStep`th cluster.
+std::string Clusters(QAnyStringView ALine, const TZtCellRules &ARules, int AStep = 1)
 {
     std::string text;
-    int column = 0;
-    int cell = 0;
-    ZtForEachCluster(ALine, ARules, [&](int start, int length, int at, int width) {
-        EXPECT_EQ(start, column);
-        EXPECT_EQ(at, cell);
-        column += length;
-        cell += width;
-        const std::string size = std::to_string(length) + ":" + std::to_string(width);
+    int column = 0, cell = 0, index = 0;
+    ZtForEachCluster(ALine, ARules, [&](int AStart, int ALength, int ACell, int AWidth) {
+        EXPECT_EQ(AStart, column);
+        EXPECT_EQ(ACell, cell);
+        column += ALength;
+        cell += AWidth;
+        const std::string size = std::to_string(ALength) + ":" + std::to_string(AWidth);
         text += size == "1:1" ? "." : " " + size + " ";
-    });
-    EXPECT_EQ(column, ALine.size());
-    return text;
-}
-
-// Whether each way through the line agrees with all others, also behind its end.
-// Looks at every `AStep`th cluster.
-void ExpectAgreement(QAnyStringView ALine, const TZtCellRules &ARules, int AStep = 1)
-{
-    int start = 0;
-    int index = 0;
-    ZtForEachCluster(ALine, ARules, [&](int column, int length, int cell, int width) {
-        start = column + length;
         if (index++ % AStep != 0)
             return;
-        for (int i = column; i < start; ++i) {
-            EXPECT_EQ(ZtCellOf(ALine, i, ARules), cell) << i;
-            EXPECT_EQ(ZtNextCluster(ALine, i, ARules), start) << i;
-            EXPECT_EQ(ZtPreviousCluster(ALine, i + 1, ARules), column) << i;
+        for (int i = AStart; i < column; ++i) {
+            EXPECT_EQ(ZtCellOf(ALine, i, ARules), ACell) << i;
+            EXPECT_EQ(ZtNextCluster(ALine, i, ARules), column) << i;
+            EXPECT_EQ(ZtPreviousCluster(ALine, i + 1, ARules), AStart) << i;
         }
-        for (int i = cell; i < cell + width; ++i)
-            EXPECT_EQ(ZtColumnAt(ALine, i, ARules), column) << i;
+        for (int i = ACell; i < cell; ++i)
+            EXPECT_EQ(ZtColumnAt(ALine, i, ARules), AStart) << i;
     });
-    const int end = ZtCellOf(ALine, start, ARules);
-    EXPECT_EQ(ZtCellOf(ALine, start + 7, ARules), end + 7);
-    EXPECT_EQ(ZtColumnAt(ALine, end + 7, ARules), start + 7);
-    EXPECT_EQ(ZtColumnAt(ALine, end, ARules), start);
-    EXPECT_EQ(ZtNextCluster(ALine, start + 7, ARules), start + 8);
-    EXPECT_EQ(ZtPreviousCluster(ALine, start + 7, ARules), start + 6);
+    EXPECT_EQ(column, ALine.size());
+    for (const int behind : {0, 7}) {
+        EXPECT_EQ(ZtCellOf(ALine, column + behind, ARules), cell + behind);
+        EXPECT_EQ(ZtColumnAt(ALine, cell + behind, ARules), column + behind);
+        EXPECT_EQ(ZtNextCluster(ALine, column + behind, ARules), column + behind + 1);
+        EXPECT_EQ(ZtPreviousCluster(ALine, column + behind + 1, ARules), column + behind);
+    }
     EXPECT_EQ(ZtPreviousCluster(ALine, 0, ARules), 0);
+    return text;
 }
-
-QString Repeated(const char16_t *S, int ACount) { return QString::fromUtf16(S).repeated(ACount); }
 
 } // namespace
 
@@ -90,53 +78,37 @@ TEST(Cells, ClustersAndTheirWidths)
         {u"\u05E9\u05C1\u0645\u064E", Wide, " 2:1  2:1 "},
         {u"\u0E01\u0E33\u0915\u094D\u0937\u093F", Wide, " 2:2  4:2 "},
         {u"\u0301a\u200Bb\uFEFF\u00AD", Wide, ".. 1:0 . 1:0 ."},
-        {u"a\xD83D"
-         u"b\xDE00\xD83D",
-         Wide, "....."},
-        {u"a\xD83D"
-         u"b\xDE00\xD83D",
-         Plain, "....."},
-        {u"\x01\x0\x1F\x7F\x85\r\n"
-         u"\u2028"sv,
-         Wide, "........"},
+        {u"a\xD83Dz\xDE00\xD83D", Wide, "....."},
+        {u"a\xD83Dz\xDE00\xD83D", Plain, "....."},
+        {u"\x01\x0\x1F\x7F\x85\r\n\u2028"sv, Wide, "........"},
+        {u"z\tz\xE9\xAD\x01\r\n\t \xA9", Plain, "..........."},
+        {u"z\tz\xE9\xAD\x01\r\n\t \xA9", Wide, ". 1:3 ...... 1:2 .."},
         {u"\u0430\u0431\u0301\u0432 \u03B1", Wide, ". 2:1 ..."},
     };
     for (const auto &row : rows) {
         SCOPED_TRACE(&row - rows);
         EXPECT_EQ(Clusters(QStringView(row.Line), row.Rules), row.Clusters);
-        ExpectAgreement(QStringView(row.Line), row.Rules);
+        const QByteArray latin1 = QStringView(row.Line).toLatin1();
+        if (QString::fromLatin1(latin1) == QStringView(row.Line)) {
+            EXPECT_EQ(Clusters(QLatin1StringView(latin1), row.Rules), row.Clusters);
+        }
     }
-}
-
-TEST(Cells, ALatin1LineIsReadAsItsUtf16Is)
-{
-    const QByteArray line("a\tbc\xE9\xAD\x01\r\n\t \xA9"
-                          "1");
-    for (const TZtCellRules &rules : {Plain, Tabs, Wide}) {
-        ExpectAgreement(QLatin1StringView(line), rules);
-        EXPECT_EQ(Clusters(QLatin1StringView(line), rules),
-                  Clusters(QString::fromLatin1(line), rules));
-    }
+    constexpr int most = std::numeric_limits<int>::max();
+    EXPECT_EQ(ZtCellOf(u"\t\ta", 1, {most, true, false}), most);
+    EXPECT_EQ(ZtCellOf(u"\t\ta", 2, {most, true, false}), most) << "no cell is behind the largest";
 }
 
 TEST(Cells, EveryWayThroughALongLineAgrees)
 {
-    const QString lines[] = {Repeated(u"\U0001F1E9\U0001F1EA", 900),       // flags
-                             "x" + Repeated(u"\U0001F1E9\U0001F1EA", 900), // across the blocks
-                             "a" + Repeated(u"\u0301", 1500) + "b",        // marks without an end
-                             Repeated(u"\u1100", 2100) + QChar(0x1161),    // leading consonants
-                             Repeated(u"x\u65E5e\u0301\t", 1000),          // no long stretch
-                             Repeated(u"abc \u0431", 1500), // runs longer than are read at once
-                             "abc" + Repeated(u"\U0001F469\u200D", 1100) + "\tx"};
+    const QString lines[] = {u"\U0001F1E9\U0001F1EA"_s.repeated(900),       // flags
+                             "x" + u"\U0001F1E9\U0001F1EA"_s.repeated(900), // across the blocks
+                             "a" + u"\u0301"_s.repeated(1500) + "b",        // marks without an end
+                             u"\u1100"_s.repeated(2100) + QChar(0x1161),    // leading consonants
+                             u"x\u65E5e\u0301\t"_s.repeated(1000),          // no long stretch
+                             u"abc \u0431"_s.repeated(1500), // runs longer than are read at once
+                             "abc" + u"\U0001F469\u200D"_s.repeated(1100) + "\tx"};
     for (const QString &line : lines) {
         SCOPED_TRACE(&line - lines);
-        ExpectAgreement(line, Wide, 17);
+        EXPECT_NE(Clusters(line, Wide, 17), "");
     }
-}
-
-TEST(Cells, BehindTheLargestNumberEachCellIsTheLargest)
-{
-    constexpr int most = std::numeric_limits<int>::max();
-    EXPECT_EQ(ZtCellOf(u"\t\ta", 1, {most, true, false}), most);
-    EXPECT_EQ(ZtCellOf(u"\t\ta", 2, {most, true, false}), most);
 }

@@ -1,14 +1,13 @@
+#include "random_edits.h"
 #include "uZtHighlighter.h"
-#include "uZtStringList.h"
 #include "uZtTokenDump.h"
 
 #include <QDir>
 #include <QFile>
-#include <QRegularExpression>
 
 #include <gtest/gtest.h>
 
-#include <random>
+#include <map>
 
 namespace {
 
@@ -28,16 +27,32 @@ QString Looks(const TZtColourRuns &ARuns)
     return looks;
 }
 
-// What can be expected of any runs, whatever the lexer is.
-void ExpectSound(const TZtColourRuns &ARuns, int ALength)
+// The lines of the looks, in letters in the order in which they come.
+std::string Shape(const QStringList &ALooks)
 {
-    int column = 0;
-    for (const TZtColourRun &run : ARuns) {
-        EXPECT_EQ(run.Start, column);
-        EXPECT_GT(run.Length, 0);
-        column += run.Length;
+    std::map<QChar, QChar> letters{{u'.', u'.'}, {u'|', u'|'}};
+    QString shape = ALooks.join(u'|');
+    for (QChar &C : shape)
+        C = letters.try_emplace(C, QChar(int('a' + letters.size() - 2))).first->second;
+    return shape.toStdString();
+}
+
+TParser ParserOf(const char *AExtension)
+{
+    return ZtTokenLanguageOf(QStringLiteral("a.") + QLatin1String(AExtension))->CreateParser();
+}
+
+// Each lexer, without closed remarks and with them.
+std::vector<std::pair<std::string, TParser>> AllParsers()
+{
+    std::vector<std::pair<std::string, TParser>> parsers;
+    for (const TZtTokenLanguage &language : ZtTokenLanguages()) {
+        for (const bool closed : {false, true}) {
+            parsers.emplace_back(language.Name, language.CreateParser());
+            parsers.back().second->SetClosedRemarks(closed);
+        }
     }
-    EXPECT_EQ(column, ALength);
+    return parsers;
 }
 
 struct Highlighter : testing::Test {
@@ -47,15 +62,28 @@ struct Highlighter : testing::Test {
         Colours.SetText(&Text);
         Colours.SetParser(AParser);
     }
+    // The runs stand side by side in any line, whatever the lexer is.
     QStringList AllLooks(TZtHighlighter &AColours)
     {
         QStringList looks;
         AColours.Prepare(0, Text.GetCount() - 1, AllColumns);
         for (int i = 0; i < Text.GetCount(); ++i) {
-            ExpectSound(AColours.GetRuns(i), Text.GetLength(i));
+            int column = 0;
+            for (const TZtColourRun &run : AColours.GetRuns(i)) {
+                EXPECT_EQ(run.Start, column);
+                EXPECT_GT(run.Length, 0);
+                column += run.Length;
+            }
+            EXPECT_EQ(column, Text.GetLength(i));
             looks += Looks(AColours.GetRuns(i));
         }
         return looks;
+    }
+    void Finish(int AMilliseconds = 0)
+    {
+        while (Colours.Advance(AMilliseconds)) {
+        }
+        EXPECT_EQ(Colours.GetKnownLines(), Text.GetCount());
     }
     TStringList Text;
     TZtHighlighter Colours;
@@ -104,7 +132,8 @@ QStringList LooksOf(TZtLangParser &AParser, const TStringList &AText)
 class THostLexer : public TZtLangParser {
 public:
     using TRead = bool (*)(THostLexer &AThis, QString &AToken, bool &ALineBreak);
-    explicit THostLexer(TRead ARead) : Read(ARead) {}
+    using TChange = void (*)(QString &AToken, bool &ALineBreak);
+    explicit THostLexer(TRead ARead, TChange AChange = nullptr) : Read(ARead), Change(AChange) {}
     bool GetNextToken(QString &AToken, TColor &ABack, TColor &AFore, TFontStyles &AStyle,
                       bool &ALineBreak) override
     {
@@ -113,10 +142,14 @@ public:
         AStyle = {};
         ALineBreak = false;
         AToken.resize(0);
-        return Read(*this, AToken, ALineBreak);
+        const bool more = Read(*this, AToken, ALineBreak);
+        if (Change)
+            Change(AToken, ALineBreak);
+        return more;
     }
     QStringList Ahead;
     TRead Read;
+    TChange Change;
 };
 
 bool ReadWord(THostLexer &AThis, QString &AToken, bool &ALineBreak)
@@ -133,168 +166,73 @@ bool ReadWord(THostLexer &AThis, QString &AToken, bool &ALineBreak)
     return AToken[0] != u'\0';
 }
 
-} // namespace
-
-TEST_F(Highlighter, ColoursWhatTheLexersAnswer)
+// The whole next line, word by word.
+bool ReadAhead(THostLexer &AThis, QString &AToken, bool &ALineBreak)
 {
-    for (const TZtTokenLanguage &language : ZtTokenLanguages()) {
-        const QDir folder(QStringLiteral(ZT_SOURCE_DIR "/examples/") +
-                          QLatin1String(language.Name));
-        QString text =
-            QStringLiteral("\ta\u00E9 12x /* \x01 */ 'q\n<!-- a\n\n b --> (* {\n } *)\n");
-        for (const QString &name : folder.entryList(QDir::Files)) {
-            QFile file(folder.filePath(name));
-            ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-            text += QString::fromUtf8(file.readAll());
-        }
-        for (const bool closed : {false, true}) {
-            SCOPED_TRACE(std::string(language.Name) + (closed ? ", closed" : ""));
-            const TParser parser = language.CreateParser();
-            parser->SetClosedRemarks(closed);
-            Use(parser.get(), text);
-            const QStringList expected = LooksOf(*parser, Text);
-            const QStringList looks = AllLooks(Colours);
-            for (int i = 0; i < Text.GetCount(); ++i)
-                EXPECT_EQ(looks[i].toStdString(), expected[i].toStdString())
-                    << i << ": " << Text.GetStrings(i).toStdString();
-            EXPECT_GT(expected.join(QString()).count(QRegularExpression("[^.]")), 300);
-            Colours.SetParser(nullptr);
-        }
+    if (AThis.Ahead.isEmpty()) {
+        QString line;
+        char16_t C;
+        while ((C = AThis.ReadChar()) != u'\n' && C != u'\0')
+            line += QChar(C);
+        AThis.Ahead = line.chopped(C ? 1 : 0).split(' ');
+        if (C)
+            AThis.Ahead += "\r";
     }
+    AToken = AThis.Ahead.takeFirst();
+    ALineBreak = AToken == "\r";
+    return !AToken.isEmpty() || !AThis.Ahead.isEmpty();
 }
+
+} // namespace
 
 TEST_F(Highlighter, TokensOverLines)
 {
     const struct {
-        const char *Language;
+        const char *Extension;
         bool Closed;
         const char *Text;
-        const char *Looks; // of comments C, of strings S
+        const char *Looks;
     } rows[] = {
-        {"xml", false, "<a>|<!-- b|c|\t-->d", "...|.CCCCC|C|CCC.."},
-        {"xml", true, "<!-- b||c --> d", "CCCCCC||CCCCC.."},
-        {"js", false, "a /* b|c */ d", "..CCCC|CCCCCC"}, // its ends are found in one line
-        {"js", true, "a /* b|c */ d // e|f", "..CCCC|CCCC...CCCC|."},
-        {"sql", true, "a /*|b*/ 'c|d", "..CC|CCC.SS|S"},
-        {"sql", false, "a 'c|d", "..SS|."},
-        {"pascal", false, "a { b|c } d", "..CCC|CCC.."},
-        {"pascal", true, "a (* b|*) d", "..CCCC|CC.."},
-        {"vb", true, "a ' b|c", "..CCC|."},
+        {"xml", false, "<a>|<!-- b|c|\t-->d", "aba|accccc|c|cccad"},
+        {"xml", true, "<!-- b||c --> d", "aaaaaa||aaaaabb"},
+        {"js", false, "a /* b|c */ d", "..aaaa|aaaaaa"}, // its ends are found in one line
+        {"js", true, "a /* b|c */ d // e|f", "..aaaa|aaaa...aaaa|."},
+        {"sql", true, "a /*|b*/ 'c|d", "..aa|aaa.bb|b"},
+        {"sql", false, "a 'c|d", "..aa|."},
+        {"pas", false, "a { b|c } d", "a.bbb|bbb.a"},
+        {"pas", true, "a (* b|*) d", "a.bbbb|bb.a"},
+        {"vbs", true, "a ' b|c", "..aaa|."},
     };
     for (const auto &row : rows) {
-        SCOPED_TRACE(&row - rows);
-        const auto &languages = ZtTokenLanguages();
-        const auto language =
-            std::find_if(languages.begin(), languages.end(), [&](const TZtTokenLanguage &l) {
-                return QLatin1String(l.Name) == QLatin1String(row.Language);
-            });
-        ASSERT_NE(language, languages.end());
-        const TParser parser = language->CreateParser();
+        const TParser parser = ParserOf(row.Extension);
         parser->SetClosedRemarks(row.Closed);
-        const auto look = [&](const char *AText) {
-            Use(parser.get(), AText);
-            return Looks(Colours.GetRuns(0)).at(1);
-        };
-        const QChar comment = look(*row.Language == 'x'   ? "<!---->"
-                                   : *row.Language == 'p' ? "{}"
-                                   : *row.Language == 'v' ? "''"
-                                                          : "/**/");
-        const QChar string = look("''");
-        Use(parser.get(), QString::fromLatin1(row.Text).replace('|', '\n'));
-        const QStringList looks = AllLooks(Colours);
-        EXPECT_EQ(looks.join('|').toStdString(), LooksOf(*parser, Text).join('|').toStdString());
-        QString shown = looks.join('|');
-        for (QChar &C : shown)
-            C = C == comment                          ? u'C'
-                : C == string && *row.Language == 's' ? u'S'
-                : C == u'|'                           ? u'|'
-                                                      : u'.';
-        EXPECT_EQ(shown.toStdString(), row.Looks);
-        Colours.SetParser(nullptr);
+        Use(parser.get(), QString(row.Text).replace('|', '\n'));
+        EXPECT_EQ(Shape(AllLooks(Colours)), row.Looks) << row.Text;
     }
-}
-
-// The plain lexer never says that it is at the end.
-TEST_F(Highlighter, ThePlainLexerComesToAnEnd)
-{
-    TZtLangParser parser;
-    Use(&parser, QStringLiteral("one\n\nthree\n").repeated(50));
-    while (Colours.Advance(1000)) {
-    }
-    EXPECT_EQ(Colours.GetKnownLines(), Text.GetCount());
 }
 
 TEST_F(Highlighter, AHostsLexerStaysInItsLines)
 {
+    const char *const words = "aaaaaaa||aaa", *const plain = ".......||...";
     const struct {
         const char *Name;
         THostLexer::TRead Read;
-        const char *Looks; // "R" what is red
+        const char *Looks; // null: some
+        void (*Change)(QString &AToken, bool &ALineBreak) = nullptr;
     } rows[] = {
-        {"words", ReadWord, "RRRRRRR||RRR"},
-        {"upper case",
-         [](THostLexer &t, QString &s, bool &b) {
-             const bool more = ReadWord(t, s, b);
-             s = s.toUpper();
-             return more;
-         },
-         "RRRRRRR||RRR"},
-        {"drops the last character",
-         [](THostLexer &t, QString &s, bool &b) {
-             const bool more = ReadWord(t, s, b);
-             if (s.size() > 1)
-                 s.chop(1);
-             return more;
-         },
-         "RR.RRR.||RR."},
-        {"more than there is",
-         [](THostLexer &t, QString &s, bool &b) {
-             const bool more = ReadWord(t, s, b);
-             s = QStringLiteral("zz") + s + QStringLiteral("zz");
-             return more;
-         },
-         nullptr},
-        {"something else",
-         [](THostLexer &t, QString &s, bool &) {
-             s = QStringLiteral("no such text");
-             return t.ReadChar() != u'\0';
-         },
-         nullptr},
-        {"the line ahead",
-         [](THostLexer &t, QString &s, bool &b) {
-             if (t.Ahead.isEmpty()) {
-                 QString line;
-                 char16_t C;
-                 while ((C = t.ReadChar()) != u'\n' && C != u'\0')
-                     line += QChar(C);
-                 t.Ahead = line.chopped(C ? 1 : 0).split(' ');
-                 if (C)
-                     t.Ahead += "\r";
-             }
-             s = t.Ahead.takeFirst();
-             b = s == "\r";
-             return !s.isEmpty() || !t.Ahead.isEmpty();
-         },
-         "RRR.RRR||RRR"},
-        {"no line break",
-         [](THostLexer &t, QString &s, bool &b) {
-             const bool more = ReadWord(t, s, b);
-             b = false;
-             return more;
-         },
-         "RRRRRRR||RRR"},
-        {"line breaks alone",
-         [](THostLexer &t, QString &, bool &b) {
-             b = true;
-             return t.ReadChar() != u'\0';
-         },
-         ".......||..."},
-        {"nothing, forever", [](THostLexer &, QString &, bool &) { return true; }, ".......||..."},
+        {"words", ReadWord, words},
+        {"the line ahead", ReadAhead, "aaa.aaa||aaa"},
+        {"upper case", ReadWord, words, [](QString &s, bool &) { s = s.toUpper(); }},
+        {"drops the last character", ReadWord, "aa.aaa.||aa.",
+         [](QString &s, bool &) { s.chop(s.size() > 1); }},
+        {"more than there is", ReadWord, nullptr, [](QString &s, bool &) { s = "zz" + s + "zz"; }},
+        {"no line break", ReadWord, words, [](QString &, bool &b) { b = false; }},
+        {"line breaks alone", ReadWord, plain,
+         [](QString &s, bool &b) { b = !std::exchange(s, {}).isNull(); }},
+        {"something else", ReadWord, nullptr, [](QString &s, bool &) { s = "no such text"; }},
+        {"nothing, forever", [](THostLexer &, QString &, bool &) { return true; }, plain},
         {"the same, forever",
-         [](THostLexer &t, QString &s, bool &) {
-             s = QChar(t.PeekChar());
-             return true;
-         },
+         [](THostLexer &t, QString &s, bool &) { return s.append(t.PeekChar()).size() > 0; },
          nullptr},
         {"pushes more back",
          [](THostLexer &t, QString &s, bool &) {
@@ -303,107 +241,100 @@ TEST_F(Highlighter, AHostsLexerStaysInItsLines)
              return true;
          },
          nullptr},
-        {"the end at once", [](THostLexer &, QString &, bool &) { return false; }, ".......||..."},
+        {"the end at once", [](THostLexer &, QString &, bool &) { return false; }, plain},
         {"all in one",
          [](THostLexer &t, QString &s, bool &) {
              for (char16_t C; (C = t.ReadChar()) != u'\0';)
                  s += QChar(C);
              return !s.isEmpty();
          },
-         "RRRRRRR||RRR"},
+         words},
     };
     for (const auto &row : rows) {
         SCOPED_TRACE(row.Name);
-        THostLexer lexer(row.Read);
+        THostLexer lexer(row.Read, row.Change);
         Use(&lexer, "abc def\n\nghi");
-        while (Colours.Advance(0)) {
-        }
-        const QString looks = AllLooks(Colours).join('|');
-        QString shown = looks;
-        for (QChar &C : shown)
-            C = C == u'.' || C == u'|' ? C : u'R';
-        if (row.Looks) {
-            EXPECT_EQ(shown.toStdString(), row.Looks);
-        }
+        Finish();
+        const std::string shape = Shape(AllLooks(Colours));
+        EXPECT_EQ(shape, row.Looks ? row.Looks : shape);
         EXPECT_FALSE(lexer.OnGetNewBuffer || lexer.OnSkipTo);
         EXPECT_EQ(lexer.GetUnread(), 0);
-        Colours.SetParser(nullptr);
     }
+    TZtLangParser endless; // the plain one never says that it is at the end
+    Use(&endless, QStringLiteral("one\n\nthree\n").repeated(50));
+    Finish(1000);
 }
 
 TEST_F(Highlighter, AfterAnyEditsAllIsAsIfLexedAnew)
 {
-    const char *const pieces[] = {"x",  "/*",   "*/",   "{",       "}",  "(*",        "*)",  "'",
-                                  "\"", "<!--", "-->",  "<a b=\"", ">",  "<![CDATA[", "]]>", "\\",
-                                  "//", "12 ",  "end ", " ",       "\t", "\xE9"};
+    const QStringList pieces = {"x",
+                                "/*",
+                                "*/",
+                                "{",
+                                "}",
+                                "(*",
+                                "*)",
+                                "'",
+                                "\"",
+                                "<!--",
+                                "-->",
+                                "<a b=\"",
+                                ">",
+                                "<![CDATA[",
+                                "]]>",
+                                "\\",
+                                "//",
+                                "12 ",
+                                "end ",
+                                " ",
+                                "\t",
+                                "\u00E9",
+                                QString(30, u'y')};
     const int rounds = qEnvironmentVariableIntValue("ZT_RANDOM_STEPS") / 100 + 30;
-    std::mt19937 random(4711);
-    const auto pick = [&](int ACount) { return int(random() % uint(ACount)); };
-    const auto someText = [&](int ALines) {
-        QStringList lines;
-        for (int i = 0; i < ALines; ++i) {
-            lines += QString(pick(3) ? 0 : pick(40), u'y');
-            for (int k = pick(4); k > 0; --k)
-                lines.back() += QString::fromLatin1(pieces[size_t(pick(int(std::size(pieces))))]);
+    for (const auto &[name, parser] : AllParsers()) {
+        SCOPED_TRACE(name + (parser->GetClosedRemarks() ? ", closed" : ""));
+        TRandomEdits edits(Text, 4711, 400, pieces);
+        Use(parser.get(), "\ta\u00E9 12x /* \x01 */ 'q\n<!-- a\n\n b --> (* {\n } *)\n");
+        const QDir folder(QStringLiteral(ZT_SOURCE_DIR "/examples/") + name.c_str());
+        for (const QFileInfo &info : folder.entryInfoList(QDir::Files)) {
+            QFile file(info.filePath());
+            ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+            Text.SetUtf8Text(Text.GetText().toUtf8() + file.readAll());
         }
-        return lines.join('\n');
-    };
-    const auto place = [&] {
-        const int line = pick(Text.GetCount());
-        return QPoint(pick(Text.GetLength(line) + 1), line);
-    };
-    for (const TZtTokenLanguage &language : ZtTokenLanguages()) {
-        for (const bool closed : {false, true}) {
-            SCOPED_TRACE(std::string(language.Name) + (closed ? ", closed" : ""));
-            const TParser parser = language.CreateParser();
-            parser->SetClosedRemarks(closed);
-            Use(parser.get(), someText(400));
-            for (int round = 0; round < rounds && !HasFailure(); ++round) {
-                for (int edits = pick(4); edits >= 0; --edits) {
-                    QPoint from = place();
-                    QPoint to = pick(3) ? from : place();
-                    if (ZtIsBefore(to, from))
-                        std::swap(from, to);
-                    if (to.y() - from.y() > 30)
-                        to = from;
-                    Text.ReplaceText(from, to, TZtTextPiece(someText(pick(3) ? 1 : 1 + pick(20))));
-                    if (pick(2))
-                        Colours.Advance(0);
-                    const int top = pick(Text.GetCount());
-                    Colours.Prepare(top, top + pick(60), 1 + pick(100));
-                }
-                while (Colours.Advance(0)) {
-                }
-                TZtHighlighter fresh;
-                fresh.SetText(&Text);
-                fresh.SetParser(parser.get());
-                const QStringList expected = AllLooks(fresh);
-                const int top = pick(Text.GetCount());
-                Colours.Prepare(top, top + 50, 200);
-                for (int i = top; i < std::min(top + 50, Text.GetCount()); ++i)
-                    EXPECT_EQ(Looks(Colours.GetRuns(i)).toStdString(), expected[i].toStdString())
-                        << i;
+        const QStringList lexed = LooksOf(*parser, Text);
+        EXPECT_GT(lexed.join(QString()).remove('.').size(), 300);
+        EXPECT_EQ(AllLooks(Colours).join('\n').toStdString(), lexed.join('\n').toStdString());
+        for (int round = 0; round < rounds && !HasFailure(); ++round) {
+            for (int i = edits.Below(4); i >= 0; --i) {
+                edits.One();
+                if (edits.Below(2))
+                    Colours.Advance(0);
+                const int top = edits.Place().y();
+                Colours.Prepare(top, top + edits.Below(60), 1 + edits.Below(100));
             }
-            Colours.SetParser(nullptr);
+            Finish();
+            TZtHighlighter fresh;
+            fresh.SetText(&Text);
+            fresh.SetParser(parser.get());
+            const QStringList expected = AllLooks(fresh);
+            const int top = edits.Place().y();
+            Colours.Prepare(top, top + 50, 200);
+            for (int i = top; i < std::min(top + 50, Text.GetCount()); ++i)
+                EXPECT_EQ(Looks(Colours.GetRuns(i)), expected[i]) << i;
         }
     }
 }
 
 TEST_F(Highlighter, FarLinesAreColouredBeforeAllIsKnown)
 {
-    const TZtTokenLanguage &language = ZtTokenLanguages()[0];
-    const TParser parser = language.CreateParser();
+    const TParser parser = ParserOf("pas");
     parser->SetClosedRemarks(true);
-    const bool isXml = QLatin1String(language.Name) == QLatin1String("xml");
-    const QString open = isXml ? "<!--" : language.Name[0] == 'p' ? "{" : "/*";
-    Use(parser.get(), open + QStringLiteral("\n") + QString("while x > 1\n").repeated(20000));
+    Use(parser.get(), "{\n" + QString("while x > 1\n").repeated(20000));
     const auto look = [&] { return Looks(Colours.GetRuns(15000)).at(0); };
     const QChar guess = look();
     const quint64 revision = Colours.GetRevision();
     EXPECT_LT(Colours.GetKnownLines(), 10);
-    while (Colours.Advance(1)) {
-    }
-    EXPECT_EQ(Colours.GetKnownLines(), Text.GetCount());
+    Finish(1);
     EXPECT_NE(Colours.GetRevision(), revision);
     const QChar comment = Looks(Colours.GetRuns(0)).at(0);
     EXPECT_NE(guess, comment);
@@ -417,36 +348,28 @@ TEST_F(Highlighter, FarLinesAreColouredBeforeAllIsKnown)
     EXPECT_EQ(look(), comment);
     Text.SetStrings(0, "");
     EXPECT_EQ(look(), comment); // as it was, until more is known
-    while (Colours.Advance(1)) {
-    }
+    Finish(1);
     EXPECT_EQ(look(), guess);
 }
 
 TEST_F(Highlighter, HandlersMayDoAnything)
 {
-    const TParser parser = ZtTokenLanguages()[2].CreateParser(); // fires the handler
+    const TParser parser = ParserOf("js"); // fires the handler
     THostLexer other(ReadWord);
-    int tokens = 0;
-    const struct {
-        const char *Name;
-        std::function<void()> Act;
-    } rows[] = {{"changes the text", [&] { Text.SetStrings(3, "new text"); }},
-                {"removes lines", [&] { Text.Delete(5); }},
-                {"exchanges the lexer", [&] { Colours.SetParser(&other); }},
-                {"asks for colours",
-                 [&] {
-                     Colours.GetRuns(7);
-                     Colours.Advance(1);
-                 }},
-                {"raises", [&] { throw EZtParser("no"); }}};
-    for (const auto &row : rows) {
-        SCOPED_TRACE(row.Name);
+    const std::function<void()> rows[] = {[&] { Text.SetStrings(3, "new text"); },
+                                          [&] { Text.Delete(5); },
+                                          [&] { Colours.SetParser(&other); },
+                                          [&] { Colours.GetRuns(7); },
+                                          [&] { Colours.Advance(1); },
+                                          [] { throw EZtParser("no"); }};
+    for (const auto &act : rows) {
         for (const int when : {1, 30, 700}) {
+            SCOPED_TRACE(testing::Message() << &act - rows << " at " << when);
             Use(parser.get(), QString("while (x) { y /* 1 */ }\n").repeated(200));
-            tokens = 0;
+            int tokens = 0;
             parser->OnPaintInfo = [&](const QString &, TColor &, TColor &, TFontStyles &) {
                 if (++tokens == when)
-                    row.Act();
+                    act();
             };
             for (int i = 0; i < 3; ++i) {
                 try {
