@@ -76,7 +76,8 @@ bool TZtUndoHistory::EndStep(const TZtViewState &AView, TZtUndoJoin AJoin)
 
 bool TZtUndoHistory::Close(const TZtViewState &AView, TZtUndoJoin AJoin)
 {
-    if (!IsOpen() || IsNothing()) {
+    const bool sameText = !IsOpen() || IsNothing(false);
+    if (sameText && (!IsOpen() || IsNothing(true))) {
         FOpen = {};
         return false;
     }
@@ -88,7 +89,7 @@ bool TZtUndoHistory::Close(const TZtViewState &AView, TZtUndoJoin AJoin)
     TStep step = std::exchange(FOpen, {});
     while (!FRedo.empty())
         Drop(FRedo);
-    step.Version = ++FLastVersion;
+    step.Version = sameText ? GetVersion() : ++FLastVersion;
     for (const TRecord &record : step.Records)
         step.Bytes += qint64(sizeof(TRecord)) + record.Text->GetBytes();
     FBytes += step.Bytes;
@@ -106,7 +107,7 @@ bool TZtUndoHistory::Close(const TZtViewState &AView, TZtUndoJoin AJoin)
     FMayJoin = AJoin != TZtUndoJoin::ujAlone;
     FSinceLast.start();
     DropOldest();
-    return true;
+    return !sameText;
 }
 
 // Whether the open step takes back what the last one did; then neither is kept.
@@ -117,7 +118,7 @@ bool TZtUndoHistory::TakesBackLast()
     std::vector<TRecord> &records = FOpen.Records;
     const std::vector<TRecord> &last = FUndo.back().Records;
     records.insert(records.begin(), last.begin(), last.end());
-    if (!IsNothing()) {
+    if (!IsNothing(false)) {
         records.erase(records.begin(), records.begin() + std::ptrdiff_t(last.size()));
         return false;
     }
@@ -175,11 +176,11 @@ bool TZtUndoHistory::EndsWithBlank() const
 }
 
 // Whether the open step's changes leave the text as it was. A long one is not looked at.
-bool TZtUndoHistory::IsNothing() const
+bool TZtUndoHistory::IsNothing(bool AObjectsToo) const
 {
     const std::vector<TRecord> &records = FOpen.Records;
     if (records.size() == 1)
-        return IsNothing(records.front());
+        return IsNothing(records.front(), AObjectsToo);
     if (records.size() > MaxComparedRecords)
         return false;
     int first = records.front().Start.y(), last = first, lines = 0;
@@ -213,14 +214,14 @@ bool TZtUndoHistory::IsNothing() const
     if (before.GetCount() != end - first)
         return false;
     for (int i = 0; i < before.GetCount(); ++i)
-        if (before.GetObjects(i) != text.GetObjects(first + i) ||
+        if ((AObjectsToo && before.GetObjects(i) != text.GetObjects(first + i)) ||
             before.GetStrings(i) != text.GetStrings(first + i))
             return false;
     return true;
 }
 
 // Whether the same was put in the place of what was removed.
-bool TZtUndoHistory::IsNothing(const TRecord &ARecord) const
+bool TZtUndoHistory::IsNothing(const TRecord &ARecord, bool AObjectsToo) const
 {
     const int last = ARecord.Text->GetCount() - 1;
     if (last != ARecord.End.y() - ARecord.Start.y())
@@ -233,8 +234,8 @@ bool TZtUndoHistory::IsNothing(const TRecord &ARecord) const
         const int to = i == last ? ARecord.End.x() : FText->GetLength(y);
         QString now;
         FText->AppendTo(y, from, to - from, now);
-        if (now != ARecord.Text->GetLine(i) ||
-            (ARecord.Text->HasObjects() && ARecord.Text->GetObject(i) != FText->GetObjects(y)))
+        if (now != ARecord.Text->GetLine(i) || (AObjectsToo && ARecord.Text->HasObjects() &&
+                                                ARecord.Text->GetObject(i) != FText->GetObjects(y)))
             return false;
     }
     return true;

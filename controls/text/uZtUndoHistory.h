@@ -46,7 +46,8 @@ public:
     /// Steps nest; the outermost one counts.
     void BeginStep(const TZtViewState &AView);
     /// Answers whether the text is another one than before the outermost step began; false for an
-    /// inner one.
+    /// inner one. Where the object slots alone are others the step is kept, and the text counts as
+    /// the same.
     bool EndStep(const TZtViewState &AView, TZtUndoJoin AJoin = TZtUndoJoin::ujAlone);
     bool IsInStep() const { return FDepth > 0; }
     /// What was changed so far is a step, and what comes another one, also in the middle of one
@@ -103,8 +104,8 @@ private:
     void CloseAlone();
     void CloseOpen();
     bool TakesBackLast();
-    bool IsNothing() const;
-    bool IsNothing(const TRecord &ARecord) const;
+    bool IsNothing(bool AObjectsToo) const;
+    bool IsNothing(const TRecord &ARecord, bool AObjectsToo) const;
     bool EndsWithBlank() const;
     bool JoinsLast(const TStep &AStep) const;
     static void Append(std::vector<TRecord> &ARecords, TRecord ARecord);
