@@ -27,35 +27,53 @@ QStringList SplitUtf8(const QByteArray &ABytes)
     return lines;
 }
 
+struct TLine {
+    QString Text;
+    int Object = 0;
+};
+using TLines = QList<TLine>;
+
+TLines WithoutObjects(const QStringList &ATexts)
+{
+    TLines lines;
+    for (const QString &text : ATexts)
+        lines.append({text});
+    return lines;
+}
+
+constexpr QLatin1StringView Break{"\x01"}; // the lines hold other breaks
+
+QString Joined(const TLines &ALines)
+{
+    QString text;
+    for (const TLine &line : ALines)
+        text += line.Text + Break;
+    return text;
+}
+
 // A text that is only ever told its changes; what they say was removed must have been there.
 class TMirror final : public TZtTextListener {
 public:
-    QStringList Lines;
+    QString Text;
     std::vector<TZtTextChange> Changes;
 
     bool WantsRemoved() const override { return true; }
     void TextChanged(const TStringList &AText, const TZtTextChange &AChange) override
     {
-        EXPECT_EQ(Cut(Lines, AChange.Start, AChange.RemovedEnd), AChange.Removed->GetText(Break));
+        const qsizetype start = At(AChange.Start), count = At(AChange.RemovedEnd) - start;
+        EXPECT_EQ(Text.mid(start, count), AChange.Removed->GetText(Break));
         const TZtTextPiece inserted = AText.GetPiece(AChange.Start, AChange.InsertedEnd);
-        QStringList lines = (Cut(Lines, {0, 0}, AChange.Start) + inserted.GetText(Break) +
-                             Cut(Lines, AChange.RemovedEnd, {0, int(Lines.size())}))
-                                .split(u'\x01');
-        EXPECT_EQ(lines.takeLast(), "");
-        Lines = lines;
+        Text.replace(start, count, inserted.GetText(Break));
         Changes.push_back(AChange);
     }
 
 private:
-    static constexpr QLatin1StringView Break{"\x01"}; // the lines hold other breaks
-    // The end of the last line's break is a line of its own.
-    static QString Cut(QStringList ALines, const QPoint &AFrom, const QPoint &ATo)
+    qsizetype At(const QPoint &APlace) const
     {
-        ALines += QString();
-        ALines = ALines.mid(AFrom.y(), ATo.y() - AFrom.y() + 1);
-        ALines.last().truncate(ATo.x());
-        ALines.first().remove(0, AFrom.x());
-        return ALines.join(u'\x01');
+        qsizetype start = 0;
+        for (int y = 0; y < APlace.y(); ++y)
+            start = Text.indexOf(Break, start) + 1;
+        return start + APlace.x();
     }
 };
 
@@ -68,19 +86,14 @@ public:
         List.OnChanging = [this](QObject *) { Log += '-' + std::to_string(List.GetCount()); };
         List.OnChange = [this](QObject *) { Log += '+' + std::to_string(List.GetCount()); };
     }
-    void ReplaceAll(const QStringList &ALines)
-    {
-        Lines = ALines;
-        Objects.assign(size_t(ALines.size()), 0);
-    }
     void Step();
     void Check() const;
     void ReplaceText();
 
     TStringList List;
-    QStringList Lines;
-    std::vector<int> Objects;
+    TLines Lines;
     std::string Log;
+    bool SetsSlots = true;
 
 private:
     int Below(qsizetype ACount) { return int(FRandom() % quint32(ACount)); }
@@ -113,9 +126,9 @@ void TListModel::ReplaceText()
     QPoint from(0, Below(Lines.size() + 1));
     QPoint to(0, from.y() + Below(Lines.size() + 1 - from.y()));
     if (from.y() < Lines.size())
-        from.setX(Below(Lines[from.y()].size() + 1));
+        from.setX(Below(Lines[from.y()].Text.size() + 1));
     if (to.y() < Lines.size())
-        to.setX(Below(Lines[to.y()].size() + 1));
+        to.setX(Below(Lines[to.y()].Text.size() + 1));
     if (to.y() == from.y() && to.x() < from.x())
         std::swap(from, to);
     QStringList pieces = SplitLines(Text() + u'x');
@@ -126,23 +139,14 @@ void TListModel::ReplaceText()
             from.setX(0);
     }
     List.ReplaceText(from, to, TZtTextPiece(pieces.join(u'\n')));
-    const QString head = Lines.value(from.y()).left(from.x());
-    const QString tail = Lines.value(to.y()).mid(to.x());
-    std::vector<int> objects(size_t(pieces.size()), 0);
-    if (to.y() < Lines.size())
-        objects.back() = Objects[size_t(to.y())];
-    if (from.y() < Lines.size())
-        objects.front() = Objects[size_t(from.y())];
-    pieces.first().prepend(head);
-    pieces.last().append(tail);
-    if (to.y() == Lines.size()) {
-        pieces.removeLast();
-        objects.pop_back();
-    }
-    const int last = std::min(to.y() + 1, int(Lines.size()));
-    Lines = Lines.mid(0, from.y()) + pieces + Lines.mid(last);
-    Objects.erase(Objects.begin() + from.y(), Objects.begin() + last);
-    Objects.insert(Objects.begin() + from.y(), objects.begin(), objects.end());
+    Lines.append(TLine()); // the end of the text is a line too, for now
+    TLines lines = WithoutObjects(pieces);
+    lines.first().Text.prepend(Lines[from.y()].Text.left(from.x()));
+    lines.last().Text.append(Lines[to.y()].Text.mid(to.x()));
+    lines.last().Object = Lines[to.y()].Object;
+    lines.first().Object = Lines[from.y()].Object;
+    Lines = Lines.mid(0, from.y()) + lines + Lines.mid(to.y() + 1);
+    Lines.removeLast();
 }
 
 void TListModel::Step()
@@ -152,8 +156,7 @@ void TListModel::Step()
     if (operation < 5 || Lines.isEmpty()) {
         const int at = operation < 3 ? int(Lines.size()) : Below(Lines.size() + 1);
         List.InsertObject(at, S, object);
-        Lines.insert(at, S);
-        Objects.insert(Objects.begin() + at, object);
+        Lines.insert(at, {S, object});
         return;
     }
     const int line = Below(Lines.size());
@@ -162,24 +165,23 @@ void TListModel::Step()
     } else if (operation < 7) {
         List.Delete(line);
         Lines.removeAt(line);
-        Objects.erase(Objects.begin() + line);
     } else if (operation == 7) {
-        List.SetStrings(line, Lines[line] = S);
+        List.SetStrings(line, Lines[line].Text = S);
     } else if (operation == 8) {
         const int from = Below(2) ? line : Below(Lines.size());
-        const int column = Below(Lines[from].size() + 1);
+        const int column = Below(Lines[from].Text.size() + 1);
         List.EditStrings(line, List.GetStrings(from),
                          [&](QString &text) { text.insert(column, S); });
-        Lines[line] = QString(Lines[from]).insert(column, S);
-    } else if (operation == 9) {
-        List.SetObjects(line, Objects[size_t(line)] = -object);
+        Lines[line].Text = QString(Lines[from].Text).insert(column, S);
+    } else if (operation == 9 && SetsSlots) {
+        List.SetObjects(line, Lines[line].Object = -object);
     } else if (operation == 10) {
         List.SetText(S);
-        ReplaceAll(SplitLines(S));
+        Lines = WithoutObjects(SplitLines(S));
     } else {
         const QByteArray bytes = Bytes();
         List.SetUtf8Text(bytes);
-        ReplaceAll(SplitUtf8(bytes));
+        Lines = WithoutObjects(SplitUtf8(bytes));
     }
 }
 
@@ -190,84 +192,67 @@ void TListModel::Check() const
     for (int i = 0; i < List.GetCount(); ++i) {
         QString appended = u">"_s;
         List.AppendTo(i, appended);
-        ASSERT_EQ(List.GetStrings(i), Lines[i]) << i;
-        ASSERT_EQ(List.View(i).toString(), Lines[i]) << i;
-        ASSERT_EQ(appended, u'>' + Lines[i]) << i;
-        ASSERT_EQ(List.GetLength(i), Lines[i].size()) << i;
-        ASSERT_EQ(List.GetObjects(i), Objects[size_t(i)]) << i;
-        text += Lines[i] + u"\r\n"_s;
+        ASSERT_EQ(List.GetStrings(i), Lines[i].Text) << i;
+        ASSERT_EQ(List.View(i).toString(), Lines[i].Text) << i;
+        ASSERT_EQ(appended, u'>' + Lines[i].Text) << i;
+        ASSERT_EQ(List.GetLength(i), Lines[i].Text.size()) << i;
+        ASSERT_EQ(List.GetObjects(i), Lines[i].Object) << i;
+        text += Lines[i].Text + u"\r\n"_s;
     }
     ASSERT_EQ(List.GetText(), text);
 }
 
 } // namespace
 
-TEST(StringList, HoldsWhatThePlainModelHolds)
-{
-    TListModel model;
-    for (int i = 0; i < 3000; ++i) {
-        model.Log.clear();
-        const std::string before = '-' + std::to_string(model.Lines.size());
-        const quint64 revision = model.List.GetRevision();
-        model.Step();
-        if (model.List.GetRevision() == revision && model.Log.empty())
-            continue; // nothing was replaced by nothing
-        ASSERT_EQ(model.Log, before + '+' + std::to_string(model.Lines.size())) << "step " << i;
-        ASSERT_NO_FATAL_FAILURE(model.Check()) << "step " << i;
-    }
-}
-
 // Told alone, the changes make the same text; each put back, the last one first, they lead to the
-// first one, with its object slots.
-TEST(StringList, TheChangesAreTheText)
+// first one, with its object slots. Slots that are set between changes are no part of them.
+TEST(StringList, HoldsWhatThePlainModelHoldsAndTellsItsChanges)
 {
     TListModel model;
-    TMirror mirror;
-    for (int round = 0; round < 60; ++round) {
-        for (int i = 0; i < 20; ++i)
-            model.Step();
-        const QStringList before = model.Lines;
-        std::vector<int> objects = model.Objects;
-        mirror.Lines = before;
-        model.List.AddListener(&mirror);
-        // Slots that are set between changes are no part of them.
-        const auto slotsOf = [&] {
-            std::vector<int> slots;
-            for (int i = 0; i < model.List.GetCount(); ++i)
-                slots.push_back(model.List.GetObjects(i));
-            return slots;
-        };
-        bool slotsSet = false;
+    for (int round = 0; round < 200; ++round) {
+        TMirror mirror;
+        model.SetsSlots = round % 3 > 0;
+        const TLines before = model.Lines;
+        mirror.Text = Joined(before);
+        if (!model.SetsSlots)
+            model.List.AddListener(&mirror);
         for (int i = 0; i < 20; ++i) {
-            const size_t told = mirror.Changes.size();
-            const std::vector<int> slots = slotsOf();
+            model.Log.clear();
+            const std::string log = '-' + std::to_string(model.Lines.size());
+            const quint64 revision = model.List.GetRevision();
             model.Step();
-            ASSERT_EQ(mirror.Lines, model.Lines) << round << ' ' << i;
-            slotsSet = slotsSet || (mirror.Changes.size() == told && slots != slotsOf());
+            if (model.List.GetRevision() == revision && model.Log.empty())
+                continue; // nothing was replaced by nothing
+            ASSERT_EQ(model.Log, log + '+' + std::to_string(model.Lines.size()))
+                << round << ' ' << i;
+            ASSERT_NO_FATAL_FAILURE(model.Check()) << round << ' ' << i;
+            ASSERT_TRUE(model.SetsSlots || mirror.Text == Joined(model.Lines)) << round << ' ' << i;
         }
         model.List.RemoveListener(&mirror);
+        if (model.SetsSlots)
+            continue;
         for (; !mirror.Changes.empty(); mirror.Changes.pop_back()) {
             TZtTextChange &change = mirror.Changes.back();
             model.List.ReplaceText(change.Start, change.InsertedEnd, std::move(*change.Removed));
         }
-        ASSERT_EQ(SplitLines(model.List.GetText()),
-                  SplitLines(before.join(u"\r\n"_s) + (before.isEmpty() ? u""_s : u"\r\n"_s)))
-            << round;
-        ASSERT_TRUE(slotsSet || slotsOf() == objects) << round;
         model.Lines = before;
-        model.Objects = slotsOf();
+        ASSERT_NO_FATAL_FAILURE(model.Check()) << round;
     }
 }
 
-// Many lines change hands with their blocks.
+// Many lines, some of them long, change hands with their blocks.
 TEST(StringList, LargePiecesComeAndGoWhole)
 {
     TStringList list;
     for (const bool wide : {false, true}) {
         QString text;
         for (int i = 0; i < 20'000; ++i)
-            text += QString::number(i) + QChar(wide ? 0x416 : u'x') + u"\r\n"_s;
+            text += QString(i % 7 ? 1 : i % 700, QChar(wide ? 0x416 : u'x')) + QString::number(i) +
+                    u"\r\n"_s;
+        list.SetUtf8Text(text.toUtf8());
+        ASSERT_EQ(list.GetText(), text);
         list.SetText(text);
+        ASSERT_EQ(list.GetText(), text);
         list.SetStrings(7, u"its own"_s);
         text = list.GetText();
         const std::pair<QPoint, QPoint> ranges[] = {
@@ -276,7 +261,7 @@ TEST(StringList, LargePiecesComeAndGoWhole)
             {{0, 19'998}, list.GetEnd()}};
         for (const auto &[from, to] : ranges) {
             TMirror mirror;
-            mirror.Lines = SplitLines(text);
+            mirror.Text = Joined(WithoutObjects(SplitLines(text)));
             list.AddListener(&mirror);
             list.ReplaceText(from, to, {});
             list.ReplaceText(from, from, std::move(*mirror.Changes[0].Removed));
@@ -287,19 +272,6 @@ TEST(StringList, LargePiecesComeAndGoWhole)
         list.ReplaceText({0, 3}, {0, 20'003}, {});
         ASSERT_EQ(list.GetText(), text);
     }
-}
-
-TEST(StringList, LongTextsKeepTheirLines)
-{
-    TListModel model;
-    QString text;
-    for (int i = 0; i < 3000; ++i)
-        text += QString(i % 700, QChar(i % 3 ? 'x' : 0x416)) + u"\r\n"_s;
-    model.ReplaceAll(SplitLines(text));
-    model.List.SetText(text);
-    model.Check();
-    model.List.SetUtf8Text(text.toUtf8());
-    model.Check();
 }
 
 TEST(StringList, AnUpdateFiresOnce)
@@ -365,23 +337,33 @@ const TOperations TextOperations = {
     [](TStringList &list, int) { list.SetText(u"a\nb"_s); },
 };
 
-TEST(StringList, AnIndexOutsideRaisesBeforeAnyEvent)
+const TOperations Reads = {
+    [](TStringList &list, int at) { list.GetStrings(at); },
+    [](TStringList &list, int at) { list.GetObjects(at); },
+    [](TStringList &list, int at) { list.GetLength(at); },
+    [](TStringList &list, int at) { list.View(at); },
+};
+
+TEST(StringList, APlaceOutsideRaisesBeforeAnyEvent)
 {
     TListModel model;
     TStringList &list = model.List;
-    list.Add(u"a"_s);
+    list.SetText(u"ab\nc"_s);
     model.Log.clear();
-    for (const int i : {-1, 1}) {
-        EXPECT_THROW(list.GetStrings(i), EStringListError) << i;
-        EXPECT_THROW(list.GetObjects(i), EStringListError) << i;
-        EXPECT_THROW(list.GetLength(i), EStringListError) << i;
-        EXPECT_THROW(list.View(i), EStringListError) << i;
-        for (const auto &operation : LineOperations)
+    for (const int i : {-1, 2}) {
+        for (const auto &operation : LineOperations + Reads)
             EXPECT_THROW(operation(list, i), EStringListError) << i;
-        EXPECT_THROW(list.Insert(2 * i, u"x"_s), EStringListError) << i;
+        EXPECT_THROW(list.Insert(i < 0 ? i : i + 1, u"x"_s), EStringListError) << i;
     }
+    const std::pair<QPoint, QPoint> ranges[] = {
+        {{3, 0}, {0, 1}}, {{0, 0}, {2, 1}}, {{-1, 0}, {1, 0}}, {{0, -1}, {1, 0}},
+        {{0, 0}, {1, 2}}, {{0, 0}, {0, 3}}, {{1, 0}, {0, 0}},  {{1, 0}, {0, 2}}};
+    for (const auto &[from, to] : ranges)
+        EXPECT_THROW(list.ReplaceText(from, to, {}), EStringListError) << from.x() << to.x();
+    EXPECT_THROW(list.ReplaceText({0, 2}, {0, 2}, TZtTextPiece(u"x"_s)), EStringListError);
+    EXPECT_THROW(list.ReplaceInLine(0, 1, 2, u""), EStringListError);
     EXPECT_EQ(model.Log, "");
-    EXPECT_EQ(list.GetText(), u"a\r\n"_s);
+    EXPECT_EQ(list.GetText(), u"ab\r\nc\r\n"_s);
     TStringList::CheckLength(TStringList::MaxLength);
     EXPECT_THROW(TStringList::CheckLength(qsizetype(TStringList::MaxLength) + 1), EStringListError);
 }
@@ -423,23 +405,6 @@ TEST(StringList, AHandlerMayPreventAChange)
     list.Add(u"b"_s);
     EXPECT_EQ(model.Log, "-0+1+2");
     EXPECT_EQ(list.GetText(), u"a\r\nb\r\n"_s);
-}
-
-TEST(StringList, APlaceOutsideRaisesBeforeAnyEvent)
-{
-    TListModel model;
-    TStringList &list = model.List;
-    list.SetText(u"ab\nc"_s);
-    model.Log.clear();
-    const std::pair<QPoint, QPoint> ranges[] = {
-        {{3, 0}, {0, 1}}, {{0, 0}, {2, 1}}, {{-1, 0}, {1, 0}}, {{0, -1}, {1, 0}},
-        {{0, 0}, {1, 2}}, {{0, 0}, {0, 3}}, {{1, 0}, {0, 0}},  {{1, 0}, {0, 2}}};
-    for (const auto &[from, to] : ranges)
-        EXPECT_THROW(list.ReplaceText(from, to, {}), EStringListError) << from.x() << to.x();
-    EXPECT_THROW(list.ReplaceText({0, 2}, {0, 2}, TZtTextPiece(u"x"_s)), EStringListError);
-    EXPECT_THROW(list.ReplaceInLine(0, 1, 2, u""), EStringListError);
-    EXPECT_EQ(model.Log, "");
-    EXPECT_EQ(list.GetText(), u"ab\r\nc\r\n"_s);
 }
 
 TEST(Strings, TrimTakesCodesUpTo32)

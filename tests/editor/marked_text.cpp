@@ -76,6 +76,8 @@ void DoOne(QPointer<TZtCodeEdit> AEdit, const QString &AWord, Qt::KeyboardModifi
         AEdit->InsertText(TZtChangeType::ctPaste, AWord.mid(7));
     else if (AWord.startsWith(u"wheel"))
         Wheel(AEdit, AWord.mid(5).toInt());
+    else if (AWord == u"read-only")
+        AEdit->SetReadOnly(true);
     else if (AWord == u"paint")
         AEdit->grab();
     else if (AWord.contains(u'@') && AWord.size() > 1)

@@ -11,8 +11,9 @@
 
 /// Does what a user and a host do, in words: "Shift+Right*3 Enter a Ctrl+Z" are keys, "#772" is a
 /// message, "click@2,0" a click into column 2 of the view's line 0 (also "press@", "move@",
-/// "release@", "double@", "triple@", "right@"), "wheel-120" the wheel, "insert:x" an `InsertText` of the rest
-/// of the word, "paint" a paint. Ends early when the editor is deleted.
+/// "release@", "double@", "triple@", "right@"), "wheel-120" the wheel, "insert:x" an `InsertText`
+/// of the rest of the word, "paint" a paint, "read-only" forbids to edit. Ends early when the
+/// editor is deleted.
 void DoInEditor(QPointer<TZtCodeEdit> AEdit, const QString &AWords);
 
 /// An editor of fixed size in a shown window, with the desktop's services replaced.

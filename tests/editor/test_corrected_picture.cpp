@@ -45,6 +45,9 @@ QColor ForeAt(TZtCodeEdit &AEdit, int ARow, int ACell)
 
 class TCorrectedPicture : public testing::Test {
 protected:
+    TZtCodeJSParser Js;
+    TZtCodeXMLParser Xml;
+    TZtCodeSqlParser Sql;
     TMarkedEditor Rig;
     TZtCodeEdit &Edit = Rig.Edit;
 };
@@ -53,16 +56,14 @@ protected:
 
 TEST_F(TCorrectedPicture, EachLineIsARow)
 {
-    TZtCodeXMLParser xml;
-    TZtCodeSqlParser sql;
     const struct {
         TZtLangParser &Parser;
         const char *Text, *Without, *With;
     } rows[] = {
-        {xml, "<!-- a\nb -->\n<c/>", "<!-- a", "<!-- a\nb -->\n<c/>\n"},
-        {xml, "<a>\t<b/>", "<a><b/>", "<a>     <b/>\n"},
-        {sql, "12x", "1x", "12x\n"},
-        {sql, "a\tb", "ab", "a       b\n"},
+        {Xml, "<!-- a\nb -->\n<c/>", "<!-- a", "<!-- a\nb -->\n<c/>\n"},
+        {Xml, "<a>\t<b/>", "<a><b/>", "<a>     <b/>\n"},
+        {Sql, "12x", "1x", "12x\n"},
+        {Sql, "a\tb", "ab", "a       b\n"},
     };
     for (const auto &row : rows)
         for (const bool with : {false, true}) {
@@ -72,7 +73,6 @@ TEST_F(TCorrectedPicture, EachLineIsARow)
             const QString drawn = Drawn(Edit);
             EXPECT_TRUE(with ? drawn == row.With : drawn.startsWith(QString(row.Without)))
                 << row.Text << (with ? " with: " : " without: ") << drawn.toStdString();
-            Edit.SetParser(nullptr);
         }
 }
 
@@ -116,8 +116,7 @@ TEST_F(TCorrectedPicture, TheRangesFollowTheText)
 // A jump shows at once what is known, and soon the right colours.
 TEST_F(TCorrectedPicture, AJumpIntoACommentIsColouredRight)
 {
-    TZtCodeJSParser parser;
-    Edit.SetParser(&parser);
+    Edit.SetParser(&Js);
     for (const bool with : {false, true}) {
         Edit.SetCorrections(with ? zcStates | zcRemarks : zcPicture | zcRemarks);
         Edit.SetText("/* open\n" + QStringLiteral("var x = 1;\n").repeated(30'000) + "*/ end");
@@ -128,18 +127,15 @@ TEST_F(TCorrectedPicture, AJumpIntoACommentIsColouredRight)
             QCoreApplication::processEvents();
         EXPECT_EQ(ForeAt(Edit, 0, 0) == QColor(0, 128, 0), with);
     }
-    Edit.SetParser(nullptr);
 }
 
 TEST_F(TCorrectedPicture, WordListsAndRemarksAreTheLexers)
 {
-    TZtCodeJSParser parser;
-    Edit.SetParser(&parser);
+    Edit.SetParser(&Js);
     for (const bool with : {false, true}) {
         Edit.SetCorrections(with ? zcWordLists | zcRemarks | zcPicture : zcPicture);
         Edit.SetText("return\n/* a\n*/ b");
         EXPECT_EQ(ForeAt(Edit, 0, 0) == QColor(0, 0, 255), with);
         EXPECT_EQ(ForeAt(Edit, 2, 3) == QColor(0, 128, 0), !with);
     }
-    Edit.SetParser(nullptr);
 }

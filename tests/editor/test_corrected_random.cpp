@@ -4,11 +4,9 @@
 // ZT_RANDOM_STEPS makes the run longer; ZT_RANDOM_SEED is its first seed, of ZT_RANDOM_SEEDS.
 
 #include "marked_text.h"
-#include "uZtAnchors.h"
 
 #include <QCoreApplication>
 
-#include <map>
 #include <random>
 
 using enum TZtCorrection;
@@ -29,23 +27,11 @@ const QStringList Texts = QString("|word|one two|a\r\nb|a\r\r\nb\n|\r\n|    in\n
                                   "\n\n\n x\ny|  \r\n  |\u0416e\u0301|last\r\n|short")
                               .split(u'|');
 
-class TPlainAnchors final : public TZtTextListener {
-public:
-    std::map<int, std::pair<QPoint, TZtAnchorSide>> Anchors;
-    void TextChanged(const TStringList &, const TZtTextChange &AChange) override
-    {
-        for (auto &[handle, anchor] : Anchors)
-            anchor.first = AChange.Map(anchor.first, anchor.second);
-    }
-};
-
 class TCorrectedRun : public testing::Test {
 protected:
     TMarkedEditor Rig;
     TZtCodeEdit &Edit = Rig.Edit;
     std::mt19937 Random;
-    TPlainAnchors Plain;
-    std::unique_ptr<TZtAnchors> Anchors;
     QString Last; // what the step did
     QStringList Did;
     QString Saved;
@@ -78,14 +64,6 @@ void TCorrectedRun::Start(int ASeed)
     Edit.ClearUndo();
     Edit.SetModified(false);
     Saved = Edit.GetText();
-    Anchors.reset();
-    Plain.Anchors.clear();
-    Anchors = std::make_unique<TZtAnchors>(Edit.GetLines());
-    for (int i = 0; i < 20; ++i) {
-        const QPoint place = AnyPlace();
-        const auto side = i % 2 ? TZtAnchorSide::asBefore : TZtAnchorSide::asBehind;
-        Plain.Anchors[Anchors->Add(place, side)] = {place, side};
-    }
 }
 
 void TCorrectedRun::HostsLines()
@@ -168,8 +146,6 @@ void TCorrectedRun::CheckStep(const QString &ABefore, bool AReadOnly)
     // The first version's undo raises where the lines are gone that it would change.
     ASSERT_TRUE(!Edit.IsCorrected(zcUndo) || Rig.Errors.isEmpty())
         << Rig.Errors.join(u' ').toStdString();
-    for (const auto &[handle, anchor] : Plain.Anchors)
-        ASSERT_EQ(Anchors->GetPlace(handle), anchor.first);
 }
 
 void TCorrectedRun::UndoAndRedoAll()
@@ -193,7 +169,6 @@ TEST_F(TCorrectedRun, HoldsWhatIsPromised)
     const int steps = qEnvironmentVariableIntValue("ZT_RANDOM_STEPS");
     const int first = qEnvironmentVariableIntValue("ZT_RANDOM_SEED");
     const int seeds = qMax(qEnvironmentVariableIntValue("ZT_RANDOM_SEEDS"), 2);
-    Edit.GetLines()->AddListener(&Plain);
     for (int seed = first; seed < first + seeds; ++seed) {
         Start(seed);
         for (int step = 0; step < (steps > 0 ? steps : 3'000); ++step) {
@@ -227,7 +202,6 @@ TEST_F(TCorrectedRun, HoldsWhatIsPromised)
         }
         ASSERT_NO_FATAL_FAILURE(UndoAndRedoAll());
     }
-    Edit.GetLines()->RemoveListener(&Plain);
 }
 
 } // namespace

@@ -155,21 +155,6 @@ TEST_F(Search, FromTheDialog)
     }
 }
 
-TEST_F(Search, AgainGoesOnThroughTheWholeText)
-{
-    SetMarked(u"ab|\nab"_s);
-    Keys(u"F3"_s);
-    EXPECT_EQ(Marked(), u"ab|\nab"_s) << "nothing was looked for yet";
-    SetMarked(u"[x ab\nx] ab\nab"_s);
-    Find(u"ab"_s);
-    EXPECT_EQ(Marked(), u"x ]ab[\nx ab\nab"_s);
-    Keys(u"F3"_s);
-    EXPECT_EQ(Marked(), u"x ab\nx ]ab[\nab"_s) << "behind the scope";
-    Keys(u"F3*2"_s);
-    EXPECT_EQ(Marked(), u"x ab\nx ab\n]ab["_s);
-    EXPECT_EQ(Boxes, QStringList(u"Search string 'ab' not found."_s));
-}
-
 TEST_F(Search, TheDialogStartsFromTheSelection)
 {
     const struct {
@@ -196,44 +181,64 @@ TEST_F(Search, TheDialogStartsFromTheSelection)
     EXPECT_EQ(Boxes, QStringList(u"Search string '' not found."_s)) << "nothing was accepted";
 }
 
-// One box for all questions and messages, shortened to what differs.
+// One box for all questions and messages, shortened to what differs. With the correction all
+// replacements are one step of undo, and the button of 10 does something.
 TEST_F(Search, Replacing)
 {
+    const TZtCorrections none, with = TZtCorrection::zcReplaceAll | TZtCorrection::zcUndo;
     const struct {
+        TZtCorrections Corrections;
         int Result;
         const char *Before, *With, *Flags, *Answers, *After, *Boxes;
+        const char *Text = "a";
     } rows[] = {
-        {1, "|a a", "c", "", "", "c| a", ""},
-        {2, "|a a", "c", "", "", "|a a", ""},
-        {1, "|a a a", "c", "p", "y", "c| a a", "1 0"},
-        {1, "|a a a", "c", "p", "n", "]a[ a a", "1 0"},
-        {14, "|a a a", "c", "p", "yny", "c a c|", "all 0, all 2, all 4, none"},
-        {14, "|a a a", "c", "p", "ncy", "a ]a[ a", "all 0, all 2"},
-        {14, "|a a a", "c", "p", "oyy", "a c c|", "all 0, all 2, all 4, none"},
-        {14, "|a a\na", "aa", "", "", "aa aa\naa|", "none"},
-        {14, "a a\na|", "aa", "b", "", "|aa aa\naa", "none"},
-        {14, "a a\n|a", "b a b", "be", "", "|b a b b a b\nb a b", "none"},
-        {14, "a [x\na] a", "c", "", "", "a x\nc c|", "none"},
+        {none, 1, "|a a", "c", "", "", "c| a", ""},
+        {none, 2, "|a a", "c", "", "", "|a a", ""},
+        {none, 1, "|a a a", "c", "p", "y", "c| a a", "1 0"},
+        {none, 1, "|a a a", "c", "p", "n", "]a[ a a", "1 0"},
+        {none, 14, "|a a a", "c", "p", "yny", "c a c|", "all 0, all 2, all 4, none"},
+        {none, 14, "|a a a", "c", "p", "ncy", "a ]a[ a", "all 0, all 2"},
+        {none, 14, "|a a a", "c", "p", "oyy", "a c c|", "all 0, all 2, all 4, none"},
+        {none, 14, "|a a\na", "aa", "", "", "aa aa\naa|", "none"},
+        {none, 14, "a a\na|", "aa", "b", "", "|aa aa\naa", "none"},
+        {none, 14, "a a\n|a", "b a b", "be", "", "|b a b b a b\nb a b", "none"},
+        {none, 14, "a [x\na] a", "c", "", "", "a x\nc c|", "none"},
+        {none, 10, "|a\na", "c", "e", "", "|a\na", ""},
+        {with, 10, "a|\na a", "c", "", "", "c\nc |c", ""},
+        {with, 10, "|aXa\nXX", "yx", "", "", "ayxa\ny|xyx", "", "x"}, // not what was inserted
+        {with, 10, "a|b ab", "", "w", "", " |", "", "ab"},
+        {with, 10, "|ab", "x", "", "", "|ab", "none", "q"},
+        {with, 10, "|a a a", "c", "p", "yny", "c a c|", "all 1, all 3, all 5"},
+        {with, 10, "|a a a", "c", "p", "yc", "c [a] a", "all 1, all 3"},
+        {with, 10, "|a-a", "\n", "", "", "a|\na", "", "-"},
     };
     for (const auto &row : rows) {
         SCOPED_TRACE(testing::Message() << row.Before << ' ' << row.Answers << row.Result);
+        Edit.SetCorrections(row.Corrections);
         SetMarked(row.Before);
+        Edit.ClearUndo();
         const QStringList before = Lines();
+        const QString text = row.Text;
         Boxes.clear();
         Answers = row.Answers;
-        Replace(u"a"_s, row.With, row.Flags, row.Result);
+        Replace(text, row.With, row.Flags, row.Result);
         EXPECT_EQ(Marked(), row.After);
-        Boxes.replaceInStrings(u"Do you want to replace this occurrence of 'a'?"_s, u""_s);
-        Boxes.replaceInStrings(u"Search string 'a' not found."_s, u"none"_s);
+        Boxes.replaceInStrings(u"Do you want to replace this occurrence of '%1'?"_s.arg(text),
+                               u""_s);
+        Boxes.replaceInStrings(u"Search string '%1' not found."_s.arg(text), u"none"_s);
         EXPECT_EQ(Boxes.join(u", "_s), row.Boxes);
-        while (Edit.GetCanUndo())
+        int steps = 0;
+        for (; Edit.GetCanUndo(); ++steps)
             Do(u"#772"_s);
         EXPECT_EQ(Lines(), before);
+        EXPECT_TRUE(row.Corrections == none || steps <= 1);
     }
+    SetMarked("a x\na a|");
+    Edit.ClearUndo();
     Edit.SetReadOnly(true);
-    Replace(u"a"_s, u"c"_s, "e", 14);
+    for (const int result : {14, 10})
+        Replace(u"a"_s, u"c"_s, "e", result);
     EXPECT_EQ(Lines(), QStringList({u"a x"_s, u"a a"_s}));
-    EXPECT_EQ(Boxes.size(), 2);
     EXPECT_FALSE(Edit.GetCanUndo());
 }
 
@@ -257,82 +262,41 @@ static qsizetype PlainSearch(const QString &ARun, qsizetype AStart, const QStrin
     return found;
 }
 
-// With zcReplaceAll: what the form is closed with, 10 being its Replace All button, and what comes
-// of it. All replacements are one step of undo.
-TEST_F(Search, ReplacingAllAtOnce)
+TEST_F(Search, Again)
 {
     const struct {
-        const char *Before, *Text, *With, *Flags, *After, *Boxes;
-        const char *Answers = "";
+        bool Corrected;
+        const char *Before; // null: goes on
+        const char *Keys;   // null: the form looks for "ab"
+        const char *After;
+        int Rounds = 0;
+        bool Missing = false;
     } rows[] = {
-        {"foo|\nfoo foo", "foo", "x", "", "x\nx x", ""},
-        {"|aXa\nXX", "x", "yx", "", "ayxa\nyxyx", ""}, // what was inserted is not found again
-        {"a|b ab", "ab", "", "w", "", ""},
-        {"|ab", "q", "x", "", "ab", "Search string 'q' not found."},
-        {"|a a a", "a", "b", "p", "b a b", "all 1,all 3,all 5", "yny"},
-        {"|a a a", "a", "b", "p", "b a a", "all 1,all 3", "yc"},
-        {"|a-a", "-", "\n", "", "a\na", ""},
+        {false, "ab|\nab", "F3", "ab|\nab"}, // nothing was looked for yet
+        {false, "[x ab\nx] ab\nab", nullptr, "x ]ab[\nx ab\nab"},
+        {false, nullptr, "F3", "x ab\nx ]ab[\nab"}, // behind the scope
+        {false, nullptr, "F3*2", "x ab\nx ab\n]ab[", 0, true},
+        {true, "ab\ncab|", nullptr, "[ab]\ncab", 1},
+        {true, nullptr, "F3", "ab\nc[ab]"},
+        {true, nullptr, "a b F3", "[ab]\ncab", 1}, // typed behind the last match, and found
+        {true, nullptr, "Shift+F3", "ab\nc]ab[", 1},
+        {true, "|x", "F3", "|x", 0, true},
     };
-    Edit.SetCorrections(TZtCorrection::zcReplaceAll | TZtCorrection::zcUndo);
+    const TZtCorrections searching = TZtCorrection::zcReplaceAll | TZtCorrection::zcSearchKey;
+    int rounds = 0;
+    Edit.SetOnSearchMessage([&](const QString &) { ++rounds; });
     for (const auto &row : rows) {
-        SCOPED_TRACE(std::string(row.Before) + ' ' + row.Text);
-        SetMarked(row.Before);
-        Edit.ClearUndo();
-        const QString before = Edit.GetText();
-        Answers = row.Answers;
+        SCOPED_TRACE(row.After);
+        Edit.SetCorrections(row.Corrected ? searching : TZtCorrections());
+        rounds = 0;
         Boxes.clear();
-        Edit.GetSearchDlg() ? void() : Find(u"?"_s); // the form keeps what is typed into it
-        TZtSearchReplaceOptions options;
-        options.SearchString = QString(row.Text);
-        options.ReplaceWith = QString(row.With);
-        options.Replace = options.ReplaceAll = options.SearchForward = true;
-        options.PromptOnReplace = QByteArray(row.Flags).contains('p');
-        options.Options = TZtSearchFlag::sfDown;
-        options.Options.setFlag(TZtSearchFlag::sfWholeWord, QByteArray(row.Flags).contains('w'));
-        Edit.SetSearchOptions(options);
-        Boxes.clear();
-        Keys(u"#1027"_s);
-        const QString after = QString(row.After).replace("\n", "\r\n") + "\r\n";
-        if (*row.After) {
-            EXPECT_EQ(Edit.GetText(), after);
-        }
-        QStringList boxes;
-        for (const QString &box : Boxes)
-            boxes += box.startsWith("all") ? "all " + box.right(1) : box;
-        EXPECT_EQ(boxes.join(u','), row.Boxes);
-        Edit.Undo();
-        EXPECT_EQ(Edit.GetText(), before);
-        EXPECT_FALSE(Edit.GetCanUndo());
+        if (row.Before)
+            SetMarked(row.Before);
+        row.Keys ? Keys(row.Keys) : Find(u"ab"_s);
+        EXPECT_EQ(Marked(), row.After);
+        EXPECT_EQ(rounds, row.Rounds);
+        EXPECT_EQ(Boxes.join(u','), row.Missing ? "Search string 'ab' not found." : "");
     }
-}
-
-TEST_F(Search, TheReplaceAllButtonAndGoingRoundTheEnd)
-{
-    for (const bool with : {false, true}) {
-        Edit.SetCorrections(with ? TZtCorrection::zcReplaceAll | TZtCorrection::zcSearchKey
-                                 : TZtCorrections());
-        SetMarked("foo|\nfoo");
-        Replace(u"foo"_s, u"x"_s, "e", 10);
-        EXPECT_EQ(Edit.GetText(), with ? "x\r\nx\r\n" : "foo\r\nfoo\r\n");
-    }
-    QStringList said;
-    Edit.SetOnSearchMessage([&](const QString &text) { said += text; });
-    SetMarked("ab\ncab|");
-    Boxes.clear();
-    Find(u"ab"_s);
-    EXPECT_EQ(Marked(), "[ab]\ncab");
-    EXPECT_EQ(said.size(), 1) << "it went round";
-    Keys(u"F3"_s);
-    EXPECT_EQ(Marked(), "ab\nc[ab]");
-    Keys(u"a b F3"_s); // typed behind the last match, and found
-    EXPECT_EQ(Marked(), "[ab]\ncab");
-    Keys(u"Shift+F3"_s);
-    EXPECT_EQ(Marked(), "ab\nc]ab[");
-    EXPECT_EQ(said.size(), 3);
-    EXPECT_TRUE(Boxes.isEmpty());
-    SetMarked("|x");
-    Keys(u"F3"_s);
-    EXPECT_EQ(Boxes.join(u','), "Search string 'ab' not found.");
 }
 
 TEST(BufferSearch, FindsWhatAPlainSearchFinds)
@@ -402,17 +366,34 @@ QString NameOf(const QWidget *AWidget)
 
 TEST_F(SearchDialog, HasTwoFormsThatKeepTheirEntriesApart)
 {
+    const struct {
+        TFrmCodeEditSearchReplaceDlgType Type;
+        const char *Title;
+        int Height;
+        const char *Tabs;
+    } forms[] = {
+        {ForFind, "Find Text", 276,
+         "edtSearchTextToFind chkBxSearchCaseSensitive chkBxSearchWholeWordsOnly rgSearchScope "
+         "rgSearchDirection rgSearchOrigin btnOK btnCancel edtSearchTextToFind"},
+        {ForReplace, "Replace Text", 319,
+         "edtReplaceTextToFind edtReplaceWith chkBxReplaceCaseSensitive chkBxReplaceWholeWordsOnly "
+         "chkBxPromptOnReplace rgReplaceDirection rgReplaceScope rgReplaceOrigin btnOK btnCancel "
+         "btnReplaceAll edtReplaceTextToFind"},
+    };
     TDlg dialog;
     dialog.show();
     dialog.resize(505, 419);
-    for (const auto type : {ForReplace, ForFind, ForReplace}) {
-        const bool replace = type == ForReplace;
-        Show(dialog, type);
-        EXPECT_EQ(dialog.windowTitle(), replace ? u"Replace Text"_s : u"Find Text"_s);
-        EXPECT_EQ(dialog.btnReplaceAll->isVisible(), replace);
-        EXPECT_EQ(dialog.btnOK->x() < dialog.btnReplaceAll->x(), replace);
-        EXPECT_EQ(dialog.size(), QSize(505, replace ? 319 : 276)) << "the user's width stays";
+    for (const int i : {1, 0, 1}) {
+        const auto &form = forms[i];
+        Show(dialog, form.Type);
+        EXPECT_EQ(dialog.windowTitle(), form.Title);
+        EXPECT_EQ(dialog.btnOK->x() < dialog.btnReplaceAll->x(), form.Type == ForReplace);
+        EXPECT_EQ(dialog.size(), QSize(505, form.Height)) << "the user's width stays";
         EXPECT_EQ(dialog.btnCancel->pos(), QPoint(418, dialog.height() - 31));
+        for (const QString &name : QString(form.Tabs).split(u' ')) {
+            ASSERT_EQ(NameOf(dialog.focusWidget()), name);
+            Press(dialog.focusWidget(), Qt::Key_Tab, u"\t"_s);
+        }
     }
     dialog.GetEdtTextToFind()->setText(u"x"_s);
     dialog.GetRgScope()->SetItemIndex(1);
@@ -459,28 +440,6 @@ TEST_F(SearchDialog, ClosesWithItsResults)
     for (const auto &[result, act] : rows) {
         QTimer::singleShot(0, &dialog, act);
         EXPECT_EQ(dialog.ShowModal(), result);
-    }
-}
-
-TEST_F(SearchDialog, TabGoesThroughTheShownPage)
-{
-    const std::pair<TFrmCodeEditSearchReplaceDlgType, const char *> rows[] = {
-        {ForFind, "edtSearchTextToFind chkBxSearchCaseSensitive chkBxSearchWholeWordsOnly "
-                  "rgSearchScope rgSearchDirection rgSearchOrigin btnOK btnCancel "
-                  "edtSearchTextToFind"},
-        {ForReplace, "edtReplaceTextToFind edtReplaceWith chkBxReplaceCaseSensitive "
-                     "chkBxReplaceWholeWordsOnly chkBxPromptOnReplace rgReplaceDirection "
-                     "rgReplaceScope rgReplaceOrigin btnOK btnCancel btnReplaceAll "
-                     "edtReplaceTextToFind"},
-    };
-    TDlg dialog;
-    for (const auto &[type, expected] : rows) {
-        Show(dialog, type);
-        const QStringList names = QString(expected).split(u' ');
-        for (const QString &name : names) {
-            ASSERT_EQ(NameOf(dialog.focusWidget()), name);
-            Press(dialog.focusWidget(), Qt::Key_Tab, u"\t"_s);
-        }
     }
 }
 
