@@ -76,8 +76,8 @@ bool TZtUndoHistory::EndStep(const TZtViewState &AView, TZtUndoJoin AJoin)
 
 bool TZtUndoHistory::Close(const TZtViewState &AView, TZtUndoJoin AJoin)
 {
-    const bool sameText = !IsOpen() || IsNothing(false);
-    if (sameText && (!IsOpen() || IsNothing(true))) {
+    const bool sameText = !IsOpen() || IsNothing(FOpen.Records, false);
+    if (sameText && (!IsOpen() || IsNothing(FOpen.Records, true))) {
         FOpen = {};
         return false;
     }
@@ -101,6 +101,10 @@ bool TZtUndoHistory::Close(const TZtViewState &AView, TZtUndoJoin AJoin)
         last.After = step.After;
         last.Version = step.Version;
         last.EndsWithBlank = step.EndsWithBlank;
+        if (IsNothing(last.Records, true)) { // what was erased is back, for instance
+            FBytes -= last.Bytes;
+            FUndo.pop_back();
+        }
     } else {
         FUndo.push_back(std::move(step));
     }
@@ -118,7 +122,7 @@ bool TZtUndoHistory::TakesBackLast()
     std::vector<TRecord> &records = FOpen.Records;
     const std::vector<TRecord> &last = FUndo.back().Records;
     records.insert(records.begin(), last.begin(), last.end());
-    if (!IsNothing(false)) {
+    if (!IsNothing(records, false)) {
         records.erase(records.begin(), records.begin() + std::ptrdiff_t(last.size()));
         return false;
     }
@@ -175,18 +179,18 @@ bool TZtUndoHistory::EndsWithBlank() const
     return last.front().unicode() <= 32;
 }
 
-// Whether the open step's changes leave the text as it was. A long one is not looked at.
-bool TZtUndoHistory::IsNothing(bool AObjectsToo) const
+// Whether changes, of which the last one is the last of all, leave the text as it was. A long one
+// is not looked at.
+bool TZtUndoHistory::IsNothing(const std::vector<TRecord> &ARecords, bool AObjectsToo) const
 {
-    const std::vector<TRecord> &records = FOpen.Records;
-    if (records.size() == 1)
-        return IsNothing(records.front(), AObjectsToo);
-    if (records.size() > MaxComparedRecords)
+    if (ARecords.size() == 1)
+        return IsNothing(ARecords.front(), AObjectsToo);
+    if (ARecords.size() > MaxComparedRecords)
         return false;
-    int first = records.front().Start.y(), last = first, lines = 0;
+    int first = ARecords.front().Start.y(), last = first, lines = 0;
     qint64 units = 0;
     bool counted = true; // a change in lines alone is told by its units
-    for (const TRecord &record : records) {
+    for (const TRecord &record : ARecords) {
         const int removed = record.Text->GetCount() - 1;
         const int inserted = record.End.y() - record.Start.y();
         first = std::min(first, record.Start.y());
@@ -209,7 +213,7 @@ bool TZtUndoHistory::IsNothing(bool AObjectsToo) const
         before.AddObject(FText->GetStrings(i), FText->GetObjects(i));
     const TStringList &text = *FText;
     const QPoint origin(0, first);
-    for (auto record = records.rbegin(); record != records.rend(); ++record)
+    for (auto record = ARecords.rbegin(); record != ARecords.rend(); ++record)
         before.ReplaceText(record->Start - origin, record->End - origin, *record->Text);
     if (before.GetCount() != end - first)
         return false;

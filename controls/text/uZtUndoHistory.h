@@ -104,7 +104,7 @@ private:
     void CloseAlone();
     void CloseOpen();
     bool TakesBackLast();
-    bool IsNothing(bool AObjectsToo) const;
+    bool IsNothing(const std::vector<TRecord> &ARecords, bool AObjectsToo) const;
     bool IsNothing(const TRecord &ARecord, bool AObjectsToo) const;
     bool EndsWithBlank() const;
     bool JoinsLast(const TStep &AStep) const;
