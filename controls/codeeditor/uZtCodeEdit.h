@@ -6,6 +6,7 @@
 #include "uZtCodeParser.h"
 #include "uZtCorrections.h"
 #include "uZtCustomControl.h"
+#include "uZtExtras.h"
 #include "uZtFrame.h"
 #include "uZtScrollBar.h"
 #include "uZtStringList.h"
@@ -116,6 +117,7 @@ class TZtCodeEdit : public TCustomControl, public TZtUndoTarget {
     Q_PROPERTY(bool ReadOnly READ GetReadOnly WRITE SetReadOnly)
     Q_PROPERTY(int TabIndentSize READ GetTabIndentSize WRITE SetTabIndentSize)
     Q_PROPERTY(TZtCorrections Corrections READ GetCorrections WRITE SetCorrections)
+    Q_PROPERTY(TZtExtras Extras READ GetExtras WRITE SetExtras)
     Q_PROPERTY(int TabWidth READ GetTabWidth WRITE SetTabWidth)
     Q_PROPERTY(qint64 UndoBytes READ GetUndoBytes WRITE SetUndoBytes)
     Q_PROPERTY(bool UndoLoads READ GetUndoLoads WRITE SetUndoLoads)
@@ -269,6 +271,14 @@ public:
     void ShareText(TZtCodeEdit *AOther);
     /// The caret's column in cells: a tab or a wide character before it counts as it is drawn.
     int GetCaretCell() const;
+
+    // === uZtCodeEditExtras.cpp: what is shown and offered beside the text
+    // =========================
+
+    TZtExtras GetExtras() const { return FShownExtras; }
+    /// What the editor shows and offers beside the text; none of it unless the host says so.
+    void SetExtras(TZtExtras Value);
+    bool HasExtra(TZtExtra AExtra) const { return FShownExtras.testFlag(AExtra); }
 
     // === uZtCodeEditPaint.cpp: rendering
     // ==========================================================
@@ -616,6 +626,7 @@ private:
     int FWheelRest = 0;      // of a notch, in eighths of a degree
 
     TZtCorrections FCorrections;
+    TZtExtras FShownExtras;
     TZtCellRules FCells;
     std::shared_ptr<TZtUndoHistory> FHistory;     // with zcUndo or zcEvents
     std::shared_ptr<TZtHighlighter> FHighlighter; // with zcPicture
