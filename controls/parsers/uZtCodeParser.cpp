@@ -167,8 +167,43 @@ bool TZtLangParser::GetNextToken(QString &AToken, TColor &ABackGround, TColor &A
     ABackGround = clWindow;
     ATextColor = clWindowText;
     AFontStyle = {};
+    TakeSchemeStyle(ABackGround, ATextColor, AFontStyle);
     ALineBreak = kind == TlngToken::tLineBreak || kind == TlngToken::tEndOfFile;
     return kind != TlngToken::tUnknown;
+}
+
+QStringList TZtLangParser::GetElements() const { return {QStringLiteral("WhiteSpace")}; }
+
+TZtElementKind TZtLangParser::GetElementKind(int AElement) const
+{
+    if (FKinds.empty())
+        for (const QString &name : GetElements())
+            FKinds.push_back(ZtElementKind(name));
+    const bool known = AElement >= 0 && size_t(AElement) < FKinds.size();
+    return known ? FKinds[size_t(AElement)] : TZtElementKind::ekCode;
+}
+
+void TZtLangParser::SetScheme(std::shared_ptr<const TZtColorScheme> Value)
+{
+    FStyles.reset();
+    FScheme = std::move(Value);
+    if (!FScheme || !FScheme->HasStyles())
+        return;
+    std::vector<TZtTextStyle> styles;
+    for (const QString &name : GetElements())
+        styles.push_back(FScheme->GetStyle(GetLanguage(), name));
+    FStyles = std::make_unique<const std::vector<TZtTextStyle>>(std::move(styles));
+}
+
+void TZtLangParser::TakeSchemeStyle(TColor &ABackGround, TColor &ATextColor,
+                                    TFontStyles &AFontStyle) const
+{
+    if (!FStyles || size_t(GetElement()) >= FStyles->size())
+        return;
+    const TZtTextStyle &style = (*FStyles)[size_t(GetElement())];
+    ABackGround = style.Back;
+    ATextColor = style.Fore;
+    AFontStyle = style.Style;
 }
 
 void TZtLangParser::GetPaintInfo(const QString &AToken, TColor &ABackGround, TColor &ATextColor,

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "uZtColorScheme.h"
+#include "uZtElements.h"
 #include "uZtException.h"
 #include "uZtGrammar.h"
 #include "uZtMethodDescription.h"
@@ -15,8 +17,10 @@
 
 #include <array>
 #include <functional>
+#include <memory>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 class QIODevice;
 
@@ -65,14 +69,32 @@ public:
         quint8 &row = FRows[quint8(AKind)];
         if (row == Unknown)
             row = quint8(&ZtDrawInfoRow(ADrawInfo, AKind) - ADrawInfo);
+        FLast = row;
         return ADrawInfo[row];
     }
+    /// The row (0-based) that was found last.
+    int GetLast() const { return FLast; }
 
 private:
     static constexpr quint8 Unknown = 0xFF;
     std::array<quint8, 256> FRows;
+    quint8 FLast = 0;
     int FResets = -1;
 };
+
+/// The names of a lexer's elements, one for each row of its `DrawInfo`: the row's, with a number
+/// where a row above has the name ("Symbol 2").
+template <typename TRow, size_t N> QStringList ZtDrawInfoNames(const TRow (&ADrawInfo)[N])
+{
+    QStringList Names;
+    for (const TRow &Row : ADrawInfo) {
+        QString Name = Row.Name;
+        for (int i = 2; Names.contains(Name); ++i)
+            Name = Row.Name + u' ' + QString::number(i);
+        Names += Name;
+    }
+    return Names;
+}
 
 /// The characters of a token while it is read. They are gathered here, and the token's string is
 /// set once, because an append to a string for each character costs more than the reading.
@@ -159,7 +181,24 @@ public:
     virtual void GetPaintInfo(const QString &AToken, TColor &ABackGround, TColor &ATextColor,
                               TFontStyles &AFontStyle);
 
+    /// The language's name, which is never translated. Schemes know the language by it.
     virtual QString GetLanguage() const;
+
+    /// The names of what the lexer tells apart: one for each row of its table, in order, no two
+    /// alike ("Symbol", "Symbol 2"). The plain-text lexer has one, "WhiteSpace".
+    virtual QStringList GetElements() const;
+    /// The element (0-based) of the token that `GetNextToken` answered last; 0 for a lexer that
+    /// does not look its tokens up in a table.
+    int GetElement() const { return Rows.GetLast(); }
+    /// What an element (0-based) is, by its name; `ekCode` when there is no such one.
+    TZtElementKind GetElementKind(int AElement) const;
+
+    /// The scheme that draws the tokens instead of the rows of `DrawInfo`, which stay as they are.
+    /// What it says is handed to `OnPaintInfo` as the rows' attributes are. Null by default; a
+    /// scheme without styles of elements is as good as none. The styles are looked up now: whoever
+    /// has coloured lines by the lexer has to ask anew.
+    void SetScheme(std::shared_ptr<const TZtColorScheme> Value);
+    const std::shared_ptr<const TZtColorScheme> &GetScheme() const { return FScheme; }
 
     /// The text of a new handler for an event of `AObject`, whose name is returned in
     /// `AMethodName`. Languages without handlers answer an empty string and leave the name.
@@ -215,6 +254,23 @@ protected:
     /// How often `Reset` ran.
     int GetResets() const { return FResets; }
     TZtDrawInfoRows Rows; ///< of the lexer's table
+
+    /// How a token of `AKind` is drawn: by the scheme, or without one by its row, which is
+    /// answered.
+    template <typename TRow, size_t N, typename TToken>
+    const TRow &TakeStyle(const TRow (&ADrawInfo)[N], TToken AKind, TColor &ABackGround,
+                          TColor &ATextColor, TFontStyles &AFontStyle)
+    {
+        const TRow &Row = Rows.Find(ADrawInfo, AKind, FResets);
+        ABackGround = Row.BckColor;
+        ATextColor = Row.TextColor;
+        AFontStyle = Row.Style;
+        if (FStyles) [[unlikely]]
+            TakeSchemeStyle(ABackGround, ATextColor, AFontStyle);
+        return Row;
+    }
+    /// The scheme's attributes of the last token's element. Without a scheme they stay.
+    void TakeSchemeStyle(TColor &ABackGround, TColor &ATextColor, TFontStyles &AFontStyle) const;
 
     /// `AGrammar` is kept by reference.
     TZtLangParser(QObject *AOwner, const TZtGrammar &AGrammar);
@@ -324,6 +380,10 @@ private:
     bool EndLines = false;
     int LineKind = 0;
     int FResets = 0;
+
+    std::shared_ptr<const TZtColorScheme> FScheme;
+    std::unique_ptr<const std::vector<TZtTextStyle>> FStyles; // of the elements; none, no scheme
+    mutable std::vector<TZtElementKind> FKinds;               // the same, when they are asked for
 
     const TZtGrammar &FGrammar;
     const std::array<bool, 128> FSpanStarts; // a look-up for each token

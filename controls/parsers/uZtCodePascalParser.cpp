@@ -254,10 +254,7 @@ bool TZtCodePascalParser::GetNextToken(QString &AToken, TColor &ABackGround, TCo
                                        TFontStyles &AFontStyle, bool &ALineBreak)
 {
     const TPascalToken kind = InternalGetNextToken(AToken);
-    const TZtPascalInfo &row = Rows.Find(DrawInfo, kind, GetResets());
-    ABackGround = row.BckColor;
-    ATextColor = row.TextColor;
-    AFontStyle = row.Style;
+    TakeStyle(DrawInfo, kind, ABackGround, ATextColor, AFontStyle);
     ALineBreak = kind == ptLineBreak;
     return kind != ptInvalid && kind != ptEndOfFile;
 }

@@ -123,6 +123,7 @@ public:
     bool GetNextToken(QString &AToken, TColor &ABackGround, TColor &ATextColor,
                       TFontStyles &AFontStyle, bool &ALineBreak) override;
     QString GetLanguage() const override;
+    QStringList GetElements() const override { return ZtDrawInfoNames(DrawInfo); }
 
     /// Reads one token. Its text is the source's, with three exceptions: a backspace code reads as
     /// four spaces, a doubled quote within a string as one quote, and a "(*" comment that is open

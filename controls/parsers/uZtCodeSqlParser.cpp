@@ -341,10 +341,7 @@ bool TZtCodeSqlParser::GetNextToken(QString &AToken, TColor &ABackGround, TColor
                                     TFontStyles &AFontStyle, bool &ALineBreak)
 {
     const TZtSqlToken Kind = InternalGetNextToken(AToken);
-    const TZtSqlTokenInfo &Row = Rows.Find(DrawInfo, Kind, GetResets());
-    ABackGround = Row.BckColor;
-    ATextColor = Row.TextColor;
-    AFontStyle = Row.Style;
+    TakeStyle(DrawInfo, Kind, ABackGround, ATextColor, AFontStyle);
     ALineBreak = Kind == vtLineBreak;
     return Kind != vtInvalid && Kind != vtEndOfFile;
 }

@@ -65,6 +65,7 @@ public:
 
     /// "Sql".
     QString GetLanguage() const override;
+    QStringList GetElements() const override { return ZtDrawInfoNames(DrawInfo); }
 
     /// Reads one token and answers its kind. The text of a control character is empty, that of a
     /// line break or a lone LF is what was read; at the end of the input it is empty.

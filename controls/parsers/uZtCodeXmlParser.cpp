@@ -231,10 +231,7 @@ bool TZtCodeXMLParser::GetNextToken(QString &AToken, TColor &ABackGround, TColor
                                     TFontStyles &AFontStyle, bool &ALineBreak)
 {
     const TZtXmlToken Kind = InternalGetNextToken(AToken);
-    const TZtXmlTokenInfo &Row = Rows.Find(DrawInfo, Kind, GetResets());
-    ABackGround = Row.BckColor;
-    ATextColor = Row.TextColor;
-    AFontStyle = Row.Style;
+    TakeStyle(DrawInfo, Kind, ABackGround, ATextColor, AFontStyle);
     ALineBreak = Kind == vtLineBreak;
     return Kind != vtInvalid && Kind != vtEndOfFile;
 }

@@ -74,6 +74,7 @@ public:
 
     /// "XML".
     QString GetLanguage() const override;
+    QStringList GetElements() const override { return ZtDrawInfoNames(DrawInfo); }
 
     /// Reads one token and answers its kind. A line break's text is "~~", that of any other
     /// control character and of the end of the input is empty.

@@ -47,6 +47,7 @@ public:
     /// a row from 1 up claims, so an `OnPaintInfo` handler must not build on its own changes.
     bool GetNextToken(QString &AToken, TColor &ABackGround, TColor &ATextColor,
                       TFontStyles &AFontStyle, bool &ALineBreak) override;
+    QStringList GetElements() const override { return ZtDrawInfoNames(FDrawInfo); }
 
     /// The rest of a string, with its closing quote; a doubled quote stays doubled. An unclosed
     /// string ends before the line break.
@@ -348,10 +349,7 @@ bool TZtScriptLexer<TToken>::GetNextToken(QString &AToken, TColor &ABackGround, 
                                           TFontStyles &AFontStyle, bool &ALineBreak)
 {
     const TToken Kind = InternalGetNextToken(AToken);
-    const TInfo &Row = this->Rows.Find(FDrawInfo, Kind, this->GetResets());
-    ABackGround = Row.BckColor;
-    ATextColor = Row.TextColor;
-    AFontStyle = Row.Style;
+    const TInfo &Row = TakeStyle(FDrawInfo, Kind, ABackGround, ATextColor, AFontStyle);
     // The hook sees a token that a row claims twice: here and at the end.
     if (&Row != &FDrawInfo[0])
         GetPaintInfo(AToken, ABackGround, ATextColor, AFontStyle);

@@ -32,12 +32,15 @@ public:
     int Run()
     {
         while (!IsPast() && Next())
-            FPlacer.Place(Token, GetUnread(), {0, 0, Fore, Back, Style}, LineBreak);
+            FPlacer.Place(Token, GetUnread(), Look(), LineBreak);
         if (FLine <= FLast)
             CompareBelow(FLast + 1, FPlacer.Line() > FLast && !FIsCut && GetUnread() <= 1);
         return std::clamp(FPlacer.Line(), FFirst, FLast) + 1;
     }
-    TZtColourRuns Runs(int ALine, int ALength) const { return FPlacer.Runs(ALine, ALength); }
+    TZtColourRuns Runs(int ALine, int ALength) const
+    {
+        return FPlacer.Runs(ALine, ALength, FOwner.FPlain);
+    }
 
 protected:
     bool LineStarts(int ALine, bool ARestartable) override
@@ -67,6 +70,11 @@ protected:
     }
 
 private:
+    TZtColourRun Look() const
+    {
+        const int element = Parser().GetElement();
+        return {0, 0, Fore, Back, Style, quint8(element), Parser().GetElementKind(element)};
+    }
     // The rows below are known, it may be: they stay if the first of them is begun as it was.
     void CompareBelow(int ALine, bool ARestartable)
     {
@@ -180,6 +188,15 @@ void TZtHighlighter::SetExact(bool Value)
     Invalidate();
 }
 
+void TZtHighlighter::SetPlain(TColor ATextColor, TColor ABackGround)
+{
+    if (FPlain.Fore == ATextColor && FPlain.Back == ABackGround)
+        return;
+    FPlain.Fore = ATextColor;
+    FPlain.Back = ABackGround;
+    Invalidate();
+}
+
 void TZtHighlighter::Invalidate()
 {
     FStates.Clear();
@@ -287,7 +304,7 @@ int TZtHighlighter::Compose(int AFirst, int ALast)
         if (!row)
             break; // a handler has exchanged the lexer
         row->Runs = parser ? sight->Runs(i, FText->GetLength(i))
-                           : TZtTokenPlacer().Runs(i, FText->GetLength(i));
+                           : TZtTokenPlacer().Runs(i, FText->GetLength(i), FPlain);
         row->Ready = true;
         row->Exact = start.Exact || !parser;
         row->Columns = FColumns;

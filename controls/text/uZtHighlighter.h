@@ -31,6 +31,9 @@ public:
     /// object slot as the lexer's `LineKind`. True by default.
     void SetExact(bool Value);
     bool GetExact() const { return FExact; }
+    /// The colours of what no token covers, and of all text without a lexer: those of the lexer's
+    /// scheme, if it has one. `clWindowText` on `clWindow` by default.
+    void SetPlain(TColor ATextColor, TColor ABackGround);
     /// Forgets everything, after a change of the lexer's properties or colours.
     void Invalidate();
 
@@ -88,6 +91,7 @@ private:
     std::vector<TRow> FRows; // of the lines in sight
     int FFirst = 0;          // of those
     int FColumns = 0;
+    TZtColourRun FPlain{0, 0, clWindowText, clWindow, {}};
     quint64 FRevision = 0;
     bool FExact = true;
     bool FLexing = false;

@@ -86,7 +86,7 @@ void TZtTokenPlacer::Colour(qsizetype AStart, qsizetype AEnd, const TZtColourRun
         FSpans.push_back({AStart, AEnd, ALook});
 }
 
-TZtColourRuns TZtTokenPlacer::Runs(int ALine, int ALength) const
+TZtColourRuns TZtTokenPlacer::Runs(int ALine, int ALength, const TZtColourRun &APlain) const
 {
     TZtColourRuns runs;
     const auto add = [&](qsizetype AStart, qsizetype AEnd, const TZtColourRun &ALook) {
@@ -95,14 +95,14 @@ TZtColourRuns TZtTokenPlacer::Runs(int ALine, int ALength) const
         TZtColourRun run = ALook;
         run.Start = int(AStart);
         run.Length = int(AEnd - AStart);
-        const TZtColourRun before = runs.empty() ? TZtColourRun{} : runs.back();
-        if (before.Length > 0 && before.Fore == run.Fore && before.Back == run.Back &&
-            before.Style == run.Style)
+        TZtColourRun longer = runs.empty() ? TZtColourRun{} : runs.back();
+        longer.Start = run.Start;
+        longer.Length = run.Length;
+        if (!runs.empty() && longer == run)
             runs.back().Length += run.Length;
         else
             runs.push_back(run);
     };
-    constexpr TZtColourRun plain{0, 0, clWindowText, clWindow, {}};
     qsizetype column = 0;
     const auto line = std::ranges::lower_bound(FLines, ALine, {}, &TLine::Line);
     if (line != FLines.end() && line->Line == ALine) {
@@ -112,11 +112,11 @@ TZtColourRuns TZtTokenPlacer::Runs(int ALine, int ALength) const
         auto span = std::ranges::upper_bound(FSpans, start, {}, &TSpan::End);
         for (; span != FSpans.end() && span->Start < end; ++span) {
             const qsizetype first = std::max(span->Start, start) - start;
-            add(column, first, plain);
+            add(column, first, APlain);
             column = std::min(span->End, end) - start;
             add(first, column, span->Look);
         }
     }
-    add(column, ALength, plain);
+    add(column, ALength, APlain);
     return runs;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "uZtElements.h"
 #include "uZtTypes.h"
 
 #include <QString>
@@ -14,6 +15,8 @@ struct TZtColourRun {
     TColor Fore;
     TColor Back;
     TFontStyles Style;
+    quint8 Element = 0; ///< of the lexer (0-based); 0 also for what no token covers
+    TZtElementKind Kind = TZtElementKind::ekCode;
     bool operator==(const TZtColourRun &) const = default;
 };
 using TZtColourRuns = std::vector<TZtColourRun>;
@@ -36,8 +39,8 @@ public:
     /// Whether all text was given a look.
     bool IsAtEnd() const { return FPlace >= FText.size(); }
     /// How a line is drawn, whose length is `ALength`: runs in order, side by side, from column 0
-    /// to the end of the line.
-    TZtColourRuns Runs(int ALine, int ALength) const;
+    /// to the end of the line. What no token covers looks like `APlain`.
+    TZtColourRuns Runs(int ALine, int ALength, const TZtColourRun &APlain) const;
 
 private:
     struct TLine {

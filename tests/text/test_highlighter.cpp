@@ -20,7 +20,7 @@ QString Looks(const TZtColourRuns &ARuns)
 {
     QString looks;
     for (const TZtColourRun &run : ARuns) {
-        const bool plain = run == TZtColourRun{run.Start, run.Length, clWindowText, clWindow, {}};
+        const bool plain = run.Fore == clWindowText && run.Back == clWindow && !run.Style;
         const uint look = run.Fore * 31 + run.Back * 7 + uint(run.Style);
         looks += QString(run.Length, plain ? u'.' : QChar(char16_t(u'A' + look % 57)));
     }
@@ -322,6 +322,37 @@ TEST_F(Highlighter, AfterAnyEditsAllIsAsIfLexedAnew)
             for (int i = top; i < std::min(top + 50, Text.GetCount()); ++i)
                 EXPECT_EQ(Looks(Colours.GetRuns(i)), expected[i]) << i;
         }
+    }
+}
+
+TEST_F(Highlighter, RunsTellTheirElements)
+{
+    const struct {
+        const char *Extension, *Text;
+        QString Elements, Kinds; // a digit for each character; code, remark or text
+    } rows[] = {
+        {"pas", "if a='b' {c}", "110472220333", "ccccctttcrrr"},
+        {"pas", "#65", "566", "tcc"},
+        {"vbs", "x = 1 'y", "40605033", "ccccccrr"},
+        {"js", "f(\"s\")//c", "462226333", "cctttcrrr"},
+        {"xml", "<a b='c'>d<!--e-->", "531155255477777777", "cccccctcctrrrrrrrr"},
+        {"sql", " a = 'b' --c", "111113331777", "ccccctttcrrr"},
+        {"txt", "a", "0", "c"},
+    };
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.Text);
+        const bool lexed = ZtTokenLanguageOf(QStringLiteral("a.") + row.Extension);
+        const TParser parser = lexed ? ParserOf(row.Extension) : std::make_unique<TZtLangParser>();
+        parser->SetClosedRemarks(true);
+        Use(parser.get(), row.Text);
+        QString elements, kinds;
+        for (const TZtColourRun &run : Colours.GetRuns(0)) {
+            elements += QString(run.Length, QChar('0' + run.Element));
+            kinds += QString(run.Length, QChar("crt"[int(run.Kind)]));
+        }
+        EXPECT_EQ(elements, row.Elements);
+        EXPECT_EQ(kinds, row.Kinds);
+        Colours.SetParser(nullptr);
     }
 }
 

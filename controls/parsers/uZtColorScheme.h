@@ -1,0 +1,108 @@
+#pragma once
+
+#include "uZtException.h"
+#include "uZtTypes.h"
+
+#include <QByteArray>
+#include <QMap>
+#include <QString>
+#include <QStringList>
+
+#include <array>
+#include <memory>
+#include <optional>
+#include <utility>
+
+/// A scheme that cannot be read. The message names the file, the line and column and the reason.
+class EZtColorScheme : public EZtException {
+public:
+    /// `ALine` and `AColumn` (in UTF-16 units) are 1-based, 0 when the file could not be opened.
+    EZtColorScheme(const QString &AName, int ALine, int AColumn, const QString &AReason);
+    int GetLine() const { return FLine; }
+    int GetColumn() const { return FColumn; }
+    const QString &GetReason() const { return FReason; }
+
+private:
+    int FLine;
+    int FColumn;
+    QString FReason;
+};
+
+/// The parts of the view that have a colour. In a file they are named without the prefix.
+enum class TZtViewColor : quint8 {
+    vcText,
+    vcBackground,
+    vcReadOnly, ///< background of a read-only text
+    vcSelectionText,
+    vcSelection,
+    vcCurrentLine,
+    vcRightMargin,
+    vcGuttor, ///< background of the gutter
+    vcGuttorEdge,
+    vcGuttorText, ///< the line numbers
+    vcCurrentNumber,
+    vcGuide,
+    vcCurrentGuide,
+    vcBlank,   ///< visible blanks
+    vcBracket, ///< the box of the pair
+    vcBracketBack,
+    vcUnmatched,
+    vcMatch, ///< background of what a search for all has found
+    vcWord,  ///< background of the word at the caret where it stands elsewhere
+    vcChanged,
+    vcSaved,
+    vcBookmark,
+    vcBreakpoint,
+    vcStatement,
+    vcError,
+    vcWarning,
+    vcInformation,
+    vcRuler, ///< background of the overview ruler
+    vcCaret
+};
+
+/// How a text is drawn.
+struct TZtTextStyle {
+    TColor Fore = clWindowText;
+    TColor Back = clWindow;
+    TFontStyles Style;
+    bool operator==(const TZtTextStyle &) const = default;
+};
+
+/// The colours of a view and the styles of the elements of its language. Immutable once made.
+class TZtColorScheme {
+public:
+    static constexpr size_t ViewColorCount = size_t(TZtViewColor::vcCaret) + 1;
+
+    const QString &GetName() const { return FName; }
+    /// Whether the text is lighter than its background. False for a scheme of system colours.
+    bool IsDark() const;
+    /// Whether the scheme draws the elements. If not, each lexer's own table does.
+    bool HasStyles() const { return FHasStyles; }
+    TColor GetColor(TZtViewColor AColor) const { return FColors[size_t(AColor)]; }
+    /// The style of an element of a language, both named as the lexer does: what the scheme says of
+    /// the element in all languages, and over that what it says of the language's own. "Symbol 2"
+    /// takes from "Symbol" what is not said of itself. Without either the text's colour on the
+    /// background.
+    TZtTextStyle GetStyle(const QString &ALanguage, const QString &AElement) const;
+
+    /// The lexers' own tables, and a view in the desktop's colours.
+    static std::shared_ptr<const TZtColorScheme> Classic();
+
+private:
+    struct TPartStyle {
+        std::optional<TColor> Fore;
+        std::optional<TColor> Back;
+        TFontStyles Set;   // the styles that are said
+        TFontStyles Style; // of those
+    };
+    using TElement = std::pair<QString, QString>; // of a language or, "*", of all
+
+    TZtColorScheme() = default;
+    void Apply(const QString &ALanguage, const QString &AElement, TZtTextStyle &AStyle) const;
+
+    QString FName;
+    bool FHasStyles = false;
+    std::array<TColor, ViewColorCount> FColors{};
+    QMap<TElement, TPartStyle> FStyles;
+};

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QLatin1StringView>
+#include <QStringView>
+
+#include <span>
+
+/// What a token is to whoever asks whether it is code: brackets match and words count in code only.
+enum class TZtElementKind : quint8 {
+    ekCode,
+    ekRemark, ///< a comment
+    ekText,   ///< what stands in quotes, or between the tags of XML
+};
+
+/// The kind of an element of that name, `ekCode` when no lexer has it.
+TZtElementKind ZtElementKind(QStringView AElement);
+
+/// A language under the name that its lexer answers, and its elements in the order of the rows that
+/// draw them. The second of two rows of one name is "Symbol 2".
+struct TZtLanguageElements {
+    QLatin1StringView Language;
+    std::span<const QLatin1StringView> Elements;
+};
+
+/// Every language with a lexer.
+std::span<const TZtLanguageElements> ZtLanguageElements();
