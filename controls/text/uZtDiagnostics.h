@@ -1,0 +1,75 @@
+#pragma once
+
+#include "uZtDecorations.h"
+
+#include <array>
+
+/// How bad it is, the worst first.
+enum class TZtSeverity : quint8 { dsError, dsWarning, dsInformation };
+
+/// What a compiler, say, found in a text. Places are (column, line), 0-based, columns in UTF-16
+/// units; those outside the text are put inside.
+struct TZtDiagnostic {
+    QPoint From;
+    QPoint To;
+    TZtSeverity Severity = TZtSeverity::dsError;
+    QString Message = {};
+    QString Source = {}; ///< who says so; given to `Set` apart
+};
+
+/// What is wrong in a text, by who found it. Each keeps its range through every change
+/// (`TZtDecorations`); one whose text was all removed still counts, at its place, until its source
+/// takes it back.
+class TZtDiagnostics {
+public:
+    static constexpr int Severities = 3;
+
+    /// The text may go before the diagnostics.
+    explicit TZtDiagnostics(TStringList *AText);
+
+    /// Told when they are others, not when they only moved with the text.
+    std::function<void()> OnChange;
+
+    /// Replaces all of a source. An empty range covers the word that it stands in, else one
+    /// character, at a line's end the last one; in an empty line it stays empty.
+    void Set(const QString &ASource, const std::vector<TZtDiagnostic> &ADiagnostics);
+    void Clear(const QString &ASource) { Set(ASource, {}); }
+    void Clear();
+
+    int GetCount() const { return FDecorations.GetCount(); }
+    int GetCount(TZtSeverity ASeverity) const;
+    /// The next one that begins behind a place, or the last one that begins before it, going round
+    /// at the text's ends; the worst where several begin. Nothing where there are none.
+    std::optional<TZtDiagnostic> Next(const QPoint &APlace, bool AForward);
+    /// All that cover the character at a place, or stand there empty, the worst first.
+    std::vector<TZtDiagnostic> At(const QPoint &APlace);
+    /// The worst of those that touch a line.
+    std::optional<TZtSeverity> OfLine(int ALine);
+
+    /// How they are drawn: by default a wavy underline, red, olive and blue. A worse one lies over
+    /// the others.
+    const TZtDecorationStyle &GetStyle(TZtSeverity ASeverity) const;
+    void SetStyle(TZtSeverity ASeverity, const TZtDecorationStyle &AStyle);
+    /// For drawing, with the messages as tooltips.
+    TZtDecorations &GetDecorations() { return FDecorations; }
+
+    /// Sets the bit `1 << severity` in the rows of an overview (`TZtOverviewRows`).
+    void Survey(std::vector<quint32> &ARows);
+
+private:
+    static TZtSeverity SeverityOf(TZtDecorationOwner AOwner);
+    TZtDecorationOwner Owner(size_t ASource, TZtSeverity ASeverity) const;
+    TZtDiagnostic Diagnostic(const TZtPlacedDecoration &APlaced) const;
+    TZtDecoration Decoration(const TZtDiagnostic &ADiagnostic) const;
+    bool Replace(size_t ASource, const std::vector<TZtDiagnostic> &ADiagnostics);
+    void Tell()
+    {
+        if (OnChange)
+            OnChange();
+    }
+
+    TZtDecorations FDecorations;
+    QPointer<TStringList> FText;
+    std::vector<QString> FSources;
+    std::array<TZtDecorationStyle, Severities> FStyles;
+};
