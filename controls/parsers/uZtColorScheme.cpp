@@ -1,6 +1,14 @@
 #include "uZtColorScheme.h"
 
+#include <QMetaEnum>
+
+#include <map>
+
 using enum TZtViewColor;
+
+// The linker keeps a library's resources when something asks for them, and the macro that does so
+// has to stand outside of any namespace.
+static void InitResources() { Q_INIT_RESOURCE(schemes); }
 
 namespace {
 
@@ -46,6 +54,17 @@ constexpr std::pair<TZtViewColor, TColor> ClassicColors[] = {
 };
 static_assert(std::size(ClassicColors) == TZtColorScheme::ViewColorCount);
 
+struct TBundled {
+    QLatin1StringView Name;
+    const char *File;
+};
+constexpr TBundled Bundled[] = {
+    {QLatin1StringView("Light"), ":/zt/schemes/light.json"},
+    {QLatin1StringView("Dark"), ":/zt/schemes/dark.json"},
+    {QLatin1StringView("High Contrast Light"), ":/zt/schemes/high-contrast-light.json"},
+    {QLatin1StringView("High Contrast Dark"), ":/zt/schemes/high-contrast-dark.json"},
+};
+
 } // namespace
 
 EZtColorScheme::EZtColorScheme(const QString &AName, int ALine, int AColumn, const QString &AReason)
@@ -66,6 +85,37 @@ std::shared_ptr<const TZtColorScheme> TZtColorScheme::Classic()
         return scheme;
     }();
     return classic;
+}
+
+QString TZtColorScheme::ColorName(TZtViewColor AColor)
+{
+    constexpr int Prefix = 2;
+    return QLatin1String(QMetaEnum::fromType<TZtViewColor>().valueToKey(int(AColor)) + Prefix);
+}
+
+QStringList TZtColorScheme::BundledNames()
+{
+    QStringList names{Classic()->GetName()};
+    for (const TBundled &row : Bundled)
+        names += QLatin1String(row.Name);
+    return names;
+}
+
+std::shared_ptr<const TZtColorScheme> TZtColorScheme::Find(const QString &AName)
+{
+    static std::map<QLatin1StringView, std::shared_ptr<const TZtColorScheme>> schemes = [] {
+        InitResources();
+        std::map<QLatin1StringView, std::shared_ptr<const TZtColorScheme>> all;
+        for (const TBundled &row : Bundled)
+            all.emplace(row.Name, Load(QLatin1String(row.File)));
+        return all;
+    }();
+    if (AName.compare(Classic()->GetName(), Qt::CaseInsensitive) == 0)
+        return Classic();
+    for (const auto &[name, scheme] : schemes)
+        if (AName.compare(name, Qt::CaseInsensitive) == 0)
+            return scheme;
+    return nullptr;
 }
 
 bool TZtColorScheme::IsDark() const
@@ -94,5 +144,5 @@ void TZtColorScheme::Apply(const QString &ALanguage, const QString &AElement,
         return;
     AStyle.Fore = found->Fore.value_or(AStyle.Fore);
     AStyle.Back = found->Back.value_or(AStyle.Back);
-    AStyle.Style = (AStyle.Style & ~found->Set) | found->Style;
+    AStyle.Style = (AStyle.Style & ~found->Said) | found->Style;
 }

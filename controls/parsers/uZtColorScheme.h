@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QMap>
+#include <QMetaObject>
 #include <QString>
 #include <QStringList>
 
@@ -27,6 +28,10 @@ private:
     int FColumn;
     QString FReason;
 };
+
+// In a namespace of its own for the sake of Qt's reflection, which gives the names of the parts.
+namespace ZtScheme {
+Q_NAMESPACE
 
 /// The parts of the view that have a colour. In a file they are named without the prefix.
 enum class TZtViewColor : quint8 {
@@ -60,6 +65,10 @@ enum class TZtViewColor : quint8 {
     vcRuler, ///< background of the overview ruler
     vcCaret
 };
+Q_ENUM_NS(TZtViewColor)
+} // namespace ZtScheme
+
+using ZtScheme::TZtViewColor;
 
 /// How a text is drawn.
 struct TZtTextStyle {
@@ -86,15 +95,31 @@ public:
     /// background.
     TZtTextStyle GetStyle(const QString &ALanguage, const QString &AElement) const;
 
+    /// The name of a part of the view in a file ("CurrentLine").
+    static QString ColorName(TZtViewColor AColor);
+
     /// The lexers' own tables, and a view in the desktop's colours.
     static std::shared_ptr<const TZtColorScheme> Classic();
+    /// The names of the schemes that need no file, the classic one first.
+    static QStringList BundledNames();
+    /// A bundled scheme by its name, in any letter case; null when there is none.
+    static std::shared_ptr<const TZtColorScheme> Find(const QString &AName);
+
+    /// Reads a scheme, which `docs/schemes.md` describes. Raises `EZtColorScheme`, whose message
+    /// begins with `AName`, for whatever is wrong with it: a scheme is read whole or not at all.
+    static std::shared_ptr<const TZtColorScheme> FromJson(const QByteArray &AText,
+                                                          const QString &AName);
+    /// The same for a file, of a megabyte at most. Raises `EZtColorScheme` when it cannot be read,
+    /// too.
+    static std::shared_ptr<const TZtColorScheme> Load(const QString &AFileName);
 
 private:
+    class TReader;
     struct TPartStyle {
         std::optional<TColor> Fore;
         std::optional<TColor> Back;
-        TFontStyles Set;   // the styles that are said
-        TFontStyles Style; // of those
+        TFontStyles Said;  // to be or not to be
+        TFontStyles Style; // those of them that are
     };
     using TElement = std::pair<QString, QString>; // of a language or, "*", of all
 
