@@ -4,6 +4,7 @@
 #include "uZtStringList.h"
 
 #include <QElapsedTimer>
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 
 #include <algorithm>
@@ -258,6 +259,13 @@ void TZtHighlighter::KeepRows(int AFirst, int ALast, int AColumns)
     FFirst = AFirst;
 }
 
+// Whether a line is coloured as far as that many columns, or to its end.
+bool TZtHighlighter::IsReady(int ALine, int AColumns)
+{
+    const TRow *row = Row(ALine);
+    return row && row->Ready && row->Columns >= std::min(AColumns, FText->GetLength(ALine));
+}
+
 void TZtHighlighter::Prepare(int AFirst, int ALast, int AColumns)
 {
     if (FLexing || !FText)
@@ -272,16 +280,12 @@ void TZtHighlighter::Prepare(int AFirst, int ALast, int AColumns)
         KeepRows(first, last, columns);
     const quint64 revision = FText->GetRevision();
     for (int line = first; line <= last && FText && FText->GetRevision() == revision;) {
-        const auto isReady = [&](int ALine) {
-            const TRow *row = Row(ALine);
-            return row && row->Ready && row->Columns >= columns;
-        };
-        if (isReady(line)) {
+        if (IsReady(line, columns)) {
             ++line;
             continue;
         }
         int end = line;
-        while (end < last && !isReady(end + 1))
+        while (end < last && !IsReady(end + 1, columns))
             ++end;
         line = Compose(line, end);
     }
@@ -353,6 +357,38 @@ const TZtColourRuns &TZtHighlighter::GetRuns(int ALine)
         Prepare(ALine, ALine, MostColumns);
     row = Row(ALine);
     return row && row->Ready ? row->Runs : none;
+}
+
+std::vector<TZtColourRuns> TZtHighlighter::Peek(int AFirst, int ALast, int AColumns, bool &AExact)
+{
+    AExact = false;
+    std::vector<TZtColourRuns> runs;
+    const int first = std::max(AFirst, 0);
+    const int last = FText ? std::min(ALast, FText->GetCount() - 1) : -1;
+    if (FLexing || first > last)
+        return runs;
+    // Other lines take the place of those in sight for as long as it takes.
+    std::vector<TRow> rows(size_t(last - first + 1));
+    for (int i = first; i <= last; ++i)
+        if (const TRow *row = Row(i))
+            rows[size_t(i - first)] = *row;
+    const auto restore = qScopeGuard([this, sight = std::exchange(FRows, std::move(rows)),
+                                      start = std::exchange(FFirst, first), columns = FColumns,
+                                      revision = FRevision, text = FText->GetRevision()]() mutable {
+        const bool same = FText && FText->GetRevision() == text && FRevision == revision;
+        FRows = same ? std::move(sight) : std::vector<TRow>();
+        FFirst = start;
+        FColumns = columns;
+    });
+    FColumns = std::clamp(AColumns, 1, MostColumns);
+    Prepare(first, last, FColumns);
+    AExact = std::ranges::all_of(FRows, &TRow::Exact);
+    for (TRow &row : FRows) {
+        if (!row.Ready)
+            break; // a handler has changed something
+        runs.push_back(std::move(row.Runs));
+    }
+    return runs;
 }
 
 bool TZtHighlighter::Advance(int AMilliseconds)

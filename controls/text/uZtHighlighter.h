@@ -26,6 +26,7 @@ public:
     void SetText(TStringList *Value);
     /// The lexer; null for plain text. Neither becomes the highlighter's own.
     void SetParser(TZtLangParser *Value);
+    TZtLangParser *GetParser() const { return FParser; }
     /// Whether `Advance` finds out what the lines carry over. Without it, a part of the text that
     /// does not go on from one shown before is lexed from its first line on, with that line's
     /// object slot as the lexer's `LineKind`. True by default.
@@ -48,6 +49,12 @@ public:
     /// 2^20 columns, is plain text. A line that was not prepared is prepared, for all its columns.
     /// Valid until the next call.
     const TZtColourRuns &GetRuns(int ALine);
+    /// The runs of lines anywhere, one item each, as `Prepare` and `GetRuns` would find them; what
+    /// is known of the lines in sight is used and stays. `AExact` tells whether they were lexed
+    /// with what the lexer carries over to them. All lines are lexed in this call, from up to
+    /// 65,536 units above the first on: ask for as many as there is time for. Fewer come where a
+    /// handler changes text or lexer, and none from within a handler. Raises what the lexer raises.
+    std::vector<TZtColourRuns> Peek(int AFirst, int ALast, int AColumns, bool &AExact);
 
     /// Lexes on for some milliseconds, a line at least; answers whether there is more to do. Raises
     /// what the lexer raises, and takes the rest of the text for unknowable then.
@@ -78,6 +85,7 @@ private:
     };
 
     TRow *Row(int ALine);
+    bool IsReady(int ALine, int AColumns);
     void KeepRows(int AFirst, int ALast, int AColumns);
     int Compose(int AFirst, int ALast);
     bool IsNear(int AFrom, int ATo) const;
