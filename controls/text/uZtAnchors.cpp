@@ -3,15 +3,22 @@
 #include <algorithm>
 #include <tuple>
 
-TZtAnchors::TZtAnchors(TStringList *AText) : FText(AText) { AText->AddListener(this); }
+namespace {
 
-TZtAnchors::~TZtAnchors()
+// So many new ones are cheaper put in one by one than merged with all.
+constexpr size_t Few = 8;
+
+bool IsRemoved(const TZtAnchors::TAnchor &AItem) { return AItem.Handle < 0; }
+
+bool ComesBefore(const TZtAnchors::TAnchor &A, const TZtAnchors::TAnchor &B)
 {
-    if (FText)
-        FText->RemoveListener(this);
+    return std::tuple(A.Place.y(), A.Place.x(), A.Side) <
+           std::tuple(B.Place.y(), B.Place.x(), B.Side);
 }
 
-int TZtAnchors::Add(const QPoint &APlace, TZtAnchorSide ASide)
+} // namespace
+
+int TZtAnchors::Add(const QPoint &APlace, TZtAnchorSide ASide, int ATag)
 {
     int handle = int(FIndexes.size());
     if (FFree.empty()) {
@@ -21,7 +28,7 @@ int TZtAnchors::Add(const QPoint &APlace, TZtAnchorSide ASide)
         FFree.pop_back();
     }
     FIndexes[size_t(handle)] = FItems.size();
-    FItems.push_back({APlace - QPoint(0, FShift), ASide, handle});
+    FItems.push_back({APlace - QPoint(0, FShift), handle, ASide, ATag});
     ++FCount;
     return handle;
 }
@@ -33,43 +40,66 @@ void TZtAnchors::Remove(int AAnchor)
     --FCount;
 }
 
-QPoint TZtAnchors::PlaceOf(size_t i) const
-{
-    return FItems[i].Place + QPoint(0, i < FSplit ? 0 : FShift);
-}
-
-QPoint TZtAnchors::GetPlace(int AAnchor) const { return PlaceOf(FIndexes[size_t(AAnchor)]); }
-
 void TZtAnchors::Number(size_t AFrom, size_t ATo)
 {
     for (size_t i = AFrom; i < ATo; ++i)
-        if (FItems[i].Handle >= 0)
+        if (!IsRemoved(FItems[i]))
             FIndexes[size_t(FItems[i].Handle)] = i;
 }
 
 // Puts what was added since in its place, and removed items away where they are many.
 void TZtAnchors::Sort()
 {
-    const bool many = FItems.size() > 64 && FItems.size() > 2 * size_t(FCount);
-    if (FSorted == FItems.size() && !many)
-        return;
+    if (FItems.size() > 64 && FItems.size() > 2 * size_t(FCount))
+        SortMany();
+    else if (FItems.size() - FSorted > Few)
+        SortMany();
+    else if (FItems.size() > FSorted)
+        SortFew();
+}
+
+void TZtAnchors::SortMany()
+{
     MoveSplit(FItems.size());
     FShift = 0;
-    const auto before = [](const TItem &A, const TItem &B) {
-        return std::tuple(A.Place.y(), A.Place.x(), A.Side) <
-               std::tuple(B.Place.y(), B.Place.x(), B.Side);
-    };
     const auto added = FItems.begin() + std::ptrdiff_t(FSorted);
-    std::sort(added, FItems.end(), before);
-    std::inplace_merge(FItems.begin(), added, FItems.end(), before);
-    if (many)
-        std::erase_if(FItems, [](const TItem &item) { return item.Handle < 0; });
+    FItems.erase(std::remove_if(added, FItems.end(), IsRemoved), FItems.end());
+    const auto sorted = std::remove_if(FItems.begin(), added, IsRemoved);
+    FSorted = size_t(sorted - FItems.begin());
+    FItems.erase(sorted, added);
+    const auto middle = FItems.begin() + std::ptrdiff_t(FSorted);
+    if (!std::is_sorted(middle, FItems.end(), ComesBefore))
+        std::sort(middle, FItems.end(), ComesBefore);
+    std::inplace_merge(FItems.begin(), middle, FItems.end(), ComesBefore);
     FSorted = FSplit = FItems.size();
     Number(0, FItems.size());
 }
 
+void TZtAnchors::SortFew()
+{
+    size_t first = FItems.size();
+    for (; FSorted < FItems.size(); ++FSorted) {
+        TAnchor item = AnchorOf(FSorted);
+        size_t i = FirstNotBefore(item.Place);
+        while (i < FSorted && !ComesBefore(item, AnchorOf(i)))
+            ++i;
+        if (i < FSplit)
+            ++FSplit;
+        else
+            item.Place.ry() -= FShift;
+        const auto at = FItems.begin() + std::ptrdiff_t(i);
+        const auto from = FItems.begin() + std::ptrdiff_t(FSorted);
+        std::move_backward(at, from, from + 1);
+        *at = item;
+        first = std::min(first, i);
+    }
+    Number(first, FItems.size());
+}
+
 void TZtAnchors::MoveSplit(size_t ATo)
 {
+    if (FShift == 0)
+        FSplit = ATo;
     for (; FSplit < ATo; ++FSplit)
         FItems[FSplit].Place.ry() += FShift;
     for (; FSplit > ATo; --FSplit)
@@ -91,12 +121,9 @@ size_t TZtAnchors::FirstNotBefore(const QPoint &APlace) const
 
 std::vector<int> TZtAnchors::GetBetween(int AFirst, int ALast)
 {
-    Sort();
     std::vector<int> handles;
-    const size_t end = FirstNotBefore({0, ALast + 1});
-    for (size_t i = FirstNotBefore({0, AFirst}); i < end; ++i)
-        if (FItems[i].Handle >= 0)
-            handles.push_back(FItems[i].Handle);
+    Visit({0, AFirst}, {0, ALast + 1},
+          [&](const TAnchor &anchor) { handles.push_back(anchor.Handle); });
     return handles;
 }
 
@@ -105,6 +132,9 @@ void TZtAnchors::TextChanged(const TStringList &, const TZtTextChange &AChange)
     Sort();
     const size_t first = FirstNotBefore(AChange.Start);
     const size_t end = FirstNotBefore({0, AChange.RemovedEnd.y() + 1});
+    const int lines = AChange.InsertedEnd.y() - AChange.RemovedEnd.y();
+    if (first == end && lines == 0)
+        return;
     MoveSplit(end);
     size_t inside = first; // behind the last one that stands in what was removed
     for (; inside < end && !ZtIsBefore(AChange.RemovedEnd, FItems[inside].Place); ++inside) {
@@ -113,7 +143,7 @@ void TZtAnchors::TextChanged(const TStringList &, const TZtTextChange &AChange)
         FItems[i].Place = AChange.Map(FItems[i].Place, FItems[i].Side);
     const auto at = [this](size_t i) { return FItems.begin() + std::ptrdiff_t(i); };
     std::stable_partition(at(first), at(inside),
-                          [](const TItem &item) { return item.Side == TZtAnchorSide::asBefore; });
+                          [](const TAnchor &item) { return item.Side == TZtAnchorSide::asBefore; });
     Number(first, inside);
-    FShift += AChange.InsertedEnd.y() - AChange.RemovedEnd.y();
+    FShift += lines;
 }

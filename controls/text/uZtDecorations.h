@@ -102,7 +102,8 @@ public:
     /// Which bits an owner's decorations set in an overview.
     using TBitsOf = std::function<quint32(TZtDecorationOwner AOwner)>;
     /// Sets bits in those of the rows, over which the text's lines are shared out evenly
-    /// (`TZtOverviewRows`), in which decorations stand; empty ones where wanted.
+    /// (`TZtOverviewRows`), in which decorations stand, from the line where one begins to the one
+    /// where it ends; empty ones where wanted.
     void Survey(std::vector<quint32> &ARows, const TBitsOf &ABitsOf, bool AEmptyToo = false);
 
     void TextChanged(const TStringList &AText, const TZtTextChange &AChange) override;
@@ -113,7 +114,8 @@ private:
         int From = NoAnchor;            // of one that is not empty
         int To = NoAnchor;
         TZtDecorationOwner Owner = 0;
-        size_t OfOwner = 0; // where it stands among its owner's
+        size_t OfOwner = 0;    // where it stands among its owner's
+        bool IsListed = false; // among those of several lines
         int Layer = 0;
         TZtDecorationStyle Style;
         QString ToolTip;
@@ -126,6 +128,8 @@ private:
     int AddAnchor(const QPoint &APlace, TZtAnchorSide ASide, int ATag, quint32 ASlot);
     TZtDecorationHandle Put(TZtDecorationOwner AOwner, const TZtDecoration &ADecoration);
     void Free(quint32 ASlot);
+    void ListMultiLine(TSlot &ASlot);
+    bool KeepsListed(TZtDecorationHandle AHandle);
     void Prune();
     TZtPlacedDecoration Placed(const TSlot &ASlot) const;
     std::vector<TZtPlacedDecoration> Touching(int AFirst, int ALast, bool AEmptyToo);
@@ -142,7 +146,7 @@ private:
     std::vector<quint32> FFree;
     std::vector<quint32> FSlotOf; // by anchor
     std::unordered_map<TZtDecorationOwner, std::vector<quint32>> FOwned;
-    std::vector<TZtDecorationHandle> FMultiLine; // all that are, and some that were
+    std::vector<TZtDecorationHandle> FMultiLine; // all of several lines, and some that were
     TZtDecorationHandle FAdded = 0;
     int FAlive = 0;
     TZtListening FListening; // behind the anchors

@@ -2,6 +2,8 @@
 
 #include "uZtDecorations.h"
 
+#include <QPointer>
+
 #include <array>
 
 /// How bad it is, the worst first.
@@ -34,6 +36,7 @@ public:
     /// character, at a line's end the last one; in an empty line it stays empty.
     void Set(const QString &ASource, const std::vector<TZtDiagnostic> &ADiagnostics);
     void Clear(const QString &ASource) { Set(ASource, {}); }
+    /// Takes back what all sources say.
     void Clear();
 
     int GetCount() const { return FDecorations.GetCount(); }
@@ -48,7 +51,10 @@ public:
 
     /// How they are drawn: by default a wavy underline, red, olive and blue. A worse one lies over
     /// the others.
-    const TZtDecorationStyle &GetStyle(TZtSeverity ASeverity) const;
+    const TZtDecorationStyle &GetStyle(TZtSeverity ASeverity) const
+    {
+        return FStyles[size_t(ASeverity)];
+    }
     void SetStyle(TZtSeverity ASeverity, const TZtDecorationStyle &AStyle);
     /// For drawing, with the messages as tooltips.
     TZtDecorations &GetDecorations() { return FDecorations; }
@@ -58,8 +64,9 @@ public:
 
 private:
     static TZtSeverity SeverityOf(TZtDecorationOwner AOwner);
-    TZtDecorationOwner Owner(size_t ASource, TZtSeverity ASeverity) const;
+    static TZtDecorationOwner Owner(size_t ASource, TZtSeverity ASeverity);
     TZtDiagnostic Diagnostic(const TZtPlacedDecoration &APlaced) const;
+    QPoint Inside(const QPoint &APlace) const;
     TZtDecoration Decoration(const TZtDiagnostic &ADiagnostic) const;
     bool Replace(size_t ASource, const std::vector<TZtDiagnostic> &ADiagnostics);
     void Tell()

@@ -59,6 +59,7 @@ private:
     void Insert(int ALine, int ACount);
     void Remove(int ALine, int ACount);
     void Touch(int AFirst, int ALast);
+    void Trim();
     template <typename TMap> void MapAll(TMap AMap);
     void Tell()
     {

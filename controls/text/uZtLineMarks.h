@@ -39,7 +39,7 @@ public:
     /// Told when a mark was set or taken away, not when marks only moved with the text.
     std::function<void()> OnChange;
 
-    /// Raises `EStringListError` for a line that there is not; an empty text has a first line.
+    /// Both raise `EStringListError` for a line that there is not; an empty text has a first line.
     void Set(int ALine, TZtLineMark AKind, bool AOn);
     /// Answers whether the mark is there now.
     bool Toggle(int ALine, TZtLineMark AKind);
@@ -69,7 +69,8 @@ public:
 
 private:
     void Count(TZtLineMarkSet AMarks, int ABy);
-    void Append(qsizetype AIndex, int ALine, TZtLineMarkSet AMarks);
+    void CheckLine(int ALine) const;
+    qsizetype Put(qsizetype AIndex, int ALine, TZtLineMarkSet AMarks);
     void Tell()
     {
         if (OnChange)
