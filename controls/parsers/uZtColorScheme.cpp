@@ -8,7 +8,7 @@ using enum TZtViewColor;
 
 // The linker keeps a library's resources when something asks for them, and the macro that does so
 // has to stand outside of any namespace.
-static void InitResources() { Q_INIT_RESOURCE(schemes); }
+static void InitResources() { Q_INIT_RESOURCE(zt_schemes); }
 
 namespace {
 
@@ -103,7 +103,7 @@ QStringList TZtColorScheme::BundledNames()
 
 std::shared_ptr<const TZtColorScheme> TZtColorScheme::Find(const QString &AName)
 {
-    static std::map<QLatin1StringView, std::shared_ptr<const TZtColorScheme>> schemes = [] {
+    static const std::map<QLatin1StringView, std::shared_ptr<const TZtColorScheme>> schemes = [] {
         InitResources();
         std::map<QLatin1StringView, std::shared_ptr<const TZtColorScheme>> all;
         for (const TBundled &row : Bundled)

@@ -231,6 +231,25 @@ TEST(ColorScheme, TheSchemaAndTheTablesListTheSame)
     EXPECT_EQ(names(schema["properties"]["colors"]), parts);
 }
 
+TEST(ColorScheme, TheDocumentNamesAllAndItsExampleIsOne)
+{
+    QFile file(ZT_SOURCE_DIR "/docs/schemes.md");
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QString page = file.readAll();
+    QStringList names = TZtColorScheme::BundledNames();
+    for (size_t i = 0; i < TZtColorScheme::ViewColorCount; ++i)
+        names += TZtColorScheme::ColorName(TZtViewColor(i));
+    for (const TZtLanguageElements &language : ZtLanguageElements()) {
+        names += language.Language;
+        for (const QLatin1StringView element : language.Elements)
+            names += element;
+    }
+    for (const QString &name : names)
+        EXPECT_TRUE(page.contains(u'`' + name + u'`')) << name.toStdString();
+    const QString example = page.section("```json\n", 1, 1).section("```", 0, 0);
+    EXPECT_TRUE(TZtColorScheme::FromJson(example.toUtf8(), "schemes.md")->IsDark());
+}
+
 TEST(ColorScheme, IsFoundByItsName)
 {
     EXPECT_EQ(TZtColorScheme::BundledNames().first(), "Classic");
@@ -280,55 +299,53 @@ TEST(ColorScheme, StylesFallBack)
 TEST(ColorScheme, FaultsAreRaisedWithTheirPlace)
 {
     const struct {
-        const char *Text;
+        const char *Text; // with ' for "
         int Line, Column;
         const char *Reason;
     } rows[] = {
         {"", 1, 1, "illegal value"},
         {"\n  x", 2, 3, "illegal value"},
         {"[]", 1, 1, "A scheme has to be an object"},
-        {"{\n\"name\": \"a\",}", 2, 13, "missing after a comma"},
-        {"{\"name\": \"a\" \"colors\": {}}", 1, 14, "unterminated object"},
-        {"{\"name\" 1}", 1, 9, "missing name separator"},
-        {"{\"name\": \"a\"}\n\n x", 3, 2, "garbage"},
-        {"{\"name\": \"\xC3\xA4\xF0\x9F\x8E\xA8\", \"x\": 1}", 1, 17, "no key \"x\""},
-        {"{\"extends\": \"Dark\"}", 1, 1, "no \"name\""},
-        {"{\"name\": \"\"}", 1, 10, "empty"},
-        {"{\"name\":\n[1, \"]\"]}", 2, 1, "\"name\" has to be a text"},
-        {"{\"name\": \"a\"}", 1, 1, "no colour for \"Text\""},
-        {"{\"name\": \"a\", \"colors\": {\"Text\": \"#000000\"}}", 1, 25,
-         "no colour for \"Background\""},
-        {"{\"name\": \"a\", \"n\\u0061me\": \"b\"}", 1, 15, "\"name\" is there twice"},
-        {"{\"extends\": \"Darker\"}", 1, 13, "no scheme \"Darker\""},
-        {"{\"extends\": \"Classic\"}", 1, 13, "no scheme \"Classic\""},
-        {"{\"extends\": true}", 1, 13, "text in quotes"},
-        {"{\"colors\": []}", 1, 12, "\"colors\" has to be an object"},
-        {"{\"colors\": {\r\n\t\"text\": \"#000000\"}}", 2, 2, "no part of the view \"text\""},
-        {"{\"colors\": {\"Text\": 5}}", 1, 21, "\"Text\" has to be a text"},
-        {"{\"colors\": {\"Text\": \"#00000g\"}}", 1, 21, "\"#00000g\" is no colour"},
-        {"{\"colors\": {\"Text\": \"#0000001\"}}", 1, 21, "is no colour"},
-        {"{\"colors\": {\"Text\": \"black\"}}", 1, 21, "is no colour"},
-        {"{\"styles\": {\"Cobol\": {}}}", 1, 13, "no language \"Cobol\""},
-        {"{\"styles\": {\"*\": {\"Coment\": {}}}}", 1, 19, "no element \"Coment\""},
-        {"{\"styles\": {\"XML\": {\"Symbol\": {}}}}", 1, 21, "no element \"Symbol\""},
-        {"{\"styles\": {\"XML\": 1}}", 1, 20, "\"XML\" has to be an object"},
-        {"{\"styles\": {\"XML\": {\"CDATA\": \"#000000\"}}}", 1, 30,
-         "\"CDATA\" has to be an object"},
-        {"{\"styles\": {\"*\": {\"CDATA\": {\"bold\": \"no\"}}}}", 1, 37, "true or false"},
-        {"{\"styles\": {\"*\": {\"CDATA\": {\"colour\": \"#000000\"}}}}", 1, 29, "no property"},
-        {"{\"styles\": {\"*\": {\"CDATA\": {\"color\": \"#00\"}}}}", 1, 38, "is no colour"},
-        {"{\"styles\": {\"*\": {\"CDATA\": {}, \"CDATA\": {}}}}", 1, 32, "twice"},
+        {"{\n'name': 'a',}", 2, 13, "missing after a comma"},
+        {"{'name': 'a' 'colors': {}}", 1, 14, "unterminated object"},
+        {"{'name' 1}", 1, 9, "missing name separator"},
+        {"{'name': 'a'}\n\n x", 3, 2, "garbage"},
+        {"{'name': '\xC3\xA4\xF0\x9F\x8E\xA8', 'x': 1}", 1, 17, "no key 'x'"},
+        {"{'extends': 'Dark'}", 1, 1, "no 'name'"},
+        {"{'name': ''}", 1, 10, "empty"},
+        {"{'name':\n[1, ']']}", 2, 1, "'name' has to be a text"},
+        {"{'name': 'a'}", 1, 1, "no colour for 'Text'"},
+        {"{'name': 'a', 'colors': {'Text': '#000000'}}", 1, 25, "for 'Background'"},
+        {"{'name': 'a', 'n\\u0061me': 'b'}", 1, 15, "'name' is there twice"},
+        {"{'extends': 'Darker'}", 1, 13, "no scheme 'Darker'"},
+        {"{'extends': 'Classic'}", 1, 13, "no scheme 'Classic'"},
+        {"{'extends': true}", 1, 13, "text in quotes"},
+        {"{'colors': []}", 1, 12, "'colors' has to be an object"},
+        {"{'colors': {\r\n\t'text': '#000000'}}", 2, 2, "no part of the view 'text'"},
+        {"{'colors': {'Text': 5}}", 1, 21, "'Text' has to be a text"},
+        {"{'colors': {'Text': '#00000g'}}", 1, 21, "'#00000g' is no colour"},
+        {"{'colors': {'Text': '#0000001'}}", 1, 21, "is no colour"},
+        {"{'colors': {'Text': 'black'}}", 1, 21, "is no colour"},
+        {"{'styles': {'Cobol': {}}}", 1, 13, "no language 'Cobol'"},
+        {"{'styles': {'*': {'Coment': {}}}}", 1, 19, "no element 'Coment'"},
+        {"{'styles': {'XML': {'Symbol': {}}}}", 1, 21, "no element 'Symbol'"},
+        {"{'styles': {'XML': 1}}", 1, 20, "'XML' has to be an object"},
+        {"{'styles': {'XML': {'CDATA': '#000000'}}}", 1, 30, "'CDATA' has to be"},
+        {"{'styles': {'*': {'CDATA': {'bold': 'no'}}}}", 1, 37, "true or false"},
+        {"{'styles': {'*': {'CDATA': {'colour': '#000000'}}}}", 1, 29, "no property"},
+        {"{'styles': {'*': {'CDATA': {'color': '#00'}}}}", 1, 38, "is no colour"},
+        {"{'styles': {'*': {'CDATA': {}, 'CDATA': {}}}}", 1, 32, "twice"},
     };
     for (const auto &row : rows) {
+        SCOPED_TRACE(row.Text);
         try {
-            TZtColorScheme::FromJson(row.Text, "own.json");
-            ADD_FAILURE() << row.Text;
+            TZtColorScheme::FromJson(QByteArray(row.Text).replace('\'', '"'), "own.json");
+            ADD_FAILURE();
         } catch (const EZtColorScheme &E) {
-            EXPECT_EQ(E.GetLine(), row.Line) << row.Text << '\n' << E.what();
-            EXPECT_EQ(E.GetColumn(), row.Column) << row.Text << '\n' << E.what();
-            EXPECT_TRUE(E.GetReason().contains(row.Reason)) << row.Text << '\n' << E.what();
-            EXPECT_TRUE(
-                E.Message().startsWith(QString("own.json:%1:%2: ").arg(row.Line).arg(row.Column)));
+            const auto place = QString("own.json:%1:%2: ").arg(row.Line).arg(row.Column);
+            EXPECT_EQ(std::pair(E.GetLine(), E.GetColumn()), std::pair(row.Line, row.Column));
+            EXPECT_TRUE(QString(E.GetReason()).replace('"', '\'').contains(row.Reason)) << E.what();
+            EXPECT_EQ(E.Message(), place + E.GetReason());
         }
     }
     EXPECT_THROW(TZtColorScheme::Load("no such file"), EZtColorScheme);
