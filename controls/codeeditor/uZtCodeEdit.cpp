@@ -2,6 +2,7 @@
 
 #include "fZtCodeEditSearchReplaceDlg.h"
 #include "uZtClassRegistry.h"
+#include "uZtEditExtras.h"
 #include "uZtEditedText.h"
 #include "uZtHighlighter.h"
 #include "uZtPlatform.h"
@@ -46,6 +47,7 @@ TZtCodeEdit::TZtCodeEdit(QWidget *AOwner) : TCustomControl(AOwner)
     setAttribute(Qt::WA_InputMethodEnabled);
     setCursor(Qt::IBeamCursor);
     FCaret = new TZtCaret(this);
+    FExtras = std::make_unique<TZtEditExtras>(*this);
     AttachText(std::make_shared<TZtEditedText>());
     FOptions.setFlag(TZtCodeOption::coShowGuttor);
     setFont(DefaultFont());
@@ -60,6 +62,7 @@ TZtCodeEdit::TZtCodeEdit(QWidget *AOwner) : TCustomControl(AOwner)
 
 TZtCodeEdit::~TZtCodeEdit()
 {
+    FExtras.reset();
     DetachText();
     FHScrollBar->OnChange = nullptr;
     FVScrollBar->OnChange = nullptr;
@@ -91,6 +94,8 @@ void TZtCodeEdit::SetParser(TZtLangParser *Value)
     FreeNotification(Value);
     GetParser();
     CorrectParser(FCorrections); // a lexer that a host has corrected stays so
+    ColourParser();
+    FExtras->TextAttached();
     Redraw();
 }
 
@@ -191,18 +196,21 @@ void TZtCodeEdit::PositionScollBars()
 
     FHScrollBar->SetKind(TScrollBarKind::sbHorizontal);
     Place(FHScrollBar, QRect(origin.x() + g, origin.y() + height - h, width - h - g, h));
-    const int columns = (width - g - FVScrollBar->width() - FCharWidth) / FCharWidth;
-    SetRanges(columns, (height - FHScrollBar->height() - FLineWidth) / FLineWidth);
+    const int columns = (width - g - BarsWidth() - FCharWidth) / FCharWidth;
+    const int lines = int((height - FHScrollBar->height() - RowPitch()) / RowPitch());
+    SetRanges(columns, lines);
     FHScrollBar->SetPageSize(columns);
     if (columns >= 0)
         FHScrollBar->SetLargeChange(columns);
 
     FVScrollBar->SetKind(TScrollBarKind::sbVertical);
     Place(FVScrollBar, QRect(origin.x() + width - h, origin.y(), h, height - h));
-    const int lines = (height - FHScrollBar->height() - FLineWidth) / FLineWidth;
     FVScrollBar->SetPageSize(lines);
     if (lines >= 0)
         FVScrollBar->SetLargeChange(lines);
+    if (TZtOverviewRuler *ruler = FExtras->Ruler())
+        ruler->setGeometry(FVScrollBar->x() - TZtOverviewRuler::Width, FVScrollBar->y(),
+                           TZtOverviewRuler::Width, FVScrollBar->height());
 }
 
 // How far the text can be scrolled, with so many columns and lines in sight.
@@ -231,6 +239,7 @@ void TZtCodeEdit::CodeChange(QObject *)
     if (InPaint)
         return; // only the lexer's states are stored while painting
     PositionScollBars();
+    FExtras->TextChanged();
     if (!IsCorrected(TZtCorrection::zcEvents))
         Tell([this] { Q_EMIT textChanged(); });
     if (FCorrections && FOperations == 0) {
@@ -342,7 +351,7 @@ void TZtCodeEdit::Invalidate()
         if (hold)
             return;
     }
-    update(ClientArea().adjusted(0, 0, -FVScrollBar->width(), -FHScrollBar->height()));
+    update(ClientArea().adjusted(0, 0, -BarsWidth(), -FHScrollBar->height()));
 }
 
 // What the editor itself asks for: the colours are what they were.

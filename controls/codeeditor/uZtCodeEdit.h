@@ -4,6 +4,7 @@
 #include "uZtCaret.h"
 #include "uZtCells.h"
 #include "uZtCodeParser.h"
+#include "uZtColorScheme.h"
 #include "uZtCorrections.h"
 #include "uZtCustomControl.h"
 #include "uZtExtras.h"
@@ -75,9 +76,13 @@ struct TZtSearchReplaceOptions {
     void WidenTo(const TStringList &ALines);
 };
 
+class QHelpEvent;
 class TFrmCodeEditSearchReplaceDlg;
+class TZtEditExtras;
 class TZtEditedText;
 class TZtHighlighter;
+struct TZtLineLook;
+struct TZtTextMarks;
 
 /// The X of a selection point that means "up to the end of the line".
 inline constexpr int ZtEndOfLine = std::numeric_limits<int>::max();
@@ -88,6 +93,10 @@ enum class TZtSearchAgain : quint8 { saAsGiven, saForward, saBackward };
 
 /// Told of a search what there is to say without a question.
 using TZtSearchMessageEvent = std::function<void(const QString &AText)>;
+
+/// Told of a press beside a line (0-based) in a column of the gutter (0-based, -1 right of the
+/// last).
+using TZtGuttorClickEvent = std::function<void(int ALine, int AColumn, TMouseButton AButton)>;
 
 /// The source-code editor control.
 ///
@@ -118,6 +127,7 @@ class TZtCodeEdit : public TCustomControl, public TZtUndoTarget {
     Q_PROPERTY(int TabIndentSize READ GetTabIndentSize WRITE SetTabIndentSize)
     Q_PROPERTY(TZtCorrections Corrections READ GetCorrections WRITE SetCorrections)
     Q_PROPERTY(TZtExtras Extras READ GetExtras WRITE SetExtras)
+    Q_PROPERTY(int Zoom READ GetZoom WRITE SetZoom STORED false)
     Q_PROPERTY(int TabWidth READ GetTabWidth WRITE SetTabWidth)
     Q_PROPERTY(qint64 UndoBytes READ GetUndoBytes WRITE SetUndoBytes)
     Q_PROPERTY(bool UndoLoads READ GetUndoLoads WRITE SetUndoLoads)
@@ -204,8 +214,9 @@ public:
     /// Asked by every paint for every line that it draws.
     void SetOnParserLineChange(const TZtParserLineChangeEvent &Value);
 
-    /// The gutter's width in pixels as the layout counts it: 0 while it is hidden.
-    int RealGuttorWidth() const { return GetShowGuttor() ? FGuttorWidth : 0; }
+    /// The gutter's width in pixels as the layout counts it: 0 while it is hidden, that of its
+    /// columns where it has any.
+    int RealGuttorWidth() const;
     /// The size of a character cell in pixels.
     int GetCharWidth();
     void SetCharWidth(int Value);
@@ -279,6 +290,44 @@ public:
     /// What the editor shows and offers beside the text; none of it unless the host says so.
     void SetExtras(TZtExtras Value);
     bool HasExtra(TZtExtra AExtra) const { return FShownExtras.testFlag(AExtra); }
+    /// Its columns are shown with `zcPicture`, which the extras bring with them.
+    TZtGuttor *GetGuttor() const;
+    /// The gutter's column of marks, for icons of the host's own.
+    TZtMarkColumn *GetMarkColumn() const;
+    const TZtGuttorClickEvent &GetOnGuttorClick() const { return FOnGuttorClick; }
+    /// Told of a press beside a line. Without a handler one in the column of marks sets a bookmark
+    /// or takes it away.
+    void SetOnGuttorClick(const TZtGuttorClickEvent &Value) { FOnGuttorClick = Value; }
+    /// Decorations, diagnostics, marks and changes of the text, for all editors that show it. The
+    /// changes are those since they were asked for first. Drawn with `zcPicture`.
+    TZtTextMarks &GetTextMarks();
+    bool HasTextMarks() const;
+    /// Never null: "Classic" by default.
+    const std::shared_ptr<const TZtColorScheme> &GetScheme() const;
+    /// The colours of the text and of everything around it; null for "Classic", the lexers' tables
+    /// and the desktop's colours.
+    void SetScheme(const std::shared_ptr<const TZtColorScheme> &Value);
+    /// The colour of a part of the view, of the scheme or of the desktop.
+    TColor GetViewColor(TZtViewColor APart) const;
+    QRgb GetViewRgb(TZtViewColor APart) const;
+    int GetZoom() const { return FZoom; }
+    /// The size of the font in per cent of what the host has set, 20 to 500.
+    void SetZoom(int Value);
+    /// Marks all matches of a text with `zeMatchMarks`, as a search does; an empty one marks none.
+    void MarkMatches(const QString &AText, TZtSearchFlags AFlags);
+    /// How many there are; -1 until the whole text was looked through, which is done in idle time.
+    qint64 GetMatchCount() const;
+    /// Puts the caret at the start of a line (0-based) and the line into the middle of the view.
+    void GoToLine(int ALine);
+    /// Runs a command of the extras; message 1029 does it too. Answers whether it led anywhere.
+    bool RunExtra(TZtExtraCommand ACommand);
+    /// The colours of lines; null without `zcPicture`.
+    TZtHighlighter *GetHighlighter() const { return FHighlighter.get(); }
+    const TZtCellRules &GetCellRules() const { return FCells; }
+    /// To be called when what is shown beside the text is other: lays out and paints anew.
+    void ExtrasChanged();
+    /// To be called when other lines have something in the overview ruler.
+    void OverviewChanged();
 
     // === uZtCodeEditPaint.cpp: rendering
     // ==========================================================
@@ -396,6 +445,7 @@ public:
     void WMPaste(TZtMessage &Message);
     void WMUndo(TZtMessage &Message);
     void WMRedo(TZtMessage &Message);
+    void WMExtra(TZtMessage &Message);
 
     bool Dispatch(TZtMessage &Message) override;
 
@@ -472,6 +522,24 @@ private:
     int ColumnAt(int ALine, int ACell) const;
     void SetRanges(int AColumns, int ALines);
     void Show(TZtCodeOption AOption, bool AShow);
+    // extras
+    TZtGuttorSight GuttorSight() const;
+    int BarsWidth() const;
+    qreal RowPitch() const;
+    void JumpTo(const QPoint &APlace);
+    void SelectLines(int AFrom, int ATo);
+    bool PressGuttor(TMouseButton Button, int X, int Y);
+    bool ShowToolTip(const QHelpEvent &AEvent);
+    bool GoToBookmark(bool AForward);
+    bool GoToDiagnostic(bool AForward);
+    bool GoToBracket(bool ASelect);
+    bool TypePaired(const QString &S);
+    void Surround(const QString &AOpening, QChar AClosing);
+    bool EraseEmptyPair();
+    void ColourParser();
+    void CaretSeen();
+    void ScrollFinely(const QWheelEvent &AEvent);
+    bool ZoomWith(QEvent *AEvent);
     // painting
     bool BeginFrame();
     void ComposeLines();
@@ -484,6 +552,12 @@ private:
     void ComposeText();
     void ComposeRow(TPaintPass &APass, int ALine);
     void AddColumns(TPaintPass &APass, int ALine, const TZtCellSpan &ASpan);
+    void AddStretch(TPaintPass &APass, int ALine, const TZtCellSpan &ASpan, int AColumn, int AStop);
+    int StopOf(const TPaintPass &APass, int ALine, int AColumn, int AEnd) const;
+    static TZtPieceMarks MarksOf(const TPaintPass &APass, const TZtDecorationStyle &AStyle,
+                                 TColor AFore, int AColumn, int AStop);
+    void DecorateRow(TPaintPass &APass, int ALine);
+    TColor Shaded(TColor AColor, bool AReadOnly) const;
     void LexAhead();
     void PutOffIdle();
     void AddPiece(TPaintPass &APass, QStringView S, TColor AFore, TColor ABack);
@@ -627,6 +701,14 @@ private:
 
     TZtCorrections FCorrections;
     TZtExtras FShownExtras;
+    std::unique_ptr<TZtEditExtras> FExtras;
+    std::shared_ptr<const TZtColorScheme> FScheme;
+    TZtGuttorClickEvent FOnGuttorClick;
+    int FZoom = 100;
+    QFont FUnzoomed;      // the host's
+    int FGuttorDrag = -1; // the line where the numbers were pressed
+    QPointF FWheelRests;  // of a cell and a line, in pixels
+    double FPinch = 1;    // what was zoomed by and is less than a per cent
     TZtCellRules FCells;
     std::shared_ptr<TZtUndoHistory> FHistory;     // with zcUndo or zcEvents
     std::shared_ptr<TZtHighlighter> FHighlighter; // with zcPicture

@@ -5,9 +5,10 @@ using enum TZtCorrection;
 void TZtCodeEdit::ResetCaret()
 {
     const qint64 x = qint64(GetCaretCell() - FHScrollBar->GetPosition()) * FCharWidth;
-    const qint64 y = qint64(FLinePos - FVScrollBar->GetPosition()) * FLineWidth;
+    const int row = FLinePos - FVScrollBar->GetPosition();
+    const qint64 y = qint64(row * RowPitch());
     const int g = RealGuttorWidth();
-    const bool inside = 0 <= x && x < GetClientWidth() - g - FVScrollBar->width() && 0 <= y &&
+    const bool inside = 0 <= x && x < GetClientWidth() - g - BarsWidth() && 0 <= y &&
                         y < GetClientHeight() - FHScrollBar->height();
     if (!inside || FReplacingAll) {
         FCaret->Hide();
@@ -148,6 +149,7 @@ int TZtCodeEdit::GetCaretCell() const { return CellOf({FCharPos, FLinePos}); }
 void TZtCodeEdit::CaretMoved()
 {
     ResetCaret();
+    CaretSeen();
     RunToEnd([this] {
         Tell([this] { Fire(FOnCursorChange, this); });
         Tell([this] { Q_EMIT cursorPositionChanged(); });

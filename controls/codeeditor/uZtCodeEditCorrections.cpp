@@ -1,5 +1,6 @@
 #include "uZtCodeEdit.h"
 
+#include "uZtEditExtras.h"
 #include "uZtEditedText.h"
 #include "uZtHighlighter.h"
 
@@ -76,6 +77,8 @@ void TZtCodeEdit::SetCorrections(TZtCorrections Value)
         FHighlighter = std::make_shared<TZtHighlighter>();
         FHighlighter->SetText(FLines);
     }
+    ColourParser();
+    FExtras->TextAttached();
     KeepCaretInText();
     PositionScollBars();
     Redraw();
@@ -152,6 +155,7 @@ void TZtCodeEdit::ShareText(TZtCodeEdit *AOther)
     FUndoList->Clear();
     FModified = AOther->FModified;
     SetCorrections(corrections);
+    SetExtras(FShownExtras);
     InitSelectionAndPosition();
     PositionScollBars();
     Redraw();
@@ -248,7 +252,10 @@ void TZtCodeEdit::TellChange()
     for (const TZtCodeEdit *editor : FText->Editors)
         if (editor->FOperations > 0)
             return;
-    FModified = !FHistory->IsSaved();
+    const bool modified = !FHistory->IsSaved();
+    if (FModified && !modified && FText->Marks)
+        FText->Marks->Changes.Restore();
+    FModified = modified;
     const quint64 version = FHistory->GetVersion();
     if (std::exchange(FToldVersion, version) == version)
         return;
@@ -266,6 +273,8 @@ void TZtCodeEdit::SetModified(bool Value)
         FHistory->SetUnsaved();
     else if (FHistory)
         FHistory->SetSaved();
+    if (!Value && FText->Marks)
+        FText->Marks->Changes.MarkSaved();
 }
 
 // --- undo and redo -------------------------------------------------------------------------------

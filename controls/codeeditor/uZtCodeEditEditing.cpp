@@ -494,10 +494,14 @@ void TZtCodeEdit::Type(const QString &S)
     const char16_t C = S.front().unicode();
     if (C == 127 && IsCorrected(zcBackspace))
         return;
+    if (TypePaired(S))
+        return;
     if (IsTypeable(C)) {
         Erase(TZtChangeType::ctDelete, nullptr);
         AddTxt(S);
         FJoin = C == u'\r' ? TZtUndoJoin::ujAlone : TZtUndoJoin::ujTyped;
+    } else if (C == u'\b' && EraseEmptyPair()) {
+        FJoin = TZtUndoJoin::ujAlone;
     } else if (C == u'\b' && IsCorrected(zcBackspace)) {
         EraseBack();
     } else if (C == u'\b') {

@@ -1,12 +1,464 @@
-#include "uZtCodeEdit.h"
+#include "uZtCodeEditPass.h"
+
+#include "uZtEditExtras.h"
+#include "uZtEditedText.h"
+#include "uZtHighlighter.h"
+#include "uZtStructureParts.h"
+#include "uZtSystemColors.h"
+
+#include <QHelpEvent>
+#include <QNativeGestureEvent>
+#include <QTextDocument>
+#include <QToolTip>
+#include <QWheelEvent>
+
+#include <cmath>
 
 using enum TZtExtra;
+using enum TZtViewColor;
+
+namespace {
+
+constexpr int WheelNotch = 120; // in eighths of a degree
+constexpr int LeastZoom = 20;   // per cent
+constexpr int MostZoom = 500;
+constexpr double ZoomStep = 1.1;
+constexpr int BracketPatience = 5000; // milliseconds that a jump to a far bracket may take
+
+} // namespace
 
 void TZtCodeEdit::SetExtras(TZtExtras Value)
 {
-    if (Value & ~(zeTypedPairs | zeZoom | zeFineWheel))
+    if (Value & ~(zeZoom | zeFineWheel))
         SetCorrections(FCorrections | TZtCorrection::zcPicture);
     FShownExtras = Value;
+    if (Value & (zeMarks | zeChangeBars | zeDiagnostics))
+        GetTextMarks(); // from now on
+    setMouseTracking(bool(Value & (zeMarks | zeLineNumbers)));
+    FExtras->Show(Value);
+    ExtrasChanged();
+}
+
+void TZtCodeEdit::ExtrasChanged()
+{
     PositionScollBars();
+    ResetCaret();
     Redraw();
+}
+
+void TZtCodeEdit::OverviewChanged() { FExtras->UpdateRuler(); }
+
+TZtGuttor *TZtCodeEdit::GetGuttor() const { return &FExtras->Guttor(); }
+
+TZtMarkColumn *TZtCodeEdit::GetMarkColumn() const { return &FExtras->MarkColumn(); }
+
+bool TZtCodeEdit::HasTextMarks() const { return FText->Marks != nullptr; }
+
+TZtTextMarks &TZtCodeEdit::GetTextMarks()
+{
+    if (FText->Marks)
+        return *FText->Marks;
+    FText->Marks = std::make_unique<TZtTextMarks>(FLines);
+    const auto tell = [text = FText.get()] {
+        ForEach(*text, [](TZtCodeEdit &edit) {
+            edit.OverviewChanged();
+            edit.Redraw();
+        });
+    };
+    FText->Marks->Decorations.OnChange = tell;
+    FText->Marks->Diagnostics.OnChange = tell;
+    FText->Marks->Marks.OnChange = tell;
+    FText->Marks->Changes.OnChange = tell;
+    return *FText->Marks;
+}
+
+// --- layout --------------------------------------------------------------------------------------
+
+TZtGuttorSight TZtCodeEdit::GuttorSight() const
+{
+    return {qMax(FLines->GetCount(), 1), FLinePos, FCharWidth, FLineWidth};
+}
+
+int TZtCodeEdit::RealGuttorWidth() const
+{
+    if (!GetShowGuttor())
+        return 0;
+    const bool columns = IsCorrected(TZtCorrection::zcPicture) && FExtras->Guttor().HasColumns();
+    return columns ? FExtras->Guttor().GetWidth(GuttorSight()) : FGuttorWidth;
+}
+
+// What stands right of the text.
+int TZtCodeEdit::BarsWidth() const
+{
+    return FVScrollBar->width() + (FExtras->Ruler() ? TZtOverviewRuler::Width : 0);
+}
+
+// The height of a row in pixels.
+qreal TZtCodeEdit::RowPitch() const
+{
+    return IsCorrected(TZtCorrection::zcPicture) ? ZtRowPitch(FLineWidth, devicePixelRatioF())
+                                                 : FLineWidth;
+}
+
+void TZtCodeEdit::GoToLine(int ALine)
+{
+    Operate([&] { JumpTo({0, ALine}); });
+}
+
+// Puts the caret to a place, in the middle of the view unless it was in sight already.
+void TZtCodeEdit::JumpTo(const QPoint &APlace)
+{
+    const int first = FVScrollBar->GetPosition();
+    const int page = FVScrollBar->GetPageSize();
+    MoveTo(APlace);
+    if (FLinePos < first || FLinePos >= first + page)
+        FVScrollBar->SetPosition(qMax(FLinePos - page / 2, 0));
+    SetSelection(true);
+}
+
+// What depends on the caret's place.
+void TZtCodeEdit::CaretSeen()
+{
+    FExtras->CaretMoved();
+    if (FExtras->FollowsCaret())
+        Redraw();
+}
+
+// --- colours -------------------------------------------------------------------------------------
+
+const std::shared_ptr<const TZtColorScheme> &TZtCodeEdit::GetScheme() const
+{
+    static const auto classic = TZtColorScheme::Classic();
+    return FScheme ? FScheme : classic;
+}
+
+void TZtCodeEdit::SetScheme(const std::shared_ptr<const TZtColorScheme> &Value)
+{
+    FScheme = Value && Value->HasStyles() ? Value : nullptr;
+    GetParser()->SetScheme(FScheme);
+    ColourParser();
+    for (TScrollBar *bar : {FHScrollBar, FVScrollBar})
+        bar->setPalette(FScheme ? QPalette(QColor(GetViewRgb(vcGuttor))) : QPalette());
+    FCaret->SetColour(FScheme ? QColor(GetViewRgb(vcCaret)) : QColor());
+    FExtras->TakeColours();
+    Redraw();
+}
+
+void TZtCodeEdit::ColourParser()
+{
+    if (FScheme)
+        GetParser()->SetScheme(FScheme);
+    if (!FHighlighter)
+        return;
+    FHighlighter->SetPlain(FScheme ? GetViewColor(vcText) : clWindowText,
+                           FScheme ? GetViewColor(vcBackground) : clWindow);
+    FHighlighter->ForgetColours();
+}
+
+TColor TZtCodeEdit::GetViewColor(TZtViewColor APart) const { return GetScheme()->GetColor(APart); }
+
+QRgb TZtCodeEdit::GetViewRgb(TZtViewColor APart) const
+{
+    return ZtToQColor(GetViewColor(APart), palette()).rgb();
+}
+
+// --- the gutter's mouse --------------------------------------------------------------------------
+
+// Selects whole lines, the caret at the end of those that it was dragged to.
+void TZtCodeEdit::SelectLines(int AFrom, int ATo)
+{
+    const int last = FLines->GetCount() - 1;
+    const auto behind = [&](int line) {
+        return line < last ? QPoint(0, line + 1) : QPoint(FLines->GetLength(last), last);
+    };
+    const bool down = AFrom <= ATo;
+    MoveTo(down ? behind(ATo) : QPoint(0, ATo));
+    SetSelEnd(down ? QPoint(0, AFrom) : behind(AFrom));
+    SetSelStart({FCharPos, FLinePos});
+}
+
+// Answers whether the press was in a column of the gutter, and is done with.
+bool TZtCodeEdit::PressGuttor(TMouseButton Button, int X, int Y)
+{
+    TZtGuttor &guttor = FExtras->Guttor();
+    if (X >= RealGuttorWidth() || !guttor.HasColumns())
+        return false;
+    const int line = FVScrollBar->GetPosition() + int(std::floor(Y / RowPitch()));
+    if (line < 0 || line >= qMax(FLines->GetCount(), 1))
+        return Button == TMouseButton::mbLeft;
+    const int at = guttor.ColumnAt(X, GuttorSight());
+    if (FOnGuttorClick)
+        Fire(FOnGuttorClick, line, at, Button);
+    if (Button != TMouseButton::mbLeft)
+        return false;
+    const TZtGuttorColumn *column = at < 0 ? nullptr : guttor.GetColumn(at);
+    if (column == GetMarkColumn() && !FOnGuttorClick) {
+        GetTextMarks().Marks.Toggle(line, TZtLineMark::lmBookmark);
+    } else if (dynamic_cast<const TZtNumberColumn *>(column) && FLines->GetCount() > 0) {
+        FGuttorDrag = line;
+        SelectLines(line, line);
+    }
+    return true;
+}
+
+// Answers whether there is something to be told of what the mouse rests on.
+bool TZtCodeEdit::ShowToolTip(const QHelpEvent &AEvent)
+{
+    if (!IsCorrected(TZtCorrection::zcPicture))
+        return false;
+    const QPoint at = AEvent.pos() - ClientArea().topLeft();
+    const int g = RealGuttorWidth();
+    const int line = FVScrollBar->GetPosition() + int(std::floor(at.y() / RowPitch()));
+    if (line >= FLines->GetCount())
+        return false;
+    QString text;
+    if (at.x() >= g) {
+        const QPoint place = PlaceAt(at.x() - g - ZtTextLeft, at.y());
+        text = FExtras->GetToolTip(place);
+    } else if (const int column = FExtras->Guttor().ColumnAt(at.x(), GuttorSight()); column >= 0) {
+        text = FExtras->Guttor().GetColumn(column)->GetToolTip(line);
+    }
+    if (text.isEmpty())
+        return false;
+    QToolTip::showText(AEvent.globalPos(), Qt::convertFromPlainText(text), this);
+    return true;
+}
+
+// --- zoom and wheel ------------------------------------------------------------------------------
+
+void TZtCodeEdit::SetZoom(int Value)
+{
+    const int zoom = qBound(LeastZoom, Value, MostZoom);
+    if (zoom == FZoom)
+        return;
+    if (FZoom == 100)
+        FUnzoomed = font();
+    QFont zoomed = FUnzoomed;
+    if (zoomed.pixelSize() > 0)
+        zoomed.setPixelSize(qMax(FUnzoomed.pixelSize() * zoom / 100, 1));
+    else
+        zoomed.setPointSizeF(FUnzoomed.pointSizeF() * zoom / 100);
+    FZoom = 100; // whatever this tells
+    setFont(zoomed);
+    FZoom = zoom;
+    FMetrics.SetFont(font());
+    SetCharWidth(FMetrics.CharWidth());
+    SetLineWidth(FMetrics.LineHeight());
+    ResetCaret();
+    Redraw();
+}
+
+// The wheel with Ctrl, or two fingers.
+bool TZtCodeEdit::ZoomWith(QEvent *AEvent)
+{
+    double factor = 1;
+    if (AEvent->type() == QEvent::Wheel)
+        factor = std::pow(ZoomStep, static_cast<QWheelEvent *>(AEvent)->angleDelta().y() /
+                                        double(WheelNotch));
+    else if (const auto *gesture = static_cast<QNativeGestureEvent *>(AEvent);
+             gesture->gestureType() == Qt::ZoomNativeGesture)
+        factor = 1 + gesture->value();
+    else
+        return false;
+    // Small steps add up.
+    FPinch *= factor;
+    const int zoom = qRound(FZoom * FPinch);
+    if (zoom != FZoom) {
+        FPinch = 1;
+        SetZoom(zoom);
+    }
+    return true;
+}
+
+// What a touchpad reports is worth as many pixels; what is less than a line or a column is kept for
+// the next one.
+void TZtCodeEdit::ScrollFinely(const QWheelEvent &AEvent)
+{
+    const double line = qMax(RowPitch(), 1.0);
+    const double column = qMax(FCharWidth, 1);
+    QPointF pixels = AEvent.pixelDelta();
+    if (pixels.isNull())
+        pixels = QPointF(AEvent.angleDelta()) / WheelNotch * (FScollLines * line);
+    const bool aside = AEvent.modifiers().testFlag(Qt::ShiftModifier) && pixels.x() == 0;
+    if (aside)
+        pixels = pixels.transposed();
+    const auto take = [](double &rest, double delta, double step) {
+        if ((rest > 0) != (delta > 0))
+            rest = 0;
+        rest += delta;
+        const int steps = int(rest / step);
+        rest -= steps * step;
+        return steps;
+    };
+    const int lines = pixels.y() == 0 ? 0 : take(FWheelRests.ry(), pixels.y(), line);
+    const int columns = pixels.x() == 0 ? 0 : take(FWheelRests.rx(), pixels.x(), column);
+    Guarded([&] {
+        if (lines != 0)
+            FVScrollBar->SetPosition(FVScrollBar->GetPosition() - lines);
+        if (columns != 0)
+            FHScrollBar->SetPosition(FHScrollBar->GetPosition() - columns);
+    });
+}
+
+// --- commands ------------------------------------------------------------------------------------
+
+void TZtCodeEdit::MarkMatches(const QString &AText, TZtSearchFlags AFlags)
+{
+    auto *part = FExtras->Find<TZtMatchesPart>(zeMatchMarks);
+    if (!part || !part->SetSearch(AText, AFlags))
+        return;
+    OverviewChanged();
+    Redraw();
+}
+
+qint64 TZtCodeEdit::GetMatchCount() const
+{
+    const auto *part = FExtras->Find<TZtMatchesPart>(zeMatchMarks);
+    return part && part->GetMarks().IsComplete() ? part->GetMarks().GetCount() : -1;
+}
+
+void TZtCodeEdit::WMExtra(TZtMessage &Message)
+{
+    RunExtra(TZtExtraCommand(qMin<quint64>(Message.WParam, 0xFF)));
+}
+
+bool TZtCodeEdit::RunExtra(TZtExtraCommand ACommand)
+{
+    using enum TZtExtraCommand;
+    switch (ACommand) {
+    case ecToggleBookmark:
+        GetTextMarks().Marks.Toggle(qMin(FLinePos, qMax(FLines->GetCount() - 1, 0)),
+                                    TZtLineMark::lmBookmark);
+        return true;
+    case ecNextBookmark:
+    case ecPreviousBookmark:
+        return GoToBookmark(ACommand == ecNextBookmark);
+    case ecNextDiagnostic:
+    case ecPreviousDiagnostic:
+        return GoToDiagnostic(ACommand == ecNextDiagnostic);
+    case ecGoToBracket:
+    case ecSelectToBracket:
+        return GoToBracket(ACommand == ecSelectToBracket);
+    case ecZoomIn:
+        SetZoom(qMax(FZoom + 1, qRound(FZoom * ZoomStep)));
+        return true;
+    case ecZoomOut:
+        SetZoom(qMin(FZoom - 1, qRound(FZoom / ZoomStep)));
+        return true;
+    case ecZoomReset:
+        SetZoom(100);
+        return true;
+    }
+    return false;
+}
+
+bool TZtCodeEdit::GoToBookmark(bool AForward)
+{
+    const int line = HasTextMarks()
+                         ? GetTextMarks().Marks.Next(FLinePos, TZtLineMark::lmBookmark, AForward)
+                         : -1;
+    if (line >= 0)
+        GoToLine(line);
+    return line >= 0;
+}
+
+bool TZtCodeEdit::GoToDiagnostic(bool AForward)
+{
+    const auto diagnostic = HasTextMarks()
+                                ? GetTextMarks().Diagnostics.Next({FCharPos, FLinePos}, AForward)
+                                : std::nullopt;
+    if (!diagnostic)
+        return false;
+    Operate([&] { JumpTo(diagnostic->From); });
+    return true;
+}
+
+// On the same side of the pair as it stands of the bracket.
+bool TZtCodeEdit::GoToBracket(bool ASelect)
+{
+    auto *part = FExtras->Find<TZtBracketsPart>(zeBrackets);
+    TZtBrackets *brackets = part ? part->Find() : nullptr;
+    if (!brackets)
+        return false;
+    QElapsedTimer time;
+    time.start();
+    while (brackets->GetState() == TZtBracketState::bsSearching &&
+           time.elapsed() < BracketPatience) {
+        FHighlighter->Advance(20);
+        brackets->Advance(20);
+    }
+    if (brackets->GetState() != TZtBracketState::bsFound)
+        return false;
+    const QPoint from = brackets->GetBracket(), to = brackets->GetPair();
+    Operate([&] {
+        if (!ASelect)
+            return JumpTo(to + QPoint(FCharPos - from.x(), 0));
+        const bool down = ZtIsBefore(from, to);
+        JumpTo(to + QPoint(down ? 1 : 0, 0));
+        SetSelEnd(from + QPoint(down ? 0 : 1, 0));
+        SetSelStart({FCharPos, FLinePos});
+    });
+    return true;
+}
+
+// --- pairs ---------------------------------------------------------------------------------------
+
+// Answers whether a character was typed in the way of pairs.
+bool TZtCodeEdit::TypePaired(const QString &S)
+{
+    TZtTypedPairs *pairs = FExtras->Pairs();
+    if (!pairs || GetReadOnly() || S.size() != 1 || !FHighlighter)
+        return false;
+    const bool selected = SelectionGiven();
+    const QPoint caret =
+        selected ? (SelectionReversed() ? FSelEnd : FSelStart) : QPoint(FCharPos, FLinePos);
+    TZtElementKind kind = TZtElementKind::ekCode;
+    if (caret.y() < FLines->GetCount())
+        kind = ZtKindAround(FHighlighter->GetRuns(caret.y()), FLines->View(caret.y()), caret.x());
+    const TZtPairEdit edit =
+        pairs->OnCharacter(S.front(), caret, selected, kind, GetParser()->GetLanguage());
+    switch (edit.Action) {
+    case TZtPairAction::paNone:
+        return false;
+    case TZtPairAction::paTypeOver:
+        SetCharPos(FCharPos + 1);
+        break;
+    case TZtPairAction::paInsert:
+        AddTxt(S);
+        AddTxt(QString(edit.Closing));
+        SetCharPos(FCharPos - 1);
+        pairs->Inserted({FCharPos, FLinePos});
+        break;
+    case TZtPairAction::paSurround:
+        Surround(S, edit.Closing);
+        return true;
+    }
+    SetSelection(true);
+    return true;
+}
+
+// The selected text stays selected between the two.
+void TZtCodeEdit::Surround(const QString &AOpening, QChar AClosing)
+{
+    const QPoint start = SelectionReversed() ? FSelEnd : FSelStart;
+    const QString text = SelectedText();
+    Erase(TZtChangeType::ctDelete, nullptr);
+    InsertText(TZtChangeType::ctInsert, AOpening + text + AClosing);
+    SetCharPos(FCharPos - 1);
+    SetSelStart({FCharPos, FLinePos});
+    SetSelEnd(start + QPoint(1, 0));
+}
+
+// Answers whether the caret stood in an empty pair, which is gone.
+bool TZtCodeEdit::EraseEmptyPair()
+{
+    const TZtTypedPairs *pairs = FExtras->Pairs();
+    const QPoint caret(FCharPos, FLinePos);
+    if (!pairs || GetReadOnly() || SelectionGiven() ||
+        !pairs->OnBackspace(caret, GetParser()->GetLanguage()))
+        return false;
+    FSelStart = caret - QPoint(1, 0);
+    FSelEnd = caret + QPoint(1, 0);
+    Erase(TZtChangeType::ctDelete, nullptr);
+    return true;
 }

@@ -1,8 +1,10 @@
 #include "uZtCodeEdit.h"
 
+#include "uZtEditExtras.h"
 #include "uZtIndentation.h"
 #include "uZtWordScan.h"
 
+#include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 
@@ -29,8 +31,18 @@ struct TShortcut {
     quint64 WParam;
     TZtCorrections With = {};    // the row is there with these alone
     TZtCorrections Without = {}; // and not with these
+    TZtExtras Extras = {};       // and there with these alone
 };
 
+constexpr quint32 MsgExtra = quint32(TZtMsg::wmUser) + 5;
+
+constexpr TShortcut Extra(quint16 ACode, TModifiers AModifiers, TZtExtraCommand ACommand,
+                          TZtExtra AExtra)
+{
+    return {ACode, ACode, AModifiers, MsgExtra, quint64(ACommand), {}, {}, AExtra};
+}
+
+using enum TZtExtraCommand;
 constexpr auto Forward = quint64(TZtSearchAgain::saForward);
 constexpr auto Backward = quint64(TZtSearchAgain::saBackward);
 
@@ -52,6 +64,20 @@ constexpr std::array Shortcuts = {
               zcSearchKey},
     TShortcut{TZtKey::Letter('Y'), TZtKey::Letter('Y'), TModifiers::Ctrl, MsgRedo, 0, zcUndo},
     TShortcut{TZtKey::Letter('Z'), TZtKey::Letter('Z'), TModifiers::CtrlShift, MsgRedo, 0, zcUndo},
+    Extra(TZtKey::F2, TModifiers::Ctrl, ecToggleBookmark, TZtExtra::zeMarks),
+    Extra(TZtKey::F2, TModifiers::None, ecNextBookmark, TZtExtra::zeMarks),
+    Extra(TZtKey::F2, TModifiers::Shift, ecPreviousBookmark, TZtExtra::zeMarks),
+    Extra(TZtKey::F8, TModifiers::None, ecNextDiagnostic, TZtExtra::zeDiagnostics),
+    Extra(TZtKey::F8, TModifiers::Shift, ecPreviousDiagnostic, TZtExtra::zeDiagnostics),
+    Extra(TZtKey::Letter('M'), TModifiers::Ctrl, ecGoToBracket, TZtExtra::zeBrackets),
+    Extra(TZtKey::Letter('M'), TModifiers::CtrlShift, ecSelectToBracket, TZtExtra::zeBrackets),
+    Extra(TZtKey::OemPlus, TModifiers::Ctrl, ecZoomIn, TZtExtra::zeZoom),
+    Extra(TZtKey::OemPlus, TModifiers::CtrlShift, ecZoomIn, TZtExtra::zeZoom),
+    Extra(TZtKey::Add, TModifiers::Ctrl, ecZoomIn, TZtExtra::zeZoom),
+    Extra(TZtKey::OemMinus, TModifiers::Ctrl, ecZoomOut, TZtExtra::zeZoom),
+    Extra(TZtKey::Subtract, TModifiers::Ctrl, ecZoomOut, TZtExtra::zeZoom),
+    Extra('0', TModifiers::Ctrl, ecZoomReset, TZtExtra::zeZoom),
+    Extra(TZtKey::Numpad0, TModifiers::Ctrl, ecZoomReset, TZtExtra::zeZoom),
 };
 
 bool Matches(TModifiers AModifiers, TShiftState AShift)
@@ -64,11 +90,13 @@ bool Matches(TModifiers AModifiers, TShiftState AShift)
     return AModifiers == TModifiers::Any || AShift == wanted;
 }
 
-const TShortcut *FindShortcut(quint16 AKey, TShiftState AShift, TZtCorrections ACorrections)
+const TShortcut *FindShortcut(quint16 AKey, TShiftState AShift, const TZtCodeEdit &AEdit)
 {
-    const auto row = std::find_if(Shortcuts.begin(), Shortcuts.end(), [=](const TShortcut &s) {
+    const auto row = std::find_if(Shortcuts.begin(), Shortcuts.end(), [&](const TShortcut &s) {
         return (AKey == s.Code || AKey == s.OtherCode) && Matches(s.Modifiers, AShift) &&
-               (!s.With || (s.With & ACorrections)) && !(s.Without & ACorrections);
+               (!s.With || (s.With & AEdit.GetCorrections())) &&
+               !(s.Without & AEdit.GetCorrections()) &&
+               (!s.Extras || (s.Extras & AEdit.GetExtras()));
     });
     return row == Shortcuts.end() ? nullptr : &*row;
 }
@@ -96,7 +124,7 @@ struct TZtCodeEdit::TKeyAction {
 
 void TZtCodeEdit::KeyCommand(quint16 &Key, TShiftState Shift)
 {
-    const TShortcut *shortcut = FindShortcut(Key, Shift, FCorrections);
+    const TShortcut *shortcut = FindShortcut(Key, Shift, *this);
     if (!shortcut)
         return;
     ZtPostMessage(this, shortcut->Msg, shortcut->WParam);
@@ -111,6 +139,8 @@ void TZtCodeEdit::KeyDown(quint16 &Key, TShiftState Shift)
 void TZtCodeEdit::DoKey(quint16 &Key, TShiftState Shift)
 {
     KeyCommand(Key, Shift);
+    if (Key == TZtKey::Escape)
+        MarkMatches({}, {});
     if (IsMovementKey(Key)) {
         SetSelection(false);
     } else if (IsSelectAll(Key, Shift)) {
@@ -325,6 +355,14 @@ bool TZtCodeEdit::event(QEvent *AEvent)
 {
     if (AEvent->isInputEvent())
         PutOffIdle();
+    if (AEvent->type() == QEvent::ToolTip && ShowToolTip(*static_cast<QHelpEvent *>(AEvent)))
+        return true;
+    if (AEvent->type() == QEvent::NativeGesture && HasExtra(TZtExtra::zeZoom) && ZoomWith(AEvent))
+        return true;
+    if (AEvent->type() == QEvent::FontChange)
+        FZoom = 100; // the host's own font from now on
+    if (AEvent->type() == QEvent::PaletteChange)
+        FExtras->TakeColours();
     // What the editor does with a key goes before a host's shortcut of the same key.
     if (AEvent->type() == QEvent::ShortcutOverride) {
         const auto *key = static_cast<QKeyEvent *>(AEvent);
@@ -332,7 +370,7 @@ bool TZtCodeEdit::event(QEvent *AEvent)
         const TShiftState shift = ZtShiftStateOf(*key);
         if (IsMovementKey(code) || code == TZtKey::Home || code == TZtKey::End ||
             code == TZtKey::Delete || IsSelectAll(code, shift) ||
-            FindShortcut(code, shift, FCorrections) ||
+            FindShortcut(code, shift, *this) ||
             (code != TZtKey::Escape && !ZtCharactersOf(*key).isEmpty())) {
             AEvent->accept();
             return true;

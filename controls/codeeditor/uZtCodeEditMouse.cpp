@@ -1,10 +1,13 @@
 #include "uZtCodeEdit.h"
 
+#include "uZtEditExtras.h"
+
 #include <QApplication>
 
 #include <QContextMenuEvent>
 #include <QWheelEvent>
 
+#include <cmath>
 #include <cstdlib>
 
 using enum TZtCorrection;
@@ -32,7 +35,7 @@ void TZtCodeEdit::MoveCaretTo(int X, int Y)
 QPoint TZtCodeEdit::PlaceAt(int X, int Y) const
 {
     const int cell = FHScrollBar->GetPosition() + (FCharWidth > 0 ? X / FCharWidth : 0);
-    const int row = FLineWidth > 0 ? (Y < 0 ? Y - FLineWidth + 1 : Y) / FLineWidth : 0;
+    const int row = FLineWidth > 0 ? int(std::floor(Y / RowPitch())) : 0;
     int line = FVScrollBar->GetPosition() + row;
     if (IsCorrected(zcCaret))
         line = qBound(0, line, qMax(FLines->GetCount() - 1, 0));
@@ -48,6 +51,8 @@ void TZtCodeEdit::DoMouseDown(TMouseButton Button, TShiftState Shift, int X, int
 {
     TCustomControl::MouseDown(Button, Shift, X, Y);
     setFocus(Qt::MouseFocusReason);
+    if (PressGuttor(Button, X, Y))
+        return;
     if (Button == TMouseButton::mbLeft) {
         InMouseDown = true;
         inMouseMove = false;
@@ -67,6 +72,10 @@ void TZtCodeEdit::DoMouseDown(TMouseButton Button, TShiftState Shift, int X, int
 void TZtCodeEdit::MouseMove(TShiftState Shift, int X, int Y)
 {
     TCustomControl::MouseMove(Shift, X, Y);
+    if (HasExtra(TZtExtra::zeLineNumbers) || HasExtra(TZtExtra::zeMarks))
+        setCursor(X < RealGuttorWidth() ? Qt::ArrowCursor : Qt::IBeamCursor);
+    if (FGuttorDrag >= 0)
+        return Operate([&] { SelectLines(FGuttorDrag, PlaceAt(0, Y).y()); });
     if (!InMouseDown)
         return;
     if (IsCorrected(zcKeys) && !inMouseMove && PlaceAt(X - RealGuttorWidth(), Y) == FPressPlace)
@@ -83,6 +92,7 @@ void TZtCodeEdit::MouseMove(TShiftState Shift, int X, int Y)
 void TZtCodeEdit::MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y)
 {
     TCustomControl::MouseUp(Button, Shift, X, Y);
+    FGuttorDrag = -1;
     InMouseDown = false;
     inMouseMove = false;
     FInMouseSetSelection = false;
@@ -97,6 +107,13 @@ void TZtCodeEdit::WMMouseWheel(TZtMessage &Message)
 
 void TZtCodeEdit::wheelEvent(QWheelEvent *AEvent)
 {
+    AEvent->accept();
+    if (HasExtra(TZtExtra::zeZoom) && AEvent->modifiers().testFlag(Qt::ControlModifier)) {
+        ZoomWith(AEvent);
+        return;
+    }
+    if (HasExtra(TZtExtra::zeFineWheel))
+        return ScrollFinely(*AEvent);
     const int delta = AEvent->angleDelta().y();
     if ((delta > 0) != (FWheelRest > 0))
         FWheelRest = 0;
@@ -107,7 +124,6 @@ void TZtCodeEdit::wheelEvent(QWheelEvent *AEvent)
         TZtMessage message(quint32(TZtMsg::wmMouseWheel), quint64(quint16(qint16(notch))) << 16, 0);
         Guarded([&] { WMMouseWheel(message); });
     }
-    AEvent->accept();
 }
 
 void TZtCodeEdit::contextMenuEvent(QContextMenuEvent *AEvent)
@@ -120,7 +136,8 @@ void TZtCodeEdit::contextMenuEvent(QContextMenuEvent *AEvent)
 
 void TZtCodeEdit::CalcCursor(int &X, int &Y)
 {
-    X = FCharWidth < 1 ? -1 : FHScrollBar->GetPosition() + (X - FGuttorWidth) / FCharWidth;
+    const int g = FExtras->Guttor().HasColumns() ? RealGuttorWidth() : FGuttorWidth;
+    X = FCharWidth < 1 ? -1 : FHScrollBar->GetPosition() + (X - g) / FCharWidth;
     Y = FLineWidth < 1 ? -1 : FVScrollBar->GetPosition() + Y / FLineWidth;
     X = ColumnAt(Y, X);
 }

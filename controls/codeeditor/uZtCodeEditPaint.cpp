@@ -1,5 +1,6 @@
 #include "uZtCodeEditPass.h"
 
+#include "uZtEditExtras.h"
 #include "uZtSystemColors.h"
 
 #include <QPaintEvent>
@@ -101,16 +102,23 @@ bool TZtCodeEdit::BeginFrame()
     SetCharWidth(FFrame.TextPainter().CharWidth());
     SetLineWidth(FFrame.TextPainter().LineHeight());
 
-    TColor back = clWindow;
-    DarkenColor(back, GetReadOnly(), ReadOnlyDarker);
+    using enum TZtViewColor;
     const auto color = [this](TColor c) { return ZtToQColor(c, palette()).rgb(); };
+    const TColor back = Shaded(GetViewColor(vcBackground), GetReadOnly());
+    const bool own = !FScheme || FRightMarginColor != clBtnFace; // the margin's colour
     const int g = RealGuttorWidth();
+    const bool columns = FExtras->Guttor().HasColumns();
     const int margin = (FRightMargin - FHScrollBar->GetPosition()) * FCharWidth + ZtTextLeft;
     const bool marginShown = GetShowRightMargin() && margin > 0 && margin < GetClientWidth() - g;
+    FExtras->Guttor().Arrange(GuttorSight());
     FFrame.Begin({ClientArea().size(), devicePixelRatioF(), font(), g,
-                  marginShown ? g + margin : -1, color(back), color(FRightMarginColor),
-                  color(clBtnFace), color(clBtnHighlight), color(clBtnShadow),
-                  IsCorrected(TZtCorrection::zcPicture)});
+                  marginShown ? g + margin : -1, color(back),
+                  own ? color(FRightMarginColor) : GetViewRgb(vcRightMargin), GetViewRgb(vcGuttor),
+                  FScheme || columns ? GetViewRgb(vcGuttor) : color(clBtnHighlight),
+                  FScheme || columns ? GetViewRgb(vcGuttorEdge) : color(clBtnShadow),
+                  IsCorrected(TZtCorrection::zcPicture), GetViewRgb(vcBlank),
+                  columns ? FExtras->GetGuttorLook() : TZtGuttorLook()},
+                 columns ? &FExtras->Guttor() : nullptr);
     return FCharWidth > 0 && FLineWidth > 0;
 }
 
@@ -150,6 +158,27 @@ void TZtCodeEdit::BeginPass(TPaintPass &APass) const
     APass.X = APass.Left;
     for (quint32 i = 0; i < APass.SystemColours.size(); ++i)
         APass.SystemColours[i] = ZtToQColor(ZtSystemColor(i), palette()).rgb();
+    if (!FScheme)
+        return;
+    const auto set = [&](TColor system, TZtViewColor part) {
+        APass.SystemColours[system & 0xFF] = GetViewRgb(part);
+    };
+    set(clWindow, TZtViewColor::vcBackground);
+    set(clWindowText, TZtViewColor::vcText);
+    set(clHighlight, TZtViewColor::vcSelection);
+    set(clHighlightText, TZtViewColor::vcSelectionText);
+}
+
+// A background as it is in a read-only text.
+TColor TZtCodeEdit::Shaded(TColor AColor, bool AReadOnly) const
+{
+    TColor color = AColor;
+    if (!FScheme)
+        DarkenColor(color, AReadOnly, ReadOnlyDarker);
+    else if (GetReadOnly() &&
+             (AColor == clWindow || AColor == FScheme->GetColor(TZtViewColor::vcBackground)))
+        color = FScheme->GetColor(TZtViewColor::vcReadOnly);
+    return color;
 }
 
 void TZtCodeEdit::ComposeLines()
@@ -168,9 +197,9 @@ void TZtCodeEdit::ComposeLines()
             break;
         if (pass.LastLine != FParserLineNr)
             StartLine(pass);
-        DarkenColor(pass.Back, FReadOnly, ReadOnlyDarker);
+        pass.Back = Shaded(pass.Back, FReadOnly);
         if (ParserLineCollapse)
-            FFrame.AddButton(QRect(4, pass.Row * FLineWidth, 16, 15), !ParserLineCollapsed);
+            FFrame.AddButton(pass.Row, !ParserLineCollapsed);
         // A lexer may hand over the LF behind a CR. It belongs to no line and takes no column.
         const bool lineFeed = pass.AfterBreak && pass.Token == QLatin1StringView("\n");
         pass.AfterBreak = pass.LineBreak;
@@ -260,7 +289,7 @@ void TZtCodeEdit::AddToken(TPaintPass &APass)
 // Where the picture is seen: without the bars and the seams beside them.
 QRect TZtCodeEdit::PictureArea() const
 {
-    return {0, 0, GetClientWidth() - FVScrollBar->width() - 1,
+    return {0, 0, GetClientWidth() - BarsWidth() - 1,
             GetClientHeight() - FHScrollBar->height() - 1};
 }
 
@@ -277,7 +306,7 @@ void TZtCodeEdit::PaintCorners()
     const QColor face = ZtToQColor(clBtnFace, palette());
     const int width = GetClientWidth();
     const int height = GetClientHeight();
-    const int barWidth = FVScrollBar->width();
+    const int barWidth = BarsWidth();
     const int top = height - FHScrollBar->height() - 1;
     // The boxes beside the bars, and in one go what the picture leaves open between them: the
     // seams, and the bars' places, which are seen where a bar is hidden.
@@ -302,11 +331,10 @@ void TZtCodeEdit::UpdatePageSizes()
 {
     if (FCharWidth < 1 || FLineWidth < 1)
         return;
-    const int lines = (GetClientHeight() - FHScrollBar->height() - FLineWidth) / FLineWidth;
+    const int lines = int((GetClientHeight() - FHScrollBar->height() - RowPitch()) / RowPitch());
     if (FVScrollBar->GetPageSize() != lines)
         FVScrollBar->SetPageSize(lines);
-    const int columns =
-        (GetClientWidth() - FVScrollBar->width() - RealGuttorWidth()) / FCharWidth - 1;
+    const int columns = (GetClientWidth() - BarsWidth() - RealGuttorWidth()) / FCharWidth - 1;
     if (FHScrollBar->GetPageSize() != columns)
         FHScrollBar->SetPageSize(columns);
     if (IsCorrected(TZtCorrection::zcScroll))
@@ -341,8 +369,8 @@ void TZtCodeEdit::PaintComposition(QPainter &APainter) const
     const QFontMetrics metrics(underlined);
     const QRect box(FCaret->Rect().topLeft(),
                     QSize(metrics.horizontalAdvance(FComposition), FLineWidth));
-    APainter.fillRect(box, ZtToQColor(clWindow, palette()));
-    APainter.setPen(ZtToQColor(clWindowText, palette()));
+    APainter.fillRect(box, QColor(GetViewRgb(TZtViewColor::vcBackground)));
+    APainter.setPen(QColor(GetViewRgb(TZtViewColor::vcText)));
     APainter.setFont(underlined);
     APainter.drawText(box, Qt::AlignLeft | Qt::AlignVCenter, FComposition);
 }

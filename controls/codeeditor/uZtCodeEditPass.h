@@ -2,6 +2,7 @@
 
 #include "uZtCodeEdit.h"
 #include "uZtHighlighter.h"
+#include "uZtLineLook.h"
 
 #include <array>
 
@@ -30,6 +31,9 @@ struct TZtCodeEdit::TPaintPass {
     TFontStyles Style;
     bool LineBreak = false;
 
+    const TZtLineLook *Look = nullptr; // of the line, with zcPicture
+    bool HasColumns = false;           // in the gutter
+    TZtGuttorSight Sight;
     std::vector<TZtColourRun> Runs; // of the line, with zcPicture
     size_t Run = 0;                 // the first that does not end before the column
 

@@ -1,7 +1,6 @@
 #include "uZtCodeEditPass.h"
 
-#include "uZtHighlighter.h"
-#include "uZtSystemColors.h"
+#include "uZtEditExtras.h"
 
 #include <algorithm>
 
@@ -12,7 +11,6 @@ using enum TZtCorrection;
 
 namespace {
 
-constexpr int ReadOnlyDarker = 10;     // per cent
 constexpr int LexSlice = 4;            // milliseconds of idle time
 constexpr int IdleDelay = 30;          // milliseconds after a key or a paint
 constexpr int LongestMeasured = 65536; // units of a line that is measured in cells at each paint
@@ -24,7 +22,7 @@ const TZtColourRun Plain{0, 0, clWindowText, clWindow, {}};
 void TZtCodeEdit::ComposeText()
 {
     const int first = FVScrollBar->GetPosition();
-    const int last = qMin(first + GetHeight() / FLineWidth, FLines->GetCount() - 1);
+    const int last = qMin(first + int(GetHeight() / RowPitch()), FLines->GetCount() - 1);
     if (first > last)
         return;
     FeedParser();
@@ -36,6 +34,9 @@ void TZtCodeEdit::ComposeText()
     highlighter->SetParser(FParser);
     if (FParser->OnPaintInfo)
         highlighter->ForgetColours(); // it is asked at each paint
+    FExtras->BeginRows(first, last);
+    pass.HasColumns = FExtras->Guttor().HasColumns();
+    pass.Sight = GuttorSight();
     highlighter->Prepare(first, last, (pass.Right - pass.Left) / FCharWidth + 1);
     for (; first + pass.Row <= last; ++pass.Row) {
         if (first + pass.Row >= FLines->GetCount())
@@ -56,6 +57,7 @@ void TZtCodeEdit::ComposeRow(TPaintPass &APass, int ALine)
     StartLine(APass);
     if (ALine >= FLines->GetCount())
         return; // a handler has taken it away
+    DecorateRow(APass, ALine);
     TZtCellReader reader(FLines->View(ALine), FCells);
     APass.Run = 0;
     const int length = FLines->GetLength(ALine);
@@ -69,6 +71,41 @@ void TZtCodeEdit::ComposeRow(TPaintPass &APass, int ALine)
     else if (length <= LongestMeasured)
         cells = CellOf({length, ALine});
     FLongest = std::max(FLongest, cells);
+}
+
+// What stands beside, behind and over the text of a line.
+void TZtCodeEdit::DecorateRow(TPaintPass &APass, int ALine)
+{
+    const int length = FLines->GetLength(ALine);
+    const int first = FHScrollBar->GetPosition();
+    const int from = length > LongestMeasured && first > 0 ? ColumnAt(ALine, first) : 0;
+    const int cells = (APass.Right - RealGuttorWidth()) / FCharWidth + 1;
+    // A cell shows a few units where marks stand on letters.
+    const int to = qMin(length, from + (from > 0 ? 0 : first) + 4 * cells);
+    APass.Look = &FExtras->LookOf(ALine, from, to);
+    if (APass.Look->Back && !APass.LineColoured)
+        FFrame.ColourRow(APass.Row, RealGuttorWidth(), APass.Rgb(*APass.Look->Back));
+    for (const TZtLineLook::TGuide &guide : APass.Look->Guides) {
+        const int left = APass.Left + guide.Cell * FCharWidth;
+        if (left >= RealGuttorWidth() && left < APass.Right)
+            FFrame.AddGuide(APass.Row, {left, APass.Rgb(guide.Colour)});
+    }
+    if (APass.HasColumns)
+        FFrame.SetCells(APass.Row, FExtras->Guttor().GetCells(ALine, APass.Sight));
+}
+
+// Where the attributes of a line's text change next behind a column.
+int TZtCodeEdit::StopOf(const TPaintPass &APass, int ALine, int AColumn, int AEnd) const
+{
+    int stop = APass.Look->StopBehind(AColumn, AEnd);
+    if (APass.Run < APass.Runs.size()) {
+        const TZtColourRun &run = APass.Runs[APass.Run];
+        stop = std::min(stop, run.Start <= AColumn ? run.Start + run.Length : run.Start);
+    }
+    for (const QPoint &border : {APass.Begin, APass.End})
+        if (border.y() == ALine && border.x() > AColumn)
+            stop = std::min(stop, border.x());
+    return stop;
 }
 
 // Draws neighbours in a line as far as they are in sight, cut where their attributes change.
@@ -86,47 +123,81 @@ void TZtCodeEdit::AddColumns(TPaintPass &APass, int ALine, const TZtCellSpan &AS
         while (APass.Run < APass.Runs.size() &&
                APass.Runs[APass.Run].Start + APass.Runs[APass.Run].Length <= column)
             ++APass.Run;
-        const bool known = APass.Run < APass.Runs.size();
-        const TZtColourRun &next = known ? APass.Runs[APass.Run] : Plain;
-        const bool inside = known && next.Start <= column;
-        const TZtColourRun &run = inside ? next : Plain;
-        int stop = inside ? next.Start + next.Length : known ? next.Start : end;
-        const QPoint place(column, ALine);
-        const bool selected = !ZtIsBefore(place, APass.Begin) && ZtIsBefore(place, APass.End);
-        for (const QPoint &border : {APass.Begin, APass.End})
-            if (border.y() == ALine && border.x() > column)
-                stop = std::min(stop, border.x());
-        stop = ASpan.IsCluster
-                   ? end
-                   : std::min({stop, end, column + (APass.Right - left(column)) / FCharWidth + 1});
-        APass.Style = run.Style;
-        TColor fore = selected ? clHighlightText : run.Fore;
-        TColor back = selected ? clHighlight : run.Back;
-        if (!selected)
-            DarkenColor(back, FReadOnly, ReadOnlyDarker);
-        if (APass.LineColoured) {
-            fore = APass.LineFore;
-            back = APass.LineBack;
-        }
-        APass.Token.resize(0);
-        FLines->AppendTo(ALine, column, stop - column, APass.Token);
-        if (ASpan.IsCluster && APass.Token == QLatin1StringView("\t"))
-            APass.Token.fill(u' ', ASpan.Width);
-        const bool cluster = ASpan.IsCluster && APass.Token.front() != u' ';
-        if (cluster)
-            FFrame.AddCluster(APass.Row, left(column), ASpan.Width * FCharWidth, APass.Token,
-                              APass.Rgb(fore), APass.Rgb(back), APass.Style);
-        else
-            FFrame.AddText(APass.Row, left(column), APass.Token, APass.Rgb(fore), APass.Rgb(back),
-                           APass.Style);
+        const int stop = ASpan.IsCluster
+                             ? end
+                             : std::min(StopOf(APass, ALine, column, end),
+                                        column + (APass.Right - left(column)) / FCharWidth + 1);
+        APass.X = left(column);
+        AddStretch(APass, ALine, ASpan, column, stop);
         column = stop;
     }
+}
+
+// Draws what stands between two columns and has one look.
+void TZtCodeEdit::AddStretch(TPaintPass &APass, int ALine, const TZtCellSpan &ASpan, int AColumn,
+                             int AStop)
+{
+    const bool known = APass.Run < APass.Runs.size() && APass.Runs[APass.Run].Start <= AColumn;
+    const TZtColourRun &run = known ? APass.Runs[APass.Run] : Plain;
+    const QPoint place(AColumn, ALine);
+    const bool selected = !ZtIsBefore(place, APass.Begin) && ZtIsBefore(place, APass.End);
+    const TZtDecorationStyle style =
+        APass.Look->Spans.empty() ? TZtDecorationStyle() : APass.Look->StyleAt(AColumn);
+    TColor fore = style.TextColor.value_or(run.Fore);
+    TColor back = Shaded(run.Back, FReadOnly);
+    if (APass.Look->Back && APass.Rgb(run.Back) == APass.Rgb(clWindow))
+        back = *APass.Look->Back;
+    back = style.Background.value_or(back);
+    if (selected) {
+        fore = clHighlightText;
+        back = clHighlight;
+    }
+    if (APass.LineColoured) {
+        fore = APass.LineFore;
+        back = APass.LineBack;
+    }
+    const TZtPieceMarks marks = MarksOf(APass, style, fore, AColumn, AStop);
+    APass.Token.resize(0);
+    FLines->AppendTo(ALine, AColumn, AStop - AColumn, APass.Token);
+    const bool tab = ASpan.IsCluster && APass.Token == QLatin1StringView("\t");
+    if (tab && !marks.Blanks)
+        APass.Token.fill(u' ', ASpan.Width);
+    const bool cluster = ASpan.IsCluster && APass.Token.front() != u' ';
+    if (cluster)
+        FFrame.AddCluster(APass.Row, APass.X, ASpan.Width * FCharWidth, APass.Token,
+                          APass.Rgb(fore), APass.Rgb(back), run.Style, marks);
+    else
+        FFrame.AddText(APass.Row, APass.X, APass.Token, APass.Rgb(fore), APass.Rgb(back), run.Style,
+                       marks);
+}
+
+// What is drawn over a stretch, in colours of the picture.
+TZtPieceMarks TZtCodeEdit::MarksOf(const TPaintPass &APass, const TZtDecorationStyle &AStyle,
+                                   TColor AFore, int AColumn, int AStop)
+{
+    TZtPieceMarks marks;
+    marks.Line = AStyle.Underline.value_or(TZtUnderline::ulNone);
+    if (marks.Line != TZtUnderline::ulNone)
+        marks.LineColour = APass.Rgb(AStyle.UnderlineColor.value_or(AFore));
+    marks.IsBoxed = AStyle.Box.has_value();
+    if (marks.IsBoxed) {
+        marks.BoxColour = APass.Rgb(*AStyle.Box);
+        marks.BoxBegins = APass.Look->IsBoxEdge(AColumn);
+        marks.BoxEnds = APass.Look->IsBoxEdge(AStop);
+    }
+    marks.IsStruck = AStyle.StrikeOut.has_value();
+    if (marks.IsStruck)
+        marks.StrikeColour = APass.Rgb(*AStyle.StrikeOut);
+    marks.Blanks = APass.Look->BlanksFrom <= AColumn && AColumn < APass.Look->BlanksTo;
+    return marks;
 }
 
 // Goes on with what the colours need in idle time, as long as there is anything to do.
 void TZtCodeEdit::LexAhead()
 {
-    const bool more = IsCorrected(zcStates) && FHighlighter->GetKnownLines() < FLines->GetCount();
+    const bool more =
+        (IsCorrected(zcStates) && FHighlighter->GetKnownLines() < FLines->GetCount()) ||
+        FExtras->HasWork();
     if (!more)
         FIdle.stop();
     else if (!FIdle.isActive())
@@ -151,7 +222,8 @@ void TZtCodeEdit::timerEvent(QTimerEvent *AEvent)
     Guarded([this] {
         const THold hold(*this);
         const auto highlighter = FHighlighter;
-        if (highlighter->Advance(LexSlice))
+        const bool lexes = highlighter->Advance(LexSlice);
+        if (lexes || FExtras->Advance(LexSlice))
             FIdle.start(0, this);
         else
             FIdle.stop();

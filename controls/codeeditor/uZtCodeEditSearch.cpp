@@ -133,6 +133,7 @@ void TZtCodeEdit::WMSearchReplace(TZtMessage &Message)
         ZtPostMessage(this, MsgSearchDialog); // there is nothing to repeat yet
     if (!once)
         return;
+    MarkMatches(FSearchOptions.SearchString, FSearchOptions.Options | TZtSearchFlag::sfDown);
     if (IsCorrected(TZtCorrection::zcReplaceAll) || Message.WParam != 0)
         return Operate([&] { SearchStep(TZtSearchAgain(qMin<quint64>(Message.WParam, 2))); });
     auto ended = qScopeGuard([this] { EndReplaceAll(); }); // also by what the step raises

@@ -206,6 +206,7 @@ bool TZtCodeEdit::Dispatch(TZtMessage &Message)
         THandler{quint32(TZtMsg::wmUser) + 2, &TZtCodeEdit::WMSearchReplaceDlg},
         THandler{quint32(TZtMsg::wmUser) + 3, &TZtCodeEdit::WMSearchReplace},
         THandler{quint32(TZtMsg::wmUser) + 4, &TZtCodeEdit::WMRedo},
+        THandler{quint32(TZtMsg::wmUser) + 5, &TZtCodeEdit::WMExtra},
     };
     for (const THandler &handler : handlers) {
         if (handler.Msg == Message.Msg) {

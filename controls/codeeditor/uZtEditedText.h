@@ -1,6 +1,7 @@
 #pragma once
 
 #include "uZtStringList.h"
+#include "uZtTextMarks.h"
 #include "uZtUndoHistory.h"
 
 #include <memory>
@@ -16,6 +17,7 @@ public:
     {
         FLines->OnChanging = nullptr;
         FLines->OnChange = nullptr;
+        Marks.reset();
         delete FLines; // which waits while a handler of it runs
     }
     TZtEditedText(const TZtEditedText &) = delete;
@@ -24,6 +26,7 @@ public:
     TStringList *GetLines() const { return FLines; }
     std::vector<TZtCodeEdit *> Editors;
     std::weak_ptr<TZtUndoHistory> History; ///< the one that the editors with `zcUndo` share
+    std::unique_ptr<TZtTextMarks> Marks;   ///< from the first one on who asked for them
 
 private:
     TStringList *FLines;

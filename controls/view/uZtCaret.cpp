@@ -87,6 +87,8 @@ void TZtCaret::Draw(QPainter &APainter) const
 {
     if (!FShown || !FBlinkOn)
         return;
+    if (FColour.isValid())
+        return APainter.fillRect(FRect, FColour);
     // The inverse of what lies under it, so that it is seen on every background.
     APainter.setCompositionMode(QPainter::CompositionMode_Difference);
     APainter.fillRect(FRect, Qt::white);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QBasicTimer>
+#include <QColor>
 #include <QObject>
 #include <QRect>
 
@@ -26,6 +27,8 @@ public:
     bool GetNormal() const { return FNormal; }
     /// Makes a hidden caret of the shape's standard size anew.
     void UpdateCaret();
+    /// How it is drawn; an invalid colour, the default, is the inverse of what lies below.
+    void SetColour(const QColor &Value) { FColour = Value; }
     /// Shows the caret 2 pixels right of (X, Y), if the control has the focus.
     void Show(int X, int Y, int Width, int Height);
     void Hide();
@@ -51,6 +54,7 @@ private:
 
     TCustomControl *FParent = nullptr;
     bool FNormal = true;
+    QColor FColour;
     bool FVisible = false;
     QRect FRect;
     bool FShown = false;

@@ -7,22 +7,33 @@
 #include <algorithm>
 #include <cmath>
 
-void TZtFrame::Begin(const TZtFrameLook &ALook)
+qreal ZtRowPitch(int ALineHeight, qreal ARatio)
+{
+    return ARatio == std::floor(ARatio) ? ALineHeight
+                                        : std::ceil(ALineHeight * ARatio - 1e-6) / ARatio;
+}
+
+void TZtFrame::Begin(const TZtFrameLook &ALook, const TZtGuttor *AGuttor)
 {
     FLook = ALook;
+    FGuttor = AGuttor;
     FText.SetExact(FLook.Exact);
     FRowCount = 0;
-    FButtons.clear();
 }
 
 TZtPaintRow &TZtFrame::Row(int ARow)
 {
     while (FRowCount <= ARow) {
-        if (size_t(FRowCount) == FRows.size())
+        if (size_t(FRowCount) == FRows.size()) {
             FRows.emplace_back();
+            FGuttorRows.emplace_back();
+        }
+        FGuttorRows[size_t(FRowCount)].Cells.clear();
+        FGuttorRows[size_t(FRowCount)].HasButton = false;
         TZtPaintRow &row = FRows[size_t(FRowCount++)];
         row.Text.resize(0);
         row.Pieces.clear();
+        row.Guides.clear();
         row.Coloured = false;
         row.ColouredLeft = 0;
         row.ColouredBack = 0;
@@ -38,11 +49,24 @@ void TZtFrame::ColourRow(int ARow, int ALeft, QRgb ABack)
     row.ColouredBack = ABack;
 }
 
+void TZtFrame::AddButton(int ARow, bool AExpanded)
+{
+    Row(ARow);
+    FGuttorRows[size_t(ARow)].HasButton = true;
+    FGuttorRows[size_t(ARow)].IsExpanded = AExpanded;
+}
+
+void TZtFrame::SetCells(int ARow, std::vector<quint64> ACells)
+{
+    Row(ARow);
+    FGuttorRows[size_t(ARow)].Cells = std::move(ACells);
+}
+
 int TZtFrame::AddText(int ARow, int ALeft, QStringView S, QRgb AFore, QRgb ABack,
-                      TFontStyles AStyle)
+                      TFontStyles AStyle, const TZtPieceMarks &AMarks)
 {
     if (!FLook.Exact)
-        return AddRun(ARow, ALeft, S, AFore, ABack, AStyle);
+        return AddRun(ARow, ALeft, S, AFore, ABack, AStyle, AMarks);
     // What can be seen of it takes no more units than this, also where all are pairs.
     const int cell = std::max(FText.CharWidth(), 1);
     const qsizetype cells = std::max(FLook.Size.width() - ALeft, 0) / cell + 1;
@@ -50,11 +74,11 @@ int TZtFrame::AddText(int ARow, int ALeft, QStringView S, QRgb AFore, QRgb ABack
     int x = ALeft;
     while (!S.isEmpty() && x < FLook.Size.width()) {
         const qsizetype count = FText.CountDrawable(S);
-        x += AddRun(ARow, x, S.first(count), AFore, ABack, AStyle);
+        x += AddRun(ARow, x, S.first(count), AFore, ABack, AStyle, AMarks);
         S = S.sliced(count);
         if (S.isEmpty())
             break;
-        AddCluster(ARow, x, cell, S.first(1), AFore, ABack, AStyle);
+        AddCluster(ARow, x, cell, S.first(1), AFore, ABack, AStyle, AMarks);
         x += cell;
         S = S.sliced(1);
     }
@@ -62,16 +86,18 @@ int TZtFrame::AddText(int ARow, int ALeft, QStringView S, QRgb AFore, QRgb ABack
 }
 
 void TZtFrame::AddCluster(int ARow, int ALeft, int AWidth, QStringView S, QRgb AFore, QRgb ABack,
-                          TFontStyles AStyle)
+                          TFontStyles AStyle, const TZtPieceMarks &AMarks)
 {
     if (AWidth <= 0 || ALeft + AWidth <= FLook.GuttorWidth || ALeft >= FLook.Size.width())
         return;
     TZtPaintRow &row = Row(ARow);
-    row.Pieces.push_back({ALeft, AWidth, row.Text.size(), S.size(), AFore, ABack, AStyle, true});
+    row.Pieces.push_back(
+        {ALeft, AWidth, row.Text.size(), S.size(), AFore, ABack, AStyle, true, AMarks});
     row.Text.append(S);
 }
 
-int TZtFrame::AddRun(int ARow, int ALeft, QStringView S, QRgb AFore, QRgb ABack, TFontStyles AStyle)
+int TZtFrame::AddRun(int ARow, int ALeft, QStringView S, QRgb AFore, QRgb ABack, TFontStyles AStyle,
+                     const TZtPieceMarks &AMarks)
 {
     int width = 0;
     const qsizetype count = FText.Fit(S, AStyle, FLook.Size.width() - ALeft, width);
@@ -83,38 +109,33 @@ int TZtFrame::AddRun(int ARow, int ALeft, QStringView S, QRgb AFore, QRgb ABack,
     if (!row.Pieces.empty()) {
         TZtPaintPiece &last = row.Pieces.back();
         if (!last.IsCluster && last.Left + last.Width == ALeft && last.Fore == AFore &&
-            last.Back == ABack && last.Style == AStyle) {
+            last.Back == ABack && last.Style == AStyle && last.Marks == AMarks) {
             last.Width += width;
             last.Length += count;
             return width;
         }
     }
-    row.Pieces.push_back({ALeft, width, start, count, AFore, ABack, AStyle});
+    row.Pieces.push_back({ALeft, width, start, count, AFore, ABack, AStyle, false, AMarks});
     return width;
 }
 
-void TZtFrame::AddButton(const QRect &ARect, bool AExpanded)
+qreal TZtFrame::Pitch() const
 {
-    FButtons.push_back({ARect, AExpanded});
+    const int height = std::max(FText.LineHeight(), 1);
+    return FLook.Exact ? ZtRowPitch(height, FLook.PixelRatio) : height;
 }
 
 void TZtFrame::Finish()
 {
-    const int pitch = std::max(FText.LineHeight(), 1);
-    const int count = (FLook.Size.height() + pitch - 1) / pitch;
+    const int count = int(std::ceil(FLook.Size.height() / Pitch()));
     const bool prepared = PrepareImages(count);
     FComplete = false; // nothing is known when the drawing fails
     if (!prepared)
         return;
     Row(count - 1); // rows after the text are empty ones
-    PlaceDrawnRows();
-    PlaceNewRows();
-    if (!FGuttor.isNull() && (!FGuttorKnown || FButtons != FDrawnButtons)) {
-        QPainter painter(&FGuttor);
-        DrawGuttor(painter);
-        FDrawnButtons = FButtons;
-        FGuttorKnown = true;
-    }
+    FImage.Show(FRows, [this](QPainter &p, const TZtPaintRow &row) { DrawRow(p, row); });
+    FGuttorImage.Show(FGuttorRows,
+                      [this](QPainter &p, const TGuttorRow &row) { DrawGuttorRow(p, row); });
     FComplete = true;
 }
 
@@ -123,164 +144,74 @@ bool TZtFrame::PrepareImages(int ARowCount)
 {
     if (FComplete && FLook == FDrawnLook)
         return true;
-    const auto prepare = [this](QImage &AImage, const QSize &ASize) {
-        const QSize pixels = (QSizeF(ASize) * FLook.PixelRatio).toSize();
-        if (AImage.size() != pixels)
-            AImage = QImage(pixels, QImage::Format_RGB32);
-        AImage.setDevicePixelRatio(FLook.PixelRatio);
-    };
-    prepare(FImage, QSize(FLook.Size.width(), ARowCount * FText.LineHeight()));
-    if (FImage.isNull())
-        return false;
-    prepare(FGuttor, QSize(FLook.GuttorWidth, FLook.Size.height()));
     FDrawnLook = FLook;
-    FDrawnPitch = FText.LineHeight();
-    FGuttorKnown = false;
-    FStrips.resize(size_t(ARowCount));
-    FShown.resize(size_t(ARowCount));
-    for (int i = 0; i < ARowCount; ++i) {
-        FStrips[size_t(i)].Known = false;
-        FShown[size_t(i)] = i;
-    }
-    return true;
-}
-
-// Whether rows are whole device pixels, so that one looks the same in every strip.
-bool TZtFrame::RowsCanMove() const
-{
-    const qreal pixels = FText.LineHeight() * FLook.PixelRatio;
-    return pixels == std::floor(pixels);
-}
-
-// Gives the rows that are drawn already their strips. Rows that scrolled, or stand below an
-// inserted or removed line, follow each other strip by strip: the search mostly ends at its first
-// step.
-void TZtFrame::PlaceDrawnRows()
-{
-    const int count = int(FShown.size());
-    for (TStrip &strip : FStrips)
-        strip.Taken = false;
-    const int reach = RowsCanMove() ? count : 1;
-    int next = FShown[0];
-    for (int i = 0; i < count; ++i) {
-        const int found = FindStrip(next, reach, &FRows[size_t(i)]);
-        FShown[size_t(i)] = found;
-        if (found >= 0)
-            FStrips[size_t(found)].Taken = true;
-        next = ((found >= 0 ? found : next) + 1) % count;
-    }
-}
-
-// Draws the other rows into free strips, as far as there are any behind the row above.
-void TZtFrame::PlaceNewRows()
-{
-    const int count = int(FShown.size());
-    QPainter painter;
-    for (int i = 0; i < count; ++i) {
-        int &shown = FShown[size_t(i)];
-        if (shown >= 0)
-            continue;
-        shown = FindStrip(i > 0 ? (FShown[size_t(i - 1)] + 1) % count : 0, count, nullptr);
-        TStrip &strip = FStrips[size_t(shown)];
-        std::swap(strip.Row, FRows[size_t(i)]);
-        strip.Known = strip.Taken = true;
-        if (!painter.isActive())
-            painter.begin(&FImage);
-        DrawStrip(painter, shown);
-    }
-}
-
-// The first free one of `AReach` strips from `AFrom` on, around the image, that shows a row, or any
-// when `ARow` is null; -1 if there is none.
-int TZtFrame::FindStrip(int AFrom, int AReach, const TZtPaintRow *ARow) const
-{
-    const int count = int(FStrips.size());
-    for (int i = 0; i < AReach; ++i) {
-        const int at = AFrom + i < count ? AFrom + i : AFrom + i - count;
-        const TStrip &strip = FStrips[size_t(at)];
-        if (!strip.Taken && (!ARow || (strip.Known && strip.Row == *ARow)))
-            return at;
-    }
-    return -1;
+    const qreal ratio = FLook.PixelRatio;
+    return FImage.Prepare(FLook.Size.width(), ARowCount, Pitch(), ratio) &&
+           FGuttorImage.Prepare(FLook.GuttorWidth, ARowCount, Pitch(), ratio);
 }
 
 void TZtFrame::CopyTo(QPainter &APainter, const QRect &APart) const
 {
-    const auto copy = [&](const QImage &AImage, const QRect &ATarget, int AShift) {
-        const qreal ratio = AImage.devicePixelRatio();
-        APainter.drawImage(QRectF(ATarget), AImage,
-                           QRectF(QPointF(ATarget.topLeft() + QPoint(0, AShift)) * ratio,
-                                  QSizeF(ATarget.size()) * ratio));
-    };
     if (!FComplete)
         return;
     // What was drawn, which is older than the look when a paint was broken off.
-    const int pitch = FDrawnPitch;
-    const int guttorWidth = FDrawnLook.GuttorWidth;
     const QRect part = APart.intersected(QRect(QPoint(), FDrawnLook.Size));
-    const QRect text = part.adjusted(std::max(guttorWidth - part.left(), 0), 0, 0, 0);
-    int first = text.isEmpty() ? int(FShown.size()) : text.top() / pitch;
-    while (first < int(FShown.size()) && first * pitch <= text.bottom()) {
-        // Rows whose strips follow each other are copied as one.
-        int end = first + 1;
-        while (end < int(FShown.size()) && FShown[size_t(end)] == FShown[size_t(end - 1)] + 1)
-            ++end;
-        const QRect band(text.left(), first * pitch, text.width(), (end - first) * pitch);
-        copy(FImage, band.intersected(text), (FShown[size_t(first)] - first) * pitch);
-        first = end;
-    }
-    const QRect guttor = part.intersected(QRect(0, 0, guttorWidth, FDrawnLook.Size.height()));
-    if (!guttor.isEmpty())
-        copy(FGuttor, guttor, 0);
+    const int width = FDrawnLook.GuttorWidth;
+    const QRect text = part.adjusted(std::max(width - part.left(), 0), 0, 0, 0);
+    FImage.CopyTo(APainter, text);
+    FGuttorImage.CopyTo(APainter, part & QRect(0, 0, width, FDrawnLook.Size.height()));
 }
 
 std::vector<TZtPaintRow> TZtFrame::Rows() const
 {
-    std::vector<TZtPaintRow> rows;
-    if (!FComplete)
-        return rows;
-    for (const int strip : FShown)
-        rows.push_back(FStrips[size_t(strip)].Row);
-    return rows;
+    return FComplete ? FImage.Rows() : std::vector<TZtPaintRow>();
 }
 
-void TZtFrame::DrawStrip(QPainter &APainter, int AStrip)
+void TZtFrame::DrawRow(QPainter &APainter, const TZtPaintRow &ARow)
 {
-    const TZtPaintRow &row = FStrips[size_t(AStrip)].Row;
-    const int top = AStrip * FText.LineHeight();
-    const QRect area(FLook.GuttorWidth, top, FLook.Size.width() - FLook.GuttorWidth,
-                     FText.LineHeight());
-    APainter.setClipRect(area);
+    const QRectF area(FLook.GuttorWidth, 0, FLook.Size.width() - FLook.GuttorWidth, Pitch());
+    if (Pitch() == std::floor(Pitch()))
+        APainter.setClipRect(area.toRect());
+    else
+        APainter.setClipRect(area);
     APainter.fillRect(area, QColor(FLook.Back));
-    if (row.Coloured)
+    if (ARow.Coloured)
         APainter.fillRect(
-            QRect(row.ColouredLeft, top, FLook.Size.width() - row.ColouredLeft, FText.LineHeight()),
-            QColor(row.ColouredBack));
-    DrawRowText(APainter, row, top);
+            QRectF(ARow.ColouredLeft, 0, FLook.Size.width() - ARow.ColouredLeft, Pitch()),
+            QColor(ARow.ColouredBack));
+    DrawBackgrounds(APainter, ARow);
+    for (const TZtPaintGuide &guide : ARow.Guides)
+        APainter.fillRect(QRectF(guide.Left, 0, 1, Pitch()), QColor(guide.Colour));
+    DrawTexts(APainter, ARow);
+    DrawMarks(APainter, ARow);
     if (FLook.MarginX >= 0)
-        APainter.fillRect(FLook.MarginX, top, 1, FText.LineHeight(), QColor(FLook.Margin));
+        APainter.fillRect(QRectF(FLook.MarginX, 0, 1, Pitch()), QColor(FLook.Margin));
 }
 
-void TZtFrame::DrawRowText(QPainter &APainter, const TZtPaintRow &ARow, int ATop)
+// All of them first: a slanted letter may lean over the next piece.
+void TZtFrame::DrawBackgrounds(QPainter &APainter, const TZtPaintRow &ARow)
 {
-    // All backgrounds first: a slanted letter may lean over the next piece.
     for (const TZtPaintPiece &piece : ARow.Pieces)
-        if (ARow.Coloured || piece.Back != FLook.Back)
-            APainter.fillRect(piece.Left, ATop, piece.Width, FText.LineHeight(),
-                              QColor(piece.Back));
-    // Then the texts, those of one colour and style together wherever they stand in the row.
+        if (ARow.Coloured ? piece.Back != ARow.ColouredBack || piece.Left < ARow.ColouredLeft
+                          : piece.Back != FLook.Back)
+            APainter.fillRect(QRectF(piece.Left, 0, piece.Width, Pitch()), QColor(piece.Back));
+}
+
+// Those of one colour and style together wherever they stand in the row.
+void TZtFrame::DrawTexts(QPainter &APainter, const TZtPaintRow &ARow)
+{
     FTextDrawn.assign(ARow.Pieces.size(), false);
     for (size_t i = 0; i < ARow.Pieces.size(); ++i) {
         if (FTextDrawn[i])
             continue;
         const TZtPaintPiece &first = ARow.Pieces[i];
         if (first.IsCluster) {
-            FText.DrawCluster(APainter, {first.Left, ATop, first.Width, FText.LineHeight()},
+            FText.DrawCluster(APainter, {first.Left, 0, first.Width, FText.LineHeight()},
                               ARow.TextOf(first), QColor(first.Fore), QColor(first.Back),
                               first.Style);
             continue;
         }
-        FText.Begin(APainter, ATop, QColor(first.Fore), first.Style);
+        FText.Begin(APainter, 0, QColor(first.Fore), first.Style);
         for (size_t k = i; k < ARow.Pieces.size(); ++k) {
             const TZtPaintPiece &piece = ARow.Pieces[k];
             if (piece.IsCluster || piece.Fore != first.Fore || piece.Style != first.Style)
@@ -292,13 +223,61 @@ void TZtFrame::DrawRowText(QPainter &APainter, const TZtPaintRow &ARow, int ATop
     }
 }
 
-void TZtFrame::DrawGuttor(QPainter &APainter)
+void TZtFrame::DrawMarks(QPainter &APainter, const TZtPaintRow &ARow)
+{
+    for (const TZtPaintPiece &piece : ARow.Pieces) {
+        const TZtPieceMarks &marks = piece.Marks;
+        if (marks.Blanks)
+            DrawBlanks(APainter, ARow, piece);
+        ZtPaintUnderline(APainter, marks.Line, piece.Left, piece.Width, FText.Baseline() + 2,
+                         QColor(marks.LineColour));
+        if (marks.IsStruck)
+            APainter.fillRect(piece.Left, FText.LineHeight() / 2, piece.Width, 1,
+                              QColor(marks.StrikeColour));
+        if (!marks.IsBoxed)
+            continue;
+        const QColor colour(marks.BoxColour);
+        const int bottom = FText.LineHeight() - 1;
+        APainter.fillRect(piece.Left, 0, piece.Width, 1, colour);
+        APainter.fillRect(piece.Left, bottom, piece.Width, 1, colour);
+        if (marks.BoxBegins)
+            APainter.fillRect(piece.Left, 0, 1, bottom, colour);
+        if (marks.BoxEnds)
+            APainter.fillRect(piece.Left + piece.Width - 1, 0, 1, bottom, colour);
+    }
+}
+
+// A dot in the middle of each blank's cell. A tab is blanks here, of which the first is an arrow
+// over all of them.
+void TZtFrame::DrawBlanks(QPainter &APainter, const TZtPaintRow &ARow, const TZtPaintPiece &APiece)
+{
+    const QStringView text = ARow.TextOf(APiece);
+    const int cell = FText.CharWidth();
+    const int dot = std::max(FText.LineHeight() / 9, 1);
+    const int top = (FText.LineHeight() - dot) / 2;
+    if (APiece.IsCluster) {
+        if (text.startsWith(u'\t'))
+            ZtPaintTabArrow(APainter, {APiece.Left, 0, APiece.Width, FText.LineHeight()},
+                            QColor(FLook.Blank));
+        return;
+    }
+    int x = APiece.Left + (cell - dot) / 2;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i] == u' ')
+            APainter.fillRect(x, top, dot, dot, QColor(FLook.Blank));
+        if (!text[i].isLowSurrogate()) // the other half of a character of one cell
+            x += cell;
+    }
+}
+
+void TZtFrame::DrawGuttorRow(QPainter &APainter, const TGuttorRow &ARow)
 {
     const int width = FLook.GuttorWidth;
-    const int height = FLook.Size.height();
-    APainter.fillRect(0, 0, width, height, QColor(FLook.GuttorFace));
-    APainter.fillRect(width - 2, 0, 1, height, QColor(FLook.GuttorLight));
-    APainter.fillRect(width - 1, 0, 1, height, QColor(FLook.GuttorShadow));
-    for (const TButton &button : FButtons)
-        ZtPaintTreeButton(APainter, button.Rect, button.Expanded);
+    APainter.fillRect(QRectF(0, 0, width, Pitch()), QColor(FLook.GuttorFace));
+    APainter.fillRect(QRectF(width - 2, 0, 1, Pitch()), QColor(FLook.GuttorLight));
+    APainter.fillRect(QRectF(width - 1, 0, 1, Pitch()), QColor(FLook.GuttorShadow));
+    if (FGuttor && !ARow.Cells.empty())
+        FGuttor->Draw(APainter, FText, ARow.Cells, FLook.Guttor);
+    if (ARow.HasButton)
+        ZtPaintTreeButton(APainter, QRect(4, 0, 16, 15), ARow.IsExpanded);
 }

@@ -1,12 +1,28 @@
 #pragma once
 
+#include "uZtDecorations.h"
+#include "uZtGuttor.h"
+#include "uZtStripImage.h"
 #include "uZtTextPainter.h"
 
 #include <QColor>
-#include <QImage>
 #include <QRect>
 
 #include <vector>
+
+/// What is drawn over a stretch of text.
+struct TZtPieceMarks {
+    TZtUnderline Line = TZtUnderline::ulNone;
+    QRgb LineColour = 0;
+    bool IsBoxed = false; ///< lines above and below, and at the ends where the box has them here
+    bool BoxBegins = false;
+    bool BoxEnds = false;
+    QRgb BoxColour = 0;
+    bool IsStruck = false; ///< a line through the text
+    QRgb StrikeColour = 0;
+    bool Blanks = false; ///< blanks and tabs are seen
+    bool operator==(const TZtPieceMarks &) const = default;
+};
 
 /// A stretch of text in one set of attributes.
 struct TZtPaintPiece {
@@ -18,7 +34,15 @@ struct TZtPaintPiece {
     QRgb Back;
     TFontStyles Style;
     bool IsCluster = false; ///< drawn as one, in exactly its width
+    TZtPieceMarks Marks = {};
     bool operator==(const TZtPaintPiece &) const = default;
+};
+
+/// A line down a column, behind the text.
+struct TZtPaintGuide {
+    int Left; ///< pixels from the left of the client area
+    QRgb Colour;
+    bool operator==(const TZtPaintGuide &) const = default;
 };
 
 /// One screen line as it is drawn.
@@ -28,6 +52,7 @@ struct TZtPaintRow {
     bool Coloured = false; ///< the host gave the line a background of its own
     int ColouredLeft = 0;  ///< from where on that background is drawn, in pixels
     QRgb ColouredBack = 0;
+    std::vector<TZtPaintGuide> Guides;
     bool operator==(const TZtPaintRow &) const = default;
     QStringView TextOf(const TZtPaintPiece &APiece) const
     {
@@ -45,30 +70,41 @@ struct TZtFrameLook {
     QRgb Back;
     QRgb Margin;
     QRgb GuttorFace, GuttorLight, GuttorShadow;
-    bool Exact = false; ///< whether text stands on the exact grid of `TZtTextPainter`
+    bool Exact = false;        ///< whether text stands on the exact grid of `TZtTextPainter`
+    QRgb Blank = 0;            ///< the colour of blanks that are seen
+    TZtGuttorLook Guttor = {}; ///< of its columns
     bool operator==(const TZtFrameLook &) const = default;
 };
 
+/// The height of a line in pixels on the exact grid, where a line of text takes `ALineHeight` and a
+/// pixel `ARatio` device pixels: so much that all lines are of the same whole number of these.
+qreal ZtRowPitch(int ALineHeight, qreal ARatio);
+
 /// The editor's picture. A paint describes the rows from the top; a row that was drawn before as it
 /// is described now is not drawn again, wherever in the picture it stood (in its own place alone,
-/// where rows are not whole device pixels).
+/// where rows are not whole device pixels). Neither is its part of the gutter.
 class TZtFrame {
 public:
-    /// Starts a picture, without rows.
-    void Begin(const TZtFrameLook &ALook);
+    /// Starts a picture, without rows. The gutter's columns, if there are any, draw their cells.
+    void Begin(const TZtFrameLook &ALook, const TZtGuttor *AGuttor = nullptr);
     TZtTextPainter &TextPainter() { return FText; }
     /// Gives the row at the screen line `ARow` (0-based) the host's background, from `ALeft` on.
     void ColourRow(int ARow, int ALeft, QRgb ABack);
     /// Puts text at pixel `ALeft` of a row and returns the width that it takes. What lies right of
     /// the picture is neither kept nor measured. On the exact grid each character takes one cell,
     /// and control characters are seen.
-    int AddText(int ARow, int ALeft, QStringView S, QRgb AFore, QRgb ABack, TFontStyles AStyle);
+    int AddText(int ARow, int ALeft, QStringView S, QRgb AFore, QRgb ABack, TFontStyles AStyle,
+                const TZtPieceMarks &AMarks = {});
     /// Puts characters that are drawn as one at pixel `ALeft` of a row. They take `AWidth` pixels
     /// and draw nothing outside; the space behind each is the caller's to know.
     void AddCluster(int ARow, int ALeft, int AWidth, QStringView S, QRgb AFore, QRgb ABack,
-                    TFontStyles AStyle);
+                    TFontStyles AStyle, const TZtPieceMarks &AMarks = {});
+    /// Puts a line behind the text of a row.
+    void AddGuide(int ARow, const TZtPaintGuide &AGuide) { Row(ARow).Guides.push_back(AGuide); }
     /// A box in the gutter beside a row that can be folded.
-    void AddButton(const QRect &ARect, bool AExpanded);
+    void AddButton(int ARow, bool AExpanded);
+    /// Says what the columns of the gutter show beside a row.
+    void SetCells(int ARow, std::vector<quint64> ACells);
     /// Draws what differs from the picture before.
     void Finish();
 
@@ -81,42 +117,35 @@ public:
     std::vector<TZtPaintRow> Rows() const;
 
 private:
-    // A place in the image that holds a drawn row.
-    struct TStrip {
-        TZtPaintRow Row;
-        bool Known = false; // whether the image shows the row
-        bool Taken = false; // by a row of this picture
-    };
-    struct TButton {
-        QRect Rect;
-        bool Expanded;
-        bool operator==(const TButton &) const = default;
+    // What stands beside a row.
+    struct TGuttorRow {
+        std::vector<quint64> Cells;
+        bool HasButton = false;
+        bool IsExpanded = false;
+        bool operator==(const TGuttorRow &) const = default;
     };
 
     TZtPaintRow &Row(int ARow);
-    int AddRun(int ARow, int ALeft, QStringView S, QRgb AFore, QRgb ABack, TFontStyles AStyle);
+    int AddRun(int ARow, int ALeft, QStringView S, QRgb AFore, QRgb ABack, TFontStyles AStyle,
+               const TZtPieceMarks &AMarks);
+    qreal Pitch() const;
     bool PrepareImages(int ARowCount);
-    bool RowsCanMove() const;
-    void PlaceDrawnRows();
-    void PlaceNewRows();
-    int FindStrip(int AFrom, int AReach, const TZtPaintRow *ARow) const;
-    void DrawStrip(QPainter &APainter, int AStrip);
-    void DrawRowText(QPainter &APainter, const TZtPaintRow &ARow, int ATop);
-    void DrawGuttor(QPainter &APainter);
+    void DrawRow(QPainter &APainter, const TZtPaintRow &ARow);
+    void DrawBackgrounds(QPainter &APainter, const TZtPaintRow &ARow);
+    void DrawTexts(QPainter &APainter, const TZtPaintRow &ARow);
+    void DrawMarks(QPainter &APainter, const TZtPaintRow &ARow);
+    void DrawBlanks(QPainter &APainter, const TZtPaintRow &ARow, const TZtPaintPiece &APiece);
+    void DrawGuttorRow(QPainter &APainter, const TGuttorRow &ARow);
 
     TZtTextPainter FText;
     TZtFrameLook FLook{};
     TZtFrameLook FDrawnLook{};
-    int FDrawnPitch = 0;    // the height of a drawn row
+    const TZtGuttor *FGuttor = nullptr;
     bool FComplete = false; // the picture is the one that was described to the last `Finish`
     std::vector<TZtPaintRow> FRows; // the first FRowCount are in use; the rest keep their memory
     int FRowCount = 0;
-    QImage FImage; // the strips, one below the other
-    std::vector<TStrip> FStrips;
-    std::vector<int> FShown;      // the strip of each row
+    std::vector<TGuttorRow> FGuttorRows; // as many
+    TZtStripImage<TZtPaintRow> FImage;
+    TZtStripImage<TGuttorRow> FGuttorImage;
     std::vector<bool> FTextDrawn; // of the row being drawn, by piece
-    QImage FGuttor;
-    bool FGuttorKnown = false;
-    std::vector<TButton> FButtons;
-    std::vector<TButton> FDrawnButtons;
 };

@@ -33,6 +33,8 @@ public:
     int CharWidth() const { return FCharWidth; }
     /// The height of a line, in pixels.
     int LineHeight() const { return FLineHeight; }
+    /// Where letters stand, in pixels from the top of a line.
+    int Baseline() const { return FAscent; }
 
     /// How many characters of `S` start left of `AMaxWidth` pixels; `AWidth` receives what they
     /// take.

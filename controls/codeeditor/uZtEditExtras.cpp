@@ -1,0 +1,249 @@
+#include "uZtEditExtras.h"
+
+#include "uZtCodeEdit.h"
+#include "uZtStructureParts.h"
+#include "uZtTextMarks.h"
+#include "uZtViewParts.h"
+
+#include <algorithm>
+#include <array>
+
+using enum TZtExtra;
+using enum TZtViewColor;
+
+namespace {
+
+template <typename TPart> std::unique_ptr<TZtViewPart> Make(TZtCodeEdit &AEdit)
+{
+    return std::make_unique<TPart>(AEdit);
+}
+
+struct TPartKind {
+    TZtExtras For; // shown for any of these; for all, always
+    std::unique_ptr<TZtViewPart> (*Make)(TZtCodeEdit &AEdit);
+};
+
+// The lowest first.
+constexpr std::array PartKinds = {
+    TPartKind{zeCurrentLine, Make<TZtCurrentLinePart>},
+    TPartKind{zeGuides, Make<TZtGuidesPart>},
+    TPartKind{zeBlanks | zeSelectedBlanks, Make<TZtBlanksPart>},
+    TPartKind{zeWordMarks, Make<TZtWordPart>},
+    TPartKind{zeMatchMarks, Make<TZtMatchesPart>},
+    TPartKind{{}, Make<TZtDecorationsPart>},
+    TPartKind{zeBrackets, Make<TZtBracketsPart>},
+};
+
+struct TRulerKind {
+    quint32 Bit;
+    TZtViewColor Colour;
+    TZtOverviewRuler::TLane Lane;
+};
+
+// Later ones lie over earlier ones.
+constexpr std::array RulerKinds = {
+    TRulerKind{TZtOverviewBit::Saved, vcSaved, TZtOverviewRuler::TLane::laLeft},
+    TRulerKind{TZtOverviewBit::Changed, vcChanged, TZtOverviewRuler::TLane::laLeft},
+    TRulerKind{TZtOverviewBit::Word, vcWord, TZtOverviewRuler::TLane::laMiddle},
+    TRulerKind{TZtOverviewBit::Match, vcMatch, TZtOverviewRuler::TLane::laMiddle},
+    TRulerKind{ZtMarkBit(TZtLineMark::lmBookmark), vcBookmark, TZtOverviewRuler::TLane::laMiddle},
+    TRulerKind{ZtMarkBit(TZtLineMark::lmBreakpoint), vcBreakpoint,
+               TZtOverviewRuler::TLane::laMiddle},
+    TRulerKind{ZtMarkBit(TZtLineMark::lmStatement), vcStatement, TZtOverviewRuler::TLane::laMiddle},
+    TRulerKind{ZtMarkBit(TZtLineMark::lmInformation) | TZtOverviewBit::Information, vcInformation,
+               TZtOverviewRuler::TLane::laRight},
+    TRulerKind{ZtMarkBit(TZtLineMark::lmWarning) | TZtOverviewBit::Warning, vcWarning,
+               TZtOverviewRuler::TLane::laRight},
+    TRulerKind{ZtMarkBit(TZtLineMark::lmError) | TZtOverviewBit::Error, vcError,
+               TZtOverviewRuler::TLane::laRight},
+};
+
+template <typename TColumn> TColumn *Add(TZtGuttor &AGuttor, std::unique_ptr<TColumn> AColumn)
+{
+    TColumn *column = AColumn.get();
+    column->SetVisible(false);
+    AGuttor.Insert(AGuttor.GetCount(), std::move(AColumn));
+    return column;
+}
+
+} // namespace
+
+TZtEditExtras::TZtEditExtras(TZtCodeEdit &AEdit) : FEdit(AEdit), FParts(PartKinds.size())
+{
+    const auto marks = [&AEdit] { return &AEdit.GetTextMarks().Marks; };
+    const auto changes = [&AEdit] { return &AEdit.GetTextMarks().Changes; };
+    FMarks = Add(FGuttor, std::make_unique<TZtMarkColumn>(marks));
+    FNumbers = Add(FGuttor, std::make_unique<TZtNumberColumn>());
+    FChanges = Add(FGuttor, std::make_unique<TZtChangeColumn>(changes));
+    FMarks->OnToolTip = [&AEdit](int line) {
+        QStringList texts;
+        TZtTextMarks &text = AEdit.GetTextMarks();
+        for (const TZtPlacedDecoration &placed :
+             text.Diagnostics.GetDecorations().GetAllInLines(line, line))
+            texts += *placed.ToolTip;
+        return texts.join(u'\n');
+    };
+    FGuttor.OnChange = [&AEdit] { AEdit.ExtrasChanged(); };
+}
+
+TZtEditExtras::~TZtEditExtras() = default;
+
+void TZtEditExtras::Show(TZtExtras AWhich)
+{
+    for (size_t i = 0; i < PartKinds.size(); ++i) {
+        const bool shown = !PartKinds[i].For || (PartKinds[i].For & AWhich);
+        if (!shown)
+            FParts[i].reset();
+        else if (!FParts[i])
+            FParts[i] = PartKinds[i].Make(FEdit);
+    }
+    FMarks->SetVisible(AWhich.testFlag(zeMarks));
+    FNumbers->SetVisible(AWhich.testFlag(zeLineNumbers));
+    FChanges->SetVisible(AWhich.testFlag(zeChangeBars));
+    ShowRuler(AWhich.testFlag(zeRuler));
+    FFollowsCaret = bool(AWhich & (zeLineNumbers | zeWordMarks | zeBrackets | zeGuides |
+                                   zeCurrentLine | zeSelectedBlanks));
+    TextAttached();
+}
+
+void TZtEditExtras::ShowRuler(bool AShow)
+{
+    if (!AShow) {
+        FRuler.reset();
+        return;
+    }
+    if (FRuler)
+        return;
+    FRuler = std::make_unique<TZtOverviewRuler>(&FEdit);
+    FRuler->OnSurvey = [this](std::vector<quint32> &rows) { Survey(rows); };
+    FRuler->OnGoTo = [this](double place) { GoTo(place); };
+    FRuler->show();
+    TakeColours();
+}
+
+void TZtEditExtras::GoTo(double APlace) const
+{
+    FEdit.GoToLine(int(APlace * qMax(FEdit.GetLines()->GetCount(), 1)));
+}
+
+void TZtEditExtras::Survey(std::vector<quint32> &ARows) const
+{
+    for (const auto &part : FParts)
+        if (part)
+            part->Survey(ARows);
+    const TZtTextMarks &marks = FEdit.GetTextMarks();
+    if (FMarks->GetVisible())
+        marks.Marks.Survey(ARows);
+    if (!FChanges->GetVisible())
+        return;
+    std::vector<quint32> rows(ARows.size());
+    marks.Changes.Survey(rows);
+    for (size_t i = 0; i < rows.size(); ++i) {
+        if (rows[i] & (1u << quint32(TZtLineState::csChanged)))
+            ARows[i] |= TZtOverviewBit::Changed;
+        if (rows[i] & (1u << quint32(TZtLineState::csSaved)))
+            ARows[i] |= TZtOverviewBit::Saved;
+    }
+}
+
+void TZtEditExtras::TakeColours()
+{
+    if (!FRuler)
+        return;
+    const auto rgb = [this](TZtViewColor colour) { return FEdit.GetViewRgb(colour); };
+    std::vector<TZtOverviewRuler::TKind> kinds;
+    for (const TRulerKind &kind : RulerKinds)
+        kinds.push_back({kind.Bit, rgb(kind.Colour), kind.Lane});
+    FRuler->SetLook(rgb(vcRuler), rgb(vcText), kinds);
+}
+
+TZtGuttorLook TZtEditExtras::GetGuttorLook() const
+{
+    const auto rgb = [this](TZtViewColor colour) { return FEdit.GetViewRgb(colour); };
+    return {rgb(vcGuttor), rgb(vcGuttorText), rgb(vcCurrentNumber), rgb(vcChanged),
+            rgb(vcSaved),  rgb(vcBookmark),   rgb(vcBreakpoint),    rgb(vcStatement),
+            rgb(vcError),  rgb(vcWarning),    rgb(vcInformation),   FMarks->GetRevision()};
+}
+
+void TZtEditExtras::BeginRows(int AFirst, int ALast)
+{
+    for (const auto &part : FParts)
+        if (part)
+            part->BeginRows(AFirst, ALast);
+}
+
+const TZtLineLook &TZtEditExtras::LookOf(int ALine, int AFrom, int ATo)
+{
+    FLook.Clear();
+    for (const auto &part : FParts)
+        if (part)
+            part->AddToLine(ALine, AFrom, ATo, FLook);
+    return FLook;
+}
+
+TZtViewPart *TZtEditExtras::FindPart(TZtExtra AFor) const
+{
+    for (size_t i = 0; i < PartKinds.size(); ++i)
+        if (PartKinds[i].For.testFlag(AFor))
+            return FParts[i].get();
+    return nullptr;
+}
+
+void TZtEditExtras::TextAttached()
+{
+    FPairs.reset();
+    if (FEdit.HasExtra(zeTypedPairs))
+        FPairs = std::make_unique<TZtTypedPairs>(FEdit.GetLines());
+    for (const auto &part : FParts)
+        if (part)
+            part->TextAttached();
+    UpdateRuler();
+}
+
+void TZtEditExtras::TextChanged()
+{
+    for (const auto &part : FParts)
+        if (part)
+            part->TextChanged();
+    UpdateRuler();
+}
+
+void TZtEditExtras::UpdateRuler()
+{
+    if (!FRuler)
+        return;
+    FRuler->Invalidate();
+    CaretMoved();
+}
+
+void TZtEditExtras::CaretMoved()
+{
+    if (FPairs)
+        FPairs->CaretMoved({FEdit.GetCharPos(), FEdit.GetLinePos()});
+    if (FRuler)
+        FRuler->SetCaret(double(FEdit.GetLinePos()) / qMax(FEdit.GetLines()->GetCount(), 1));
+}
+
+bool TZtEditExtras::HasWork() const
+{
+    return std::any_of(FParts.begin(), FParts.end(),
+                       [](const auto &part) { return part && part->HasWork(); });
+}
+
+bool TZtEditExtras::Advance(int AMilliseconds)
+{
+    bool more = false;
+    for (const auto &part : FParts)
+        if (part)
+            more |= part->Advance(AMilliseconds);
+    return more;
+}
+
+QString TZtEditExtras::GetToolTip(const QPoint &APlace) const
+{
+    QStringList texts;
+    for (const auto &part : FParts)
+        if (const QString text = part ? part->GetToolTip(APlace) : QString(); !text.isEmpty())
+            texts += text;
+    return texts.join(u'\n');
+}

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "uZtExtras.h"
+#include "uZtGuttor.h"
+#include "uZtOverviewRuler.h"
+#include "uZtTypedPairs.h"
+#include "uZtViewPart.h"
+
+#include <memory>
+#include <vector>
+
+/// What an editor shows beside its text: the parts of the view that `TZtExtras` asks for, the
+/// gutter's columns and the overview ruler. The editor owns it from the first of them on.
+class TZtEditExtras final {
+public:
+    explicit TZtEditExtras(TZtCodeEdit &AEdit);
+    ~TZtEditExtras();
+    TZtEditExtras(const TZtEditExtras &) = delete;
+    TZtEditExtras &operator=(const TZtEditExtras &) = delete;
+
+    /// Makes what is asked for and takes away what is not.
+    void Show(TZtExtras AWhich);
+    TZtGuttor &Guttor() { return FGuttor; }
+    /// The column of marks, also while it is not shown.
+    TZtMarkColumn &MarkColumn() { return *FMarks; }
+    /// Null while there is none.
+    TZtOverviewRuler *Ruler() const { return FRuler.get(); }
+    /// Null while there are none.
+    TZtTypedPairs *Pairs() const { return FPairs.get(); }
+    /// The part that is shown for an extra; null if it is not.
+    template <typename TPart> TPart *Find(TZtExtra AFor) const
+    {
+        return static_cast<TPart *>(FindPart(AFor));
+    }
+
+    void BeginRows(int AFirst, int ALast);
+    /// What is drawn of a line, of which the units from `AFrom` to `ATo` are in sight. Valid until
+    /// the next call.
+    const TZtLineLook &LookOf(int ALine, int AFrom, int ATo);
+    void TextAttached();
+    void TextChanged();
+    /// Whether what is shown depends on where the caret is.
+    bool FollowsCaret() const { return FFollowsCaret; }
+    void CaretMoved();
+    /// What is marked is other.
+    void UpdateRuler();
+    bool HasWork() const;
+    bool Advance(int AMilliseconds);
+    QString GetToolTip(const QPoint &APlace) const;
+    /// Takes over the colours of the editor.
+    void TakeColours();
+    TZtGuttorLook GetGuttorLook() const;
+
+private:
+    TZtViewPart *FindPart(TZtExtra AFor) const;
+    void ShowRuler(bool AShow);
+    void GoTo(double APlace) const;
+    void Survey(std::vector<quint32> &ARows) const;
+
+    TZtCodeEdit &FEdit;
+    TZtGuttor FGuttor;
+    TZtMarkColumn *FMarks; // these three are the gutter's
+    TZtNumberColumn *FNumbers;
+    TZtChangeColumn *FChanges;
+    std::unique_ptr<TZtOverviewRuler> FRuler;
+    std::unique_ptr<TZtTypedPairs> FPairs;
+    std::vector<std::unique_ptr<TZtViewPart>> FParts; // the lowest first; null: not shown
+    TZtLineLook FLook;
+    bool FFollowsCaret = false;
+};

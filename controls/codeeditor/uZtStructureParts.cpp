@@ -1,0 +1,157 @@
+#include "uZtStructureParts.h"
+
+#include "uZtCodeEdit.h"
+#include "uZtWordScan.h"
+
+#include <algorithm>
+
+using enum TZtViewColor;
+
+// --- guides --------------------------------------------------------------------------------------
+
+int TZtGuidesPart::Step() const
+{
+    const int size = Edit().GetTabIndentSize();
+    return size > 0 ? size : Edit().GetTabWidth();
+}
+
+void TZtGuidesPart::BeginRows(int AFirst, int ALast)
+{
+    const TStringList &lines = *Edit().GetLines();
+    FFirst = AFirst;
+    FCells = ZtGuideCells(lines, AFirst, ALast, Edit().GetCellRules());
+    const int caret = Edit().GetLinePos();
+    FCurrent = caret < lines.GetCount()
+                   ? ZtCurrentGuide(lines, caret, Step(), Edit().GetCellRules())
+                   : TZtGuide();
+}
+
+void TZtGuidesPart::AddToLine(int ALine, int, int, TZtLineLook &ALook)
+{
+    const size_t at = size_t(ALine - FFirst);
+    if (at >= FCells.size())
+        return;
+    for (int i = 0; i < ZtGuideCount(FCells[at], Step()); ++i) {
+        const int cell = i * Step();
+        const bool current =
+            cell == FCurrent.Cell && FCurrent.First <= ALine && ALine <= FCurrent.Last;
+        ALook.Guides.push_back({cell, Edit().GetViewColor(current ? vcCurrentGuide : vcGuide)});
+    }
+}
+
+// --- matches -------------------------------------------------------------------------------------
+
+void TZtMatchesPart::TextAttached()
+{
+    FMarks = std::make_unique<TZtMatchMarks>(Edit().GetLines());
+    FMarks->SetSearch(FSearch, FFlags);
+}
+
+bool TZtMatchesPart::SetSearch(const QString &AText, TZtSearchFlags AFlags)
+{
+    if (FSearch == AText && FFlags == AFlags)
+        return false;
+    FSearch = AText;
+    FFlags = AFlags;
+    FMarks->SetSearch(AText, AFlags);
+    return true;
+}
+
+void TZtMatchesPart::AddToLine(int ALine, int AFrom, int ATo, TZtLineLook &ALook)
+{
+    if (FMarks->IsEmpty())
+        return;
+    TZtDecorationStyle style;
+    style.Background = Edit().GetViewColor(Colour());
+    for (const TZtMatchMarks::TMatch &match : FMarks->GetInLine(ALine, AFrom, ATo))
+        ALook.Spans.push_back({match.Start, match.Start + match.Length, style});
+}
+
+void TZtMatchesPart::TextChanged() { FIsStale = true; }
+
+bool TZtMatchesPart::HasWork() const
+{
+    return !FMarks->IsEmpty() && (FIsStale || !FMarks->IsComplete());
+}
+
+bool TZtMatchesPart::Advance(int AMilliseconds)
+{
+    if (std::exchange(FIsStale, false))
+        FMarks->Restart();
+    if (FMarks->IsEmpty() || FMarks->IsComplete())
+        return false;
+    if (FMarks->Advance(AMilliseconds))
+        return true;
+    Edit().OverviewChanged();
+    return false;
+}
+
+void TZtMatchesPart::Survey(std::vector<quint32> &ARows)
+{
+    if (!FMarks->IsEmpty())
+        FMarks->Survey(ARows, Bit());
+}
+
+void TZtWordPart::BeginRows(int, int)
+{
+    const TStringList &lines = *Edit().GetLines();
+    const int line = Edit().GetLinePos();
+    QString word;
+    if (line < lines.GetCount()) {
+        const auto [start, end] = ZtWordAt(lines.View(line), Edit().GetCharPos());
+        word = lines.GetStrings(line).mid(start, end - start);
+    }
+    using enum TZtSearchFlag;
+    if (SetSearch(word.size() > 1 ? word : QString(), sfDown | sfMatchCase | sfWholeWord))
+        Edit().OverviewChanged();
+}
+
+// --- brackets ------------------------------------------------------------------------------------
+
+void TZtBracketsPart::TextAttached()
+{
+    FBrackets.reset();
+    if (TZtHighlighter *colours = Edit().GetHighlighter())
+        FBrackets = std::make_unique<TZtBrackets>(Edit().GetLines(), *colours);
+}
+
+TZtBrackets *TZtBracketsPart::Find()
+{
+    if (FBrackets)
+        FBrackets->Find({Edit().GetCharPos(), Edit().GetLinePos()});
+    return FBrackets.get();
+}
+
+void TZtBracketsPart::BeginRows(int, int) { Find(); }
+
+void TZtBracketsPart::AddToLine(int ALine, int, int, TZtLineLook &ALook)
+{
+    if (!FBrackets)
+        return;
+    const bool found = FBrackets->GetState() == TZtBracketState::bsFound;
+    if (!found && FBrackets->GetState() != TZtBracketState::bsUnmatched)
+        return;
+    TZtDecorationStyle style;
+    style.Box = Edit().GetViewColor(found ? vcBracket : vcUnmatched);
+    if (found)
+        style.Background = Edit().GetViewColor(vcBracketBack);
+    for (const QPoint &place : {FBrackets->GetBracket(), FBrackets->GetPair()})
+        if (place.y() == ALine && place.x() >= 0)
+            ALook.Spans.push_back({place.x(), place.x() + 1, style});
+}
+
+bool TZtBracketsPart::HasWork() const
+{
+    return FBrackets && FBrackets->GetState() == TZtBracketState::bsSearching;
+}
+
+bool TZtBracketsPart::Advance(int AMilliseconds)
+{
+    if (!FBrackets)
+        return false;
+    const bool searching = FBrackets->GetState() == TZtBracketState::bsSearching;
+    const bool more = FBrackets->Advance(AMilliseconds);
+    if (searching && FBrackets->GetState() != TZtBracketState::bsSearching)
+        Edit().ExtrasChanged();
+    return more;
+}
