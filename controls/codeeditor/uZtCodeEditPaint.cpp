@@ -303,7 +303,7 @@ void TZtCodeEdit::PaintCorners()
 {
     if (!Canvas())
         return;
-    const QColor face = ZtToQColor(clBtnFace, palette());
+    const QColor face(GetViewRgb(TZtViewColor::vcGuttor));
     const int width = GetClientWidth();
     const int height = GetClientHeight();
     const int barWidth = BarsWidth();
