@@ -247,16 +247,18 @@ TZtHighlighter::TRow *TZtHighlighter::Row(int ALine)
     return at >= 0 && at < qint64(FRows.size()) ? &FRows[size_t(at)] : nullptr;
 }
 
-// Makes room for the lines in sight; those that were in sight before keep what is known of them.
-void TZtHighlighter::KeepRows(int AFirst, int ALast, int AColumns)
+// Rows for other lines, with what is known of them. Behind a change that was not lexed yet, that is
+// nothing without the changed line itself.
+std::vector<TZtHighlighter::TRow> TZtHighlighter::RowsFor(int AFirst, int ALast)
 {
-    FColumns = AColumns;
     std::vector<TRow> rows(size_t(ALast - AFirst + 1));
+    const int above = std::clamp(AFirst - FFirst, 0, int(FRows.size()));
+    if (!std::ranges::all_of(FRows.begin(), FRows.begin() + above, &TRow::Ready))
+        return rows;
     for (int i = AFirst; i <= ALast; ++i)
-        if (TRow *row = Row(i))
-            rows[size_t(i - AFirst)] = std::move(*row);
-    FRows = std::move(rows);
-    FFirst = AFirst;
+        if (const TRow *row = Row(i))
+            rows[size_t(i - AFirst)] = *row;
+    return rows;
 }
 
 // Whether a line is coloured as far as that many columns, or to its end.
@@ -276,8 +278,11 @@ void TZtHighlighter::Prepare(int AFirst, int ALast, int AColumns)
         return;
     const QScopedValueRollback lexing(FLexing, true);
     const int columns = std::clamp(AColumns, 1, MostColumns);
-    if (FFirst != first || int(FRows.size()) != last - first + 1 || columns != FColumns)
-        KeepRows(first, last, columns);
+    if (FFirst != first || int(FRows.size()) != last - first + 1) {
+        FRows = RowsFor(first, last);
+        FFirst = first;
+    }
+    FColumns = columns;
     const quint64 revision = FText->GetRevision();
     for (int line = first; line <= last && FText && FText->GetRevision() == revision;) {
         if (IsReady(line, columns)) {
@@ -368,11 +373,7 @@ std::vector<TZtColourRuns> TZtHighlighter::Peek(int AFirst, int ALast, int AColu
     if (FLexing || first > last)
         return runs;
     // Other lines take the place of those in sight for as long as it takes.
-    std::vector<TRow> rows(size_t(last - first + 1));
-    for (int i = first; i <= last; ++i)
-        if (const TRow *row = Row(i))
-            rows[size_t(i - first)] = *row;
-    const auto restore = qScopeGuard([this, sight = std::exchange(FRows, std::move(rows)),
+    const auto restore = qScopeGuard([this, sight = std::exchange(FRows, RowsFor(first, last)),
                                       start = std::exchange(FFirst, first), columns = FColumns,
                                       revision = FRevision, text = FText->GetRevision()]() mutable {
         const bool same = FText && FText->GetRevision() == text && FRevision == revision;

@@ -86,7 +86,7 @@ private:
 
     TRow *Row(int ALine);
     bool IsReady(int ALine, int AColumns);
-    void KeepRows(int AFirst, int ALast, int AColumns);
+    std::vector<TRow> RowsFor(int AFirst, int ALast);
     int Compose(int AFirst, int ALast);
     bool IsNear(int AFrom, int ATo) const;
     TStart StartFor(int ALine);

@@ -383,6 +383,19 @@ TEST_F(Highlighter, FarLinesAreColouredBeforeAllIsKnown)
     EXPECT_EQ(look(), guess);
 }
 
+// What stands below a change is right also when the change went out of sight before it was lexed.
+TEST_F(Highlighter, AChangeScrolledOutOfSightIsNoticed)
+{
+    const TParser parser = ParserOf("js");
+    parser->SetClosedRemarks(true);
+    Use(parser.get(), QString("while (x)\n").repeated(100));
+    Finish();
+    Colours.Prepare(0, 40, 80);
+    Text.SetStrings(5, "/*");
+    Colours.Prepare(6, 46, 80);
+    EXPECT_EQ(Colours.GetRuns(7).front().Kind, TZtElementKind::ekRemark);
+}
+
 TEST_F(Highlighter, HandlersMayDoAnything)
 {
     const TParser parser = ParserOf("js"); // fires the handler
