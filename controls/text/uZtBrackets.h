@@ -48,29 +48,34 @@ public:
     TZtBracketState GetState() const { return FState; }
     /// The bracket at the caret; with `bsFound` and `bsUnmatched` only.
     const QPoint &GetBracket() const { return FBracket; }
-    /// Its pair, with `bsFound`; with `bsUnmatched` the bracket of another kind, or (-1, -1).
+    /// Its pair, with `bsFound`; with `bsUnmatched` the bracket that is of another kind than the
+    /// one it would end, or (-1, -1) at an end of the text.
     const QPoint &GetPair() const { return FPair; }
 
     void TextChanged(const TStringList &AText, const TZtTextChange &AChange) override;
 
 private:
-    struct TBracket {
-        int Column;
-        int Code; // the number of its kind, negative for a closing one
+    // What may be looked at in one go.
+    struct TBudget {
+        int Lines;
+        int Units;
+        int Columns; // of a line
     };
-    using TLineBrackets = std::vector<TBracket>;
 
+    int CodeAt(int ALine, int AColumn) const;
+    bool HasBrackets(int ALine, int AColumns) const;
     void Forget();
     bool IsOutOfDate() const;
+    bool IsBusy() const { return FToResolve || FState == TZtBracketState::bsSearching; }
+    void Look(TBudget ABudget);
     bool Resolve(int AColumns);
-    void Begin(const QPoint &APlace, int ACode);
-    void Search(int ALines, int AUnits, int AColumns);
-    int Step(int AMostLines, int AColumns);
-    int NextLines(int AMostLines, int AColumns) const;
-    void ScanLines(int AFirst, int ALast, int AColumns);
+    void Begin(const QPoint &APlace);
+    bool Step(TBudget &ABudget);
+    bool ScanLines(int AFirst, int ALast, int AColumns);
     void ScanLine(int ALine, const TZtColourRuns &ARuns, int AColumns);
     void Meet(const QPoint &APlace, int ACode);
     void End(TZtBracketState AState, const QPoint &APair = {-1, -1});
+    std::vector<TZtColourRuns> Peek(int AFirst, int ALast, int AColumns);
 
     QPointer<TStringList> FText;
     TZtHighlighter &FColours;
@@ -78,4 +83,14 @@ private:
     QPoint FCaret{-1, -1};
     QPoint FBracket{-1, -1};
     QPoint FPair{-1, -1};
+    bool FToResolve = false; // which bracket is at the caret is not known yet
+    bool FForward = true;
+    bool FAngles = false;      // < > are brackets
+    std::vector<qint8> FKinds; // of the brackets around the place that was come to
+    QPoint FAt;                // that place: forward the next unit, backward behind the next
+    int FStretch = 0;          // how many lines are looked at next
+    int FLastLine = -1;        // of those looked at, the lowest
+    int FInexact = -1;         // of those without exact colours, the lowest
+    int FKnown = 0;            // lines the highlighter knew when the search began
+    quint64 FRevision = 0;     // of the highlighter, then
 };

@@ -1,0 +1,299 @@
+#include "random_edits.h"
+#include "uZtBrackets.h"
+#include "uZtTokenDump.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using enum TZtBracketState;
+
+std::unique_ptr<TZtLangParser> ParserOf(const char *AExtension)
+{
+    const auto *language = ZtTokenLanguageOf(QStringLiteral("a.") + QLatin1String(AExtension));
+    std::unique_ptr<TZtLangParser> parser = language ? language->CreateParser() : nullptr;
+    if (parser)
+        parser->SetClosedRemarks(true);
+    return parser;
+}
+
+// Takes the mark out of a text and answers where it stood.
+QPoint TakeMark(QString &AText, QChar AMark)
+{
+    const qsizetype at = AText.indexOf(AMark);
+    AText.remove(at, 1);
+    const QStringView before = QStringView(AText).first(at);
+    return {int(at - before.lastIndexOf(u'\n') - 1), int(before.count(u'\n'))};
+}
+
+struct Structure : testing::Test {
+    void Use(const char *AExtension, const QString &AText)
+    {
+        Colours.SetParser(nullptr);
+        Parser = ParserOf(AExtension);
+        Text.SetText(AText);
+        Colours.SetText(&Text);
+        Colours.SetParser(Parser.get());
+    }
+    void Finish()
+    {
+        while (Colours.Advance(100)) {
+        }
+        while (Brackets.Advance(100)) {
+        }
+    }
+    // Every line's runs, lexed from the text's first line on.
+    std::vector<TZtColourRuns> AllRuns()
+    {
+        TZtHighlighter colours;
+        colours.SetText(&Text);
+        colours.SetParser(Parser.get());
+        while (colours.Advance(1000)) {
+        }
+        std::vector<TZtColourRuns> runs;
+        colours.Prepare(0, Text.GetCount() - 1, 1 << 20);
+        for (int i = 0; i < Text.GetCount(); ++i)
+            runs.push_back(colours.GetRuns(i));
+        return runs;
+    }
+    TStringList Text;
+    std::unique_ptr<TZtLangParser> Parser;
+    TZtHighlighter Colours;
+    TZtBrackets Brackets{&Text, Colours};
+};
+
+// "|" is the caret, "#" stands before the pair; without one there is none.
+TEST_F(Structure, PairsOfBrackets)
+{
+    const struct {
+        const char *Name, *Extension, *Text;
+        TZtBracketState State;
+    } rows[] = {
+        {"right of the caret", "js", "a |( b #)", bsFound},
+        {"left of the caret", "js", "#( b )| c", bsFound},
+        {"the right one goes first", "js", "()|(#)", bsFound},
+        {"pairs inside", "js", "|{ ( [ ] )\n( ) #}", bsFound},
+        {"backward", "js", "#{ ( [ ]\n ) { } |}", bsFound},
+        {"no other end", "js", "|( ( )", bsUnmatched},
+        {"no other start", "js", "( ) |)", bsUnmatched},
+        {"another kind", "js", "|( #]", bsUnmatched},
+        {"another kind inside", "js", "|{ ( #] ) }", bsUnmatched},
+        {"comments do not count", "js", "|( // )\n/* ) */ #)", bsFound},
+        {"strings do not count", "js", "|( ')' #)", bsFound},
+        {"none in a comment", "js", "// |()", bsNone},
+        {"code left of a string", "js", "#(1)|'('", bsFound},
+        {"no bracket", "js", "a|b ()", bsNone},
+        {"behind the text", "js", "()\n|", bsNone},
+        {"comment in braces", "pas", "|( { ) } #)", bsFound},
+        {"braces of a comment", "pas", "|{ a }", bsNone},
+        {"angles elsewhere", "js", "a |< b >", bsNone},
+        {"angles of a tag", "xml", "|<a b='>'#>(</a>", bsFound},
+        {"a text in a tag", "xml", "<a>b|(c)</a>", bsNone},
+        {"plain text", "txt", "|( ' #)", bsFound},
+    };
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.Name);
+        QString text = row.Text;
+        const bool caretFirst = text.indexOf('|') < text.indexOf('#');
+        QPoint pair = text.contains('#') && !caretFirst ? TakeMark(text, '#') : QPoint(-1, -1);
+        const QPoint caret = TakeMark(text, '|');
+        if (text.contains('#'))
+            pair = TakeMark(text, '#');
+        Use(row.Extension, text);
+        EXPECT_EQ(Brackets.Find(caret), row.State);
+        EXPECT_EQ(Brackets.GetPair(), pair);
+    }
+}
+
+TEST_F(Structure, FarPairsAreFoundWhileNothingElseIsDone)
+{
+    Use("js", "{\n" + QString("f(x)[1] // )\n").repeated(6000) + "}\n");
+    const int last = Text.GetCount() - 1;
+    for (const auto &[caret, pair] :
+         {std::pair(QPoint(0, 0), QPoint(0, last)), std::pair(QPoint(0, last), QPoint(0, 0))}) {
+        EXPECT_EQ(Brackets.Find(caret), bsSearching);
+        Finish();
+        EXPECT_EQ(Brackets.GetState(), bsFound);
+        EXPECT_EQ(Brackets.GetPair(), pair);
+        // Another place at the bracket changes nothing.
+        EXPECT_EQ(Brackets.Find(caret + QPoint(1, 0)), bsFound);
+    }
+    Brackets.Find({0, 0});
+    Finish();
+    Text.Add("a");
+    EXPECT_EQ(Brackets.Find({0, 0}), bsFound); // what is below does not matter
+    Text.SetStrings(4000, "(");
+    EXPECT_EQ(Brackets.Find({0, 0}), bsSearching);
+    Finish();
+    EXPECT_EQ(Brackets.GetState(), bsUnmatched);
+    EXPECT_EQ(Brackets.GetPair(), QPoint(0, last));
+    EXPECT_EQ(Brackets.Find({0, last}), bsSearching);
+    Finish();
+    EXPECT_EQ(Brackets.GetPair(), QPoint(0, 4000));
+    // What begins a comment far above is known later.
+    Text.SetStrings(10, "/*");
+    Text.SetStrings(5000, "*/");
+    Brackets.Find({0, last});
+    Finish();
+    EXPECT_EQ(Brackets.GetState(), bsFound);
+    EXPECT_EQ(Brackets.GetPair(), QPoint(0, 0));
+    Text.SetStrings(0, "");
+    Brackets.Find({0, last});
+    Finish();
+    EXPECT_EQ(Brackets.GetState(), bsUnmatched);
+    EXPECT_EQ(Brackets.GetPair(), QPoint(-1, -1));
+    Text.Add("(");
+    Brackets.Find({0, last + 2});
+    EXPECT_EQ(Brackets.GetState(), bsUnmatched);
+    Text.Add(")");
+    EXPECT_EQ(Brackets.Find({0, last + 2}), bsFound);
+}
+
+TEST_F(Structure, LongLinesAreLexedAsFarAsIsGood)
+{
+    const auto blanks = [](int ACount) { return QString(ACount, u' '); };
+    const struct {
+        const char *Name;
+        QString Text;
+        QPoint Caret;
+        TZtBracketState Key, Idle;
+    } rows[] = {
+        {"at the start", "(" + blanks(300'000), {0, 0}, bsSearching, bsNone},
+        {"near in a long line", "()" + blanks(300'000), {0, 0}, bsFound, bsFound},
+        {"far in the line", "(" + blanks(200'000) + ")", {0, 0}, bsSearching, bsFound},
+        {"far at the caret", "(" + blanks(200'000) + ")", {200'001, 0}, bsSearching, bsFound},
+        {"too far", "(" + blanks(300'000) + ")", {300'001, 0}, bsNone, bsNone},
+        {"long line below", "(\n" + blanks(100'000) + "\n)", {0, 0}, bsSearching, bsFound},
+        {"too long above", "(\n" + blanks(300'000) + "\n)", {0, 2}, bsSearching, bsNone},
+    };
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.Name);
+        Use("js", row.Text);
+        EXPECT_EQ(Brackets.Find(row.Caret), row.Key);
+        Finish();
+        EXPECT_EQ(Brackets.GetState(), row.Idle);
+    }
+}
+
+// The brackets of a text that count, and what is known of each when all is lexed.
+struct TModel {
+    struct TItem {
+        QPoint Place;
+        int Code;
+    };
+    TModel(const TStringList &AText, const std::vector<TZtColourRuns> &ARuns)
+    {
+        const QString pairs = "()[]{}";
+        for (int y = 0; y < AText.GetCount(); ++y) {
+            const QString line = AText.GetStrings(y);
+            for (const TZtColourRun &run : ARuns[size_t(y)])
+                for (int x = run.Start; x < run.Start + run.Length; ++x)
+                    if (const auto at = pairs.indexOf(line[x]);
+                        at >= 0 && run.Kind == TZtElementKind::ekCode)
+                        Items.push_back({{x, y}, int(at % 2 ? -at / 2 - 1 : at / 2 + 1)});
+        }
+    }
+    const TItem *At(const QPoint &APlace) const
+    {
+        const auto item = std::ranges::find(Items, APlace, &TItem::Place);
+        return item == Items.end() ? nullptr : &*item;
+    }
+    std::pair<TZtBracketState, QPoint> Find(const QPoint &ACaret) const
+    {
+        const TItem *item = At(ACaret) ? At(ACaret) : At(ACaret - QPoint(1, 0));
+        if (!item)
+            return {bsNone, {-1, -1}};
+        const int way = item->Code > 0 ? 1 : -1;
+        std::vector<int> open;
+        for (auto i = item - Items.data(); i >= 0 && i < std::ssize(Items); i += way) {
+            const int code = Items[size_t(i)].Code * way;
+            if (code > 0)
+                open.push_back(code);
+            else if (open.back() != -code)
+                return {bsUnmatched, Items[size_t(i)].Place};
+            else if (open.pop_back(); open.empty())
+                return {bsFound, Items[size_t(i)].Place};
+        }
+        return {bsUnmatched, {-1, -1}};
+    }
+    std::vector<TItem> Items;
+};
+
+// What was peeked is what lexing from the top finds, wherever that is said.
+void ExpectRuns(TZtHighlighter &AColours, int AFirst, int ALast,
+                const std::vector<TZtColourRuns> &ARuns, int &AExact)
+{
+    bool exact = false;
+    const auto runs = AColours.Peek(AFirst, ALast, 1 << 20, exact);
+    const int last = std::min(ALast, int(ARuns.size()) - 1);
+    ASSERT_EQ(runs.size(), size_t(last - AFirst + 1));
+    AExact += exact;
+    for (int i = AFirst; exact && i <= last; ++i)
+        ASSERT_TRUE(runs[size_t(i - AFirst)] == ARuns[size_t(i)]) << "line " << i;
+}
+
+TEST_F(Structure, BracketsAsInAModelAfterAnyEdits)
+{
+    const QStringList words{"(",  ")", "[",  "]",  "{",  "}",  "()", "'",  "/*", "*/",
+                            "//", "a", "b ", "\"", "\n", "(*", "*)", "{}", "  "};
+    const int steps = qMax(qEnvironmentVariableIntValue("ZT_RANDOM_STEPS"), 200);
+    int exact = 0, found = 0;
+    for (const char *extension : {"js", "pas"}) {
+        for (const int lines : {12, 40, 700}) {
+            SCOPED_TRACE(testing::Message() << extension << ", " << lines << " lines");
+            Use(extension, "");
+            TRandomEdits edits(Text, unsigned(lines), lines, words);
+            for (int step = 0; step < steps / (lines > 100 ? 5 : 1); ++step) {
+                edits.One();
+                if (Text.GetCount() == 0)
+                    continue;
+                Colours.Prepare(edits.Below(Text.GetCount()), 5 + edits.Below(30), 80);
+                const QPoint caret = edits.Place();
+                Brackets.Find(caret);
+                if (edits.Below(2))
+                    Colours.Advance(0);
+                const std::vector<TZtColourRuns> runs = AllRuns();
+                const int first = edits.Below(Text.GetCount());
+                ExpectRuns(Colours, first, first + edits.Below(20), runs, exact);
+                Finish();
+                const auto expected = TModel(Text, runs).Find(caret);
+                ASSERT_EQ(Brackets.GetState(), expected.first) << "step " << step;
+                ASSERT_EQ(Brackets.GetPair(), expected.second) << "step " << step;
+                found += expected.first == bsFound;
+            }
+        }
+    }
+    EXPECT_GT(exact, steps / 2);
+    EXPECT_GT(found, steps / 50);
+}
+
+// Lines in sight stay as they are known: not one is lexed again.
+TEST_F(Structure, PeekingLeavesTheSight)
+{
+    Use("js", QString("while (x) { y /* 1 */ }\n").repeated(500));
+    Finish();
+    int tokens = 0;
+    Parser->OnPaintInfo = [&](const QString &, TColor &, TColor &, TFontStyles &) { ++tokens; };
+    const auto lexed = [&](auto ADo) {
+        tokens = 0;
+        ADo();
+        return tokens;
+    };
+    bool exact = false;
+    EXPECT_GT(lexed([&] { Colours.Prepare(100, 140, 60); }), 0);
+    EXPECT_EQ(lexed([&] { Colours.Peek(110, 120, 1000, exact); }), 0);
+    EXPECT_TRUE(exact);
+    EXPECT_GT(lexed([&] { Colours.Peek(400, 410, 1000, exact); }), 0);
+    EXPECT_EQ(lexed([&] { Colours.Prepare(100, 140, 60); }), 0);
+    // A handler may change the text under it.
+    Parser->OnPaintInfo = [&](const QString &, TColor &, TColor &, TFontStyles &) {
+        if (++tokens == 20)
+            Text.SetStrings(100, "/*");
+    };
+    tokens = 0;
+    EXPECT_LT(Colours.Peek(300, 420, 1000, exact).size(), 121U);
+    Parser->OnPaintInfo = nullptr;
+    EXPECT_EQ(Colours.GetRuns(101).front().Kind, TZtElementKind::ekRemark);
+}
+
+} // namespace
