@@ -1,5 +1,6 @@
 #include "random_edits.h"
 #include "uZtBrackets.h"
+#include "uZtIndentGuides.h"
 #include "uZtTokenDump.h"
 
 #include <gtest/gtest.h>
@@ -294,6 +295,49 @@ TEST_F(Structure, PeekingLeavesTheSight)
     EXPECT_LT(Colours.Peek(300, 420, 1000, exact).size(), 121U);
     Parser->OnPaintInfo = nullptr;
     EXPECT_EQ(Colours.GetRuns(101).front().Kind, TZtElementKind::ekRemark);
+}
+
+// The indentation that holds, and the caret's guide, in lines with guides at every second cell.
+TEST(IndentGuides, LinesAndBlocks)
+{
+    const TZtCellRules rules{4, true, true};
+    const struct {
+        const char *Name, *Text;
+        std::vector<int> Cells;
+        int Caret;
+        TZtGuide Guide;
+    } rows[] = {
+        {"a block", "a\n  b\n    c\n  d\ne", {0, 2, 4, 2, 0}, 2, {2, 2, 2}},
+        {"an outer block", "a\n  b\n    c\n  d\ne", {0, 2, 4, 2, 0}, 4, {0, 1, 3}},
+        {"the block that begins", "a\n  b\n    c\n  d\ne", {0, 2, 4, 2, 0}, 1, {2, 2, 2}},
+        {"begins before it ends", "  a\nb\n  c", {2, 0, 2}, 1, {0, 2, 2}},
+        {"tabs", "a\n \tb\n\t c", {0, 4, 5}, 1, {4, 2, 2}},
+        {"blank lines", "  a\n\n \t  \n  b", {2, 2, 2, 2}, 1, {0, 0, 3}},
+        {"blank at a block's start", "a\n\n    b", {0, 1, 4}, 1, {0, 1, 2}},
+        {"blank at an inner end", "    a\n\n  b\n", {4, 3, 2}, 1, {2, 0, 1}},
+        {"blank at the text's ends", "\n  a\n", {1, 2}, 0, {0, 0, 1}},
+        {"all blank", "\n \n\n", {0, 0, 0}, 1, {-1, 0, -1}},
+        {"odd steps", "   a\n     b", {3, 5}, 0, {4, 1, 1}},
+        {"no block", "a\nb", {0, 0}, 0, {-1, 0, -1}},
+    };
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.Name);
+        TStringList text;
+        text.SetText(row.Text);
+        EXPECT_EQ(ZtGuideCells(text, 0, text.GetCount() - 1, rules), row.Cells);
+        for (int i = 0; i < text.GetCount(); ++i) // each line alone
+            EXPECT_EQ(ZtGuideCells(text, i, i, rules), std::vector{row.Cells[size_t(i)]});
+        const TZtGuide guide = ZtCurrentGuide(text, row.Caret, 2, rules);
+        EXPECT_EQ(guide.Cell, row.Guide.Cell);
+        EXPECT_EQ(guide.First, row.Guide.First);
+        EXPECT_EQ(guide.Last, row.Guide.Last);
+    }
+    TStringList text;
+    text.SetText("  a\n" + QString("\n").repeated(3000) + "  b\n");
+    EXPECT_EQ(ZtGuideCells(text, 500, 500, rules), std::vector{1}); // nothing is near below
+    EXPECT_EQ(ZtGuideCells(text, 1500, 1500, rules), std::vector{0});
+    text.SetText(QString("  a\n").repeated(3000));
+    EXPECT_EQ(ZtCurrentGuide(text, 1500, 2, rules), (TZtGuide{0, 500, 2500}));
 }
 
 } // namespace
