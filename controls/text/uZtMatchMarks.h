@@ -30,6 +30,7 @@ public:
     /// Marks another text; the direction in `AFlags` does not matter. An empty text clears.
     void SetSearch(const QString &ASearch, TZtSearchFlags AFlags);
     void Clear();
+    /// Whether no text is marked.
     bool IsEmpty() const { return !FSearch; }
 
     /// The matches of a line that have something between two columns. In a line of more than
@@ -60,7 +61,8 @@ private:
         quint64 Revision = 0;
     };
     const TPass &Shown() const { return FComplete ? *FComplete : FPass; }
-    void SearchStretch(qint64 &AUnits);
+    template <typename TDo> int ForEachMatch(int ALine, int AFrom, int ATo, TDo ADo) const;
+    int SearchPiece();
 
     QPointer<TStringList> FText;
     std::optional<TZtBufferSearch> FSearch;

@@ -1,6 +1,7 @@
 #include "random_edits.h"
 #include "uZtBrackets.h"
 #include "uZtIndentGuides.h"
+#include "uZtMatchMarks.h"
 #include "uZtTokenDump.h"
 
 #include <gtest/gtest.h>
@@ -338,6 +339,92 @@ TEST(IndentGuides, LinesAndBlocks)
     EXPECT_EQ(ZtGuideCells(text, 1500, 1500, rules), std::vector{0});
     text.SetText(QString("  a\n").repeated(3000));
     EXPECT_EQ(ZtCurrentGuide(text, 1500, 2, rules), (TZtGuide{0, 500, 2500}));
+}
+
+TEST(MatchMarks, WhatMatches)
+{
+    using enum TZtSearchFlag;
+    const QString longLine = QString("ab ").repeated(100'000);
+    const struct {
+        const char *Name;
+        QString Text, Search;
+        TZtSearchFlags Flags;
+        std::vector<int> Starts; // in line 0, from column 2 to column 8
+        qint64 Count;
+        std::vector<quint32> Rows; // two
+    } rows[] = {
+        {"any case", "ab ab Ab\nx\nab", "ab", {}, {3, 6}, 4, {1, 1}},
+        {"case", "ab ab Ab\nx\nab", "ab", sfMatchCase, {3}, 3, {1, 1}},
+        {"whole words", "xab ab abx ab", "ab", sfWholeWord, {4}, 2, {1, 0}},
+        {"no overlap", "aaaaaaa", "aa", {}, {2, 4}, 3, {1, 0}},
+        {"goes in at the left", "xabcd", "abc", {}, {1}, 1, {1, 0}},
+        {"goes out at the right", "1234567abc", "abc", {}, {7}, 1, {1, 0}},
+        {"word at the right edge", "123456 abcd", "abc", sfWholeWord, {}, 0, {0, 0}},
+        {"wide characters", u"\u65E5\u672C a\u65E5"_qs, u"\u65E5"_qs, {}, {4}, 2, {1, 0}},
+        {"a break", "ab\nab", "b\na", {}, {}, 0, {0, 0}},
+        {"second half", "x\nx\nx\nab", "ab", {}, {}, 1, {0, 1}},
+        {"long line", longLine, "ab", {}, {3, 6}, 100'000, {1, 0}},
+        {"across the pieces", longLine, "b a", {}, {1, 4, 7}, 99'999, {1, 0}},
+        {"nothing", "ab", "", {}, {}, 0, {0, 0}},
+    };
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.Name);
+        TStringList text;
+        text.SetText(row.Text);
+        TZtMatchMarks marks(&text);
+        marks.SetSearch(row.Search, row.Flags);
+        std::vector<int> starts;
+        for (const auto &match : marks.GetInLine(0, 2, 8)) {
+            EXPECT_EQ(match.Length, row.Search.size());
+            starts.push_back(match.Start);
+        }
+        EXPECT_EQ(starts, row.Starts);
+        while (marks.Advance(0)) {
+        }
+        EXPECT_TRUE(marks.IsComplete());
+        EXPECT_EQ(marks.GetCount(), row.Count);
+        std::vector<quint32> survey(2);
+        marks.Survey(survey, 1);
+        EXPECT_EQ(survey, row.Rows);
+    }
+}
+
+TEST(MatchMarks, AChangedTextKeepsWhatWasFound)
+{
+    TStringList text;
+    text.SetText(QString("a\n").repeated(200'000));
+    TZtMatchMarks marks(&text);
+    marks.SetSearch("b", {});
+    text.SetStrings(199'000, "b b");
+    const auto rowsOf = [&] {
+        std::vector<quint32> rows(1000, 4);
+        marks.Survey(rows, 3);
+        return rows;
+    };
+    const auto finish = [&] {
+        while (marks.Advance(0)) {
+        }
+    };
+    EXPECT_TRUE(marks.Advance(0));
+    finish();
+    EXPECT_FALSE(marks.IsComplete()); // it was begun before the change
+    EXPECT_EQ(marks.GetCount(), 2);
+    marks.Restart();
+    finish();
+    EXPECT_TRUE(marks.IsComplete());
+    std::vector<quint32> expected(1000, 4);
+    expected[995] = 7;
+    EXPECT_EQ(rowsOf(), expected);
+    text.SetText("b\nb\nb\n");
+    EXPECT_FALSE(marks.IsComplete());
+    EXPECT_EQ(rowsOf(), expected);
+    marks.Restart();
+    EXPECT_EQ(marks.GetCount(), 2);
+    finish();
+    EXPECT_EQ(marks.GetCount(), 3);
+    marks.Clear();
+    EXPECT_EQ(rowsOf(), std::vector<quint32>(1000, 4));
+    EXPECT_TRUE(marks.GetInLine(0, 0, 9).empty());
 }
 
 } // namespace
