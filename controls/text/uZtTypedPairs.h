@@ -63,5 +63,6 @@ private:
 };
 
 /// What stands around a place between two characters of a line: what both are, `ekCode` where they
-/// differ. At the line's end a comment goes on, and so does a string that no quote ends.
+/// differ. At the line's start its first character decides, at its end a comment goes on, and so
+/// does a string that no quote ends. An empty line is code.
 TZtElementKind ZtKindAround(const TZtColourRuns &ARuns, QAnyStringView ALine, int AColumn);

@@ -3,6 +3,7 @@
 #include "uZtIndentGuides.h"
 #include "uZtMatchMarks.h"
 #include "uZtTokenDump.h"
+#include "uZtTypedPairs.h"
 
 #include <gtest/gtest.h>
 
@@ -425,6 +426,159 @@ TEST(MatchMarks, AChangedTextKeepsWhatWasFound)
     marks.Clear();
     EXPECT_EQ(rowsOf(), std::vector<quint32>(1000, 4));
     EXPECT_TRUE(marks.GetInLine(0, 0, 9).empty());
+}
+
+// What an editor does with the decisions. "\b" is Backspace, ">" a step to the right, "~" to the
+// line below and back, "^" deletes the character behind the caret, "_" types "x" before the line.
+struct TTypist {
+    TTypist(TStringList &AText, TZtHighlighter &AColours, const QPoint &ACaret)
+        : Text(AText), Colours(AColours), Caret(ACaret)
+    {
+    }
+    QString Language() const
+    {
+        return Colours.GetParser() ? Colours.GetParser()->GetLanguage() : QString();
+    }
+    void Put(int AColumn, int ALength, const QString &S)
+    {
+        Text.ReplaceInLine(Caret.y(), AColumn, ALength, S);
+    }
+    void Type(QChar C)
+    {
+        const TZtElementKind kind =
+            ZtKindAround(Colours.GetRuns(Caret.y()), Text.View(Caret.y()), Caret.x());
+        const TZtPairEdit edit = Pairs.OnCharacter(C, Caret, Selected > 0, kind, Language());
+        using enum TZtPairAction;
+        if (edit.Action == paSurround)
+            Put(Caret.x() + Selected, 0, edit.Closing);
+        else if (edit.Action != paTypeOver)
+            Put(Caret.x(), Selected, edit.Action == paInsert ? edit.Closing : QString());
+        if (edit.Action != paTypeOver)
+            Put(Caret.x(), 0, C);
+        ++Caret.rx();
+        Selected = 0;
+        if (edit.Action == paInsert)
+            Pairs.Inserted(Caret);
+    }
+    void Press(QChar C)
+    {
+        if (C == u'\b') {
+            const bool both = Pairs.OnBackspace(Caret, Language());
+            Put(--Caret.rx(), both ? 2 : 1, QString());
+        } else if (C == u'>') {
+            ++Caret.rx();
+            Pairs.CaretMoved(Caret);
+        } else if (C == u'~') {
+            Pairs.CaretMoved(Caret + QPoint(0, 1));
+        } else if (C == u'^') {
+            Put(Caret.x(), 1, QString());
+        } else if (C == u'_') {
+            Put(0, 0, "x");
+            ++Caret.rx();
+        } else {
+            Type(C);
+        }
+    }
+    TStringList &Text;
+    TZtHighlighter &Colours;
+    QPoint Caret;
+    int Selected = 0;
+    TZtTypedPairs Pairs{&Text};
+};
+
+TEST_F(Structure, BracketsAndQuotesComeAndGoInPairs)
+{
+    const struct {
+        const char *Name, *Extension, *Before, *Keys, *After;
+    } rows[] = {
+        {"a pair and over it", "js", "f|", "(a)", "f(a)|"},
+        {"pairs in pairs", "js", "|", "([{}])", "([{}])|"},
+        {"an empty pair goes", "js", "|", "(\b", "|"},
+        {"one that stood there goes", "js", "(|)", "\b", "|"},
+        {"one with a text stays", "js", "|", "(a>\b", "(a|"},
+        {"a bracket before a word", "js", "|a", "(", "(|a"},
+        {"before a closing one", "js", "f(|)", "[", "f([|])"},
+        {"before a comma", "js", "|, b", "(", "(|), b"},
+        {"no typing over others", "js", "(|)", ")", "()|)"},
+        {"none after leaving the line", "js", "|\n", "(~)", "()|)\n"},
+        {"none when it was deleted", "js", "f(|)", "(^)", "f(()|)"},
+        {"moves with the text", "js", "|", "(_)", "x()|"},
+        {"once only", "js", "|", "())", "())|"},
+        {"quotes", "js", "a = |", "\"b\"", "a = \"b\"|"},
+        {"a backquote", "js", "|", "`", "`|`"},
+        {"an empty string goes", "js", "|", "'\b", "|"},
+        {"quote behind a word", "js", "a|", "'", "a'|"},
+        {"quote behind the same", "js", "''|", "'", "'''|"},
+        {"a doubled quote in a string", "pas", "a := 'b''|'", "\b", "a := 'b'|'"},
+        {"none in a string", "pas", "'a | b'", "('", "'a ('| b'"},
+        {"none in an open string", "pas", "'a |", "('", "'a ('|"},
+        {"behind a string", "pas", "'a' |", "(", "'a' (|)"},
+        {"none in a comment", "js", "// a |", "('", "// a ('|"},
+        {"Pascal's quotes", "pas", "|", "\"'", "\"'|'"},
+        {"an apostrophe begins a comment", "vbs", "|", "'(", "'(|"},
+        {"plain text", "txt", "|", "('\"", "('\"|\")"},
+        {"plain brackets", "txt", "don|", "'t (\"a\")", "don't (\"a\")|"},
+        {"XML", "xml", "<a b=|>", "\"c\"", "<a b=\"c\"|>"},
+        {"no brackets in XML", "xml", "|", "<(", "<(|"},
+    };
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.Name);
+        QString text = row.Before;
+        const QPoint caret = TakeMark(text, '|');
+        Use(row.Extension, text + "\n");
+        TTypist typist(Text, Colours, caret);
+        for (const char *key = row.Keys; *key; ++key)
+            typist.Press(QLatin1Char(*key));
+        QString line = Text.GetStrings(0);
+        line.insert(typist.Caret.x(), '|');
+        EXPECT_EQ(line.toStdString(), QString(row.After).remove('\n').toStdString());
+    }
+}
+
+TEST_F(Structure, ASelectionIsPutBetweenThePair)
+{
+    const struct {
+        const char *Extension;
+        QChar Key;
+        const char *After;
+    } rows[] = {{"js", '(', "a (bc) d"},
+                {"js", '"', "a \"bc\" d"},
+                {"js", ')', "a ) d"},
+                {"pas", '"', "a \" d"},
+                {"txt", '{', "a {bc} d"}};
+    for (const auto &row : rows) {
+        Use(row.Extension, "a bc d\n");
+        TTypist typist(Text, Colours, {2, 0});
+        typist.Selected = 2;
+        typist.Type(row.Key);
+        EXPECT_EQ(Text.GetStrings(0), row.After);
+    }
+}
+
+// However the text changes, only a character that stands there is typed over.
+TEST_F(Structure, WhatIsTypedOverStands)
+{
+    Use("txt", "\n");
+    TRandomEdits edits(Text, 815, 20, {"(", ")", "a", "\t"});
+    TTypist typist(Text, Colours, {0, 0});
+    int over = 0;
+    for (int step = 0; step < 5000; ++step) {
+        if (Text.GetCount() == 0)
+            Text.Add("");
+        typist.Caret = edits.Below(5) ? typist.Caret : edits.Place();
+        typist.Caret.setY(std::min(typist.Caret.y(), Text.GetCount() - 1));
+        typist.Caret.setX(std::min(typist.Caret.x(), Text.GetLength(typist.Caret.y())));
+        const QPoint caret = typist.Caret;
+        const QString line = Text.GetStrings(caret.y());
+        typist.Type(edits.Below(2) ? ')' : '(');
+        if (Text.GetStrings(caret.y()) == line) {
+            ASSERT_EQ(line.mid(caret.x(), 1), ")");
+            ++over;
+        }
+        if (edits.Below(4) == 0)
+            edits.One();
+    }
+    EXPECT_GT(over, 100);
 }
 
 } // namespace
