@@ -1,7 +1,7 @@
 #include "uZtAnchors.h"
 
 #include <algorithm>
-#include <tuple>
+#include <array>
 
 namespace {
 
@@ -12,8 +12,7 @@ bool IsRemoved(const TZtAnchors::TAnchor &AItem) { return AItem.Handle < 0; }
 
 bool ComesBefore(const TZtAnchors::TAnchor &A, const TZtAnchors::TAnchor &B)
 {
-    return std::tuple(A.Place.y(), A.Place.x(), A.Side) <
-           std::tuple(B.Place.y(), B.Place.x(), B.Side);
+    return ZtIsBefore(A.Place, B.Place) || (A.Place == B.Place && A.Side < B.Side);
 }
 
 } // namespace
@@ -75,25 +74,30 @@ void TZtAnchors::SortMany()
     Number(0, FItems.size());
 }
 
+// Each item behind the first new one is moved once, from the last one on.
 void TZtAnchors::SortFew()
 {
-    size_t first = FItems.size();
-    for (; FSorted < FItems.size(); ++FSorted) {
-        TAnchor item = AnchorOf(FSorted);
-        size_t i = FirstNotBefore(item.Place);
-        while (i < FSorted && !ComesBefore(item, AnchorOf(i)))
-            ++i;
+    std::array<TAnchor, Few> added{};
+    const size_t count = FItems.size() - FSorted;
+    for (size_t i = 0; i < count; ++i)
+        added[i] = AnchorOf(FSorted + i);
+    std::sort(added.begin(), added.begin() + std::ptrdiff_t(count), ComesBefore);
+    const auto at = [this](size_t i) { return FItems.begin() + std::ptrdiff_t(i); };
+    size_t end = FSorted, split = FSplit;
+    for (size_t more = count; more > 0; --more) {
+        TAnchor item = added[more - 1];
+        const size_t i = FirstNotBefore(item.Place, item.Side, end);
+        std::move_backward(at(i), at(end), at(end + more));
         if (i < FSplit)
-            ++FSplit;
+            ++split;
         else
             item.Place.ry() -= FShift;
-        const auto at = FItems.begin() + std::ptrdiff_t(i);
-        const auto from = FItems.begin() + std::ptrdiff_t(FSorted);
-        std::move_backward(at, from, from + 1);
-        *at = item;
-        first = std::min(first, i);
+        FItems[i + more - 1] = item;
+        end = i;
     }
-    Number(first, FItems.size());
+    FSplit = split;
+    FSorted = FItems.size();
+    Number(end, FSorted);
 }
 
 void TZtAnchors::MoveSplit(size_t ATo)
@@ -106,12 +110,14 @@ void TZtAnchors::MoveSplit(size_t ATo)
         FItems[FSplit - 1].Place.ry() -= FShift;
 }
 
-size_t TZtAnchors::FirstNotBefore(const QPoint &APlace) const
+// Among the first `AEnd` items.
+size_t TZtAnchors::FirstNotBefore(const QPoint &APlace, TZtAnchorSide ASide, size_t AEnd) const
 {
-    size_t low = 0, high = FSorted;
+    const TAnchor wanted{APlace, 0, ASide, 0};
+    size_t low = 0, high = AEnd;
     while (low < high) {
         const size_t middle = (low + high) / 2;
-        if (ZtIsBefore(PlaceOf(middle), APlace))
+        if (ComesBefore(AnchorOf(middle), wanted))
             low = middle + 1;
         else
             high = middle;

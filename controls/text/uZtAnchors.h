@@ -66,7 +66,11 @@ public:
     void TextChanged(const TStringList &AText, const TZtTextChange &AChange) override;
 
 private:
-    size_t FirstNotBefore(const QPoint &APlace) const;
+    size_t FirstNotBefore(const QPoint &APlace) const
+    {
+        return FirstNotBefore(APlace, TZtAnchorSide::asBefore, FSorted);
+    }
+    size_t FirstNotBefore(const QPoint &APlace, TZtAnchorSide ASide, size_t AEnd) const;
     QPoint PlaceOf(size_t i) const { return FItems[i].Place + QPoint(0, i < FSplit ? 0 : FShift); }
     TAnchor AnchorOf(size_t i) const
     {

@@ -11,14 +11,29 @@ namespace {
 constexpr int SlotBits = 24;
 constexpr quint32 SlotMask = (1u << SlotBits) - 1;
 
-// Where a range begins and where an empty one stands is tagged with the owner, where a range ends
-// with this.
-constexpr int EndTag(TZtDecorationOwner AOwner) { return ~AOwner; }
+// What the tags of anchors say, so that a pass over them need not look anything up: whose it is,
+// and what of it stands there.
+enum class TRole : quint8 {
+    roBegin,      // a range begins
+    roEnd,        // it ends
+    roBeginLines, // one of several lines begins
+    roEndLines,
+    roEmpty, // an empty one stands
+};
+constexpr int RoleBits = 3;
 
-bool IsEnd(const TZtAnchors::TAnchor &AAnchor) { return AAnchor.Tag < 0; }
-bool IsEmptyRange(const TZtAnchors::TAnchor &AAnchor)
+constexpr int TagOf(TZtDecorationOwner AOwner, TRole ARole)
 {
-    return AAnchor.Side == TZtAnchorSide::asBefore && !IsEnd(AAnchor);
+    return AOwner << RoleBits | int(ARole);
+}
+TZtDecorationOwner OwnerOf(const TZtAnchors::TAnchor &AAnchor) { return AAnchor.Tag >> RoleBits; }
+TRole RoleOf(const TZtAnchors::TAnchor &AAnchor)
+{
+    return TRole(AAnchor.Tag & ((1 << RoleBits) - 1));
+}
+bool IsEnd(const TZtAnchors::TAnchor &AAnchor)
+{
+    return RoleOf(AAnchor) == TRole::roEnd || RoleOf(AAnchor) == TRole::roEndLines;
 }
 
 bool IsBelow(const TZtPlacedDecoration &A, const TZtPlacedDecoration &B)
@@ -78,7 +93,7 @@ int TZtDecorations::AddAnchor(const QPoint &APlace, TZtAnchorSide ASide, int ATa
 
 TZtDecorationHandle TZtDecorations::Put(TZtDecorationOwner AOwner, const TZtDecoration &ADecoration)
 {
-    Q_ASSERT(AOwner >= 0);
+    Q_ASSERT(0 <= AOwner && AOwner < 1 << (31 - RoleBits));
     auto index = quint32(FSlots.size());
     if (FFree.empty()) {
         Q_ASSERT(index < SlotMask);
@@ -100,9 +115,9 @@ TZtDecorationHandle TZtDecorations::Put(TZtDecorationOwner AOwner, const TZtDeco
     const QPoint from = Inside(ADecoration.From), to = Inside(ADecoration.To);
     const bool empty = !ZtIsBefore(from, to);
     if (!empty)
-        slot.From = AddAnchor(from, TZtAnchorSide::asBehind, AOwner, index);
-    slot.To = AddAnchor(empty ? from : to, TZtAnchorSide::asBefore, empty ? AOwner : EndTag(AOwner),
-                        index);
+        slot.From = AddAnchor(from, TZtAnchorSide::asBehind, TagOf(AOwner, TRole::roBegin), index);
+    slot.To = AddAnchor(empty ? from : to, TZtAnchorSide::asBefore,
+                        TagOf(AOwner, empty ? TRole::roEmpty : TRole::roEnd), index);
     ListMultiLine(slot);
     return slot.Handle;
 }
@@ -198,7 +213,16 @@ void TZtDecorations::ListMultiLine(TSlot &ASlot)
     if (ASlot.IsListed || !IsMultiLine(ASlot))
         return;
     FMultiLine.push_back(ASlot.Handle);
-    ASlot.IsListed = true;
+    SetListed(ASlot, true);
+}
+
+void TZtDecorations::SetListed(TSlot &ASlot, bool AListed)
+{
+    ASlot.IsListed = AListed;
+    if (ASlot.From == NoAnchor)
+        return;
+    FAnchors.SetTag(ASlot.From, TagOf(ASlot.Owner, AListed ? TRole::roBeginLines : TRole::roBegin));
+    FAnchors.SetTag(ASlot.To, TagOf(ASlot.Owner, AListed ? TRole::roEndLines : TRole::roEnd));
 }
 
 // Whether one that was of several lines is so still; else it is listed no more.
@@ -207,7 +231,9 @@ bool TZtDecorations::KeepsListed(TZtDecorationHandle AHandle)
     if (!Find(AHandle))
         return false;
     TSlot &slot = FSlots[AHandle & SlotMask];
-    return slot.IsListed = IsMultiLine(slot);
+    if (!IsMultiLine(slot))
+        SetListed(slot, false);
+    return slot.IsListed;
 }
 
 void TZtDecorations::Prune()
@@ -229,7 +255,7 @@ std::vector<TZtPlacedDecoration> TZtDecorations::Touching(int AFirst, int ALast,
         return false;
     });
     FAnchors.Visit({0, AFirst}, {0, last + 1}, [&](const TZtAnchors::TAnchor &anchor) {
-        if (IsEnd(anchor) || (IsEmptyRange(anchor) && !AEmptyToo))
+        if (IsEnd(anchor) || (RoleOf(anchor) == TRole::roEmpty && !AEmptyToo))
             return;
         const TSlot &slot = FSlots[FSlotOf[size_t(anchor.Handle)]];
         if (!slot.IsListed)
@@ -258,13 +284,20 @@ std::optional<QPoint> TZtDecorations::Next(const QPoint &APlace, bool AForward)
 void TZtDecorations::Survey(std::vector<quint32> &ARows, const TBitsOf &ABitsOf, bool AEmptyToo)
 {
     TZtOverviewRows rows(ARows, FListening.GetLines());
+    TZtDecorationOwner owner = -1;
+    quint32 bits = 0;
     FAnchors.VisitAll([&](const TZtAnchors::TAnchor &anchor) {
-        if (IsEnd(anchor))
-            rows.Close(anchor.Place.y(), ABitsOf(~anchor.Tag));
-        else if (!IsEmptyRange(anchor))
-            rows.Open(anchor.Place.y(), ABitsOf(anchor.Tag));
-        else if (AEmptyToo)
-            rows.Mark(anchor.Place.y(), ABitsOf(anchor.Tag));
+        const TRole role = RoleOf(anchor);
+        if (role == TRole::roEnd || (role == TRole::roEmpty && !AEmptyToo))
+            return;
+        if (owner != OwnerOf(anchor))
+            bits = ABitsOf(owner = OwnerOf(anchor));
+        if (role == TRole::roBeginLines)
+            rows.Open(anchor.Place.y(), bits);
+        else if (role == TRole::roEndLines)
+            rows.Close(anchor.Place.y(), bits);
+        else
+            rows.Mark(anchor.Place.y(), bits);
     });
 }
 
@@ -290,7 +323,7 @@ void TZtDecorations::BecomeEmpty(const QPoint &APlace)
     });
     for (TSlot *slot : empty) {
         FAnchors.Remove(slot->From);
-        FAnchors.SetTag(slot->To, slot->Owner);
+        FAnchors.SetTag(slot->To, TagOf(slot->Owner, TRole::roEmpty));
         slot->From = NoAnchor;
     }
 }

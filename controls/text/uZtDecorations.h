@@ -39,7 +39,7 @@ struct TZtDecoration {
 
 /// Names a decoration, and never another one. 0 names none.
 using TZtDecorationHandle = quint64;
-/// Who a decoration belongs to: a number, 0 or more, that the host chooses.
+/// Who a decoration belongs to: a number from 0 to 2^28 - 1 that the host chooses.
 using TZtDecorationOwner = int;
 
 /// A decoration where it stands now. The pointers hold until one is added or removed.
@@ -129,6 +129,7 @@ private:
     TZtDecorationHandle Put(TZtDecorationOwner AOwner, const TZtDecoration &ADecoration);
     void Free(quint32 ASlot);
     void ListMultiLine(TSlot &ASlot);
+    void SetListed(TSlot &ASlot, bool AListed);
     bool KeepsListed(TZtDecorationHandle AHandle);
     void Prune();
     TZtPlacedDecoration Placed(const TSlot &ASlot) const;

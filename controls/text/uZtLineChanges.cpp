@@ -107,12 +107,12 @@ template <typename TMap> void TZtLineChanges::MapAll(TMap AMap)
 {
     TZtLineItems runs;
     quint32 last = 0;
-    for (qsizetype i = 0; i < FRuns.GetCount(); ++i) {
-        const quint32 value = AMap(FRuns.GetValue(i));
-        if (value != last)
-            runs.Insert(runs.GetCount(), FRuns.GetLine(i), value);
-        last = value;
-    }
+    FRuns.VisitAll([&](int line, quint32 value) {
+        const quint32 mapped = AMap(value);
+        if (mapped != last)
+            runs.Insert(runs.GetCount(), line, mapped);
+        last = mapped;
+    });
     FRuns.Swap(runs);
     Tell();
 }
@@ -145,15 +145,20 @@ void TZtLineChanges::Survey(std::vector<quint32> &ARows) const
 {
     const int lines = FListening.GetLines();
     TZtOverviewRows rows(ARows, lines);
-    const qsizetype count = FRuns.GetCount();
-    for (qsizetype i = 0, next = 0; i < count; i = next) {
-        const TZtLineState state = StateOf(FRuns.GetValue(i));
-        for (next = i + 1; next < count && StateOf(FRuns.GetValue(next)) == state; ++next) {
-        }
+    TZtLineState state = TZtLineState::csNone; // of the lines from `first` on
+    int first = 0;
+    const auto begin = [&](int line, quint32 value) {
+        const TZtLineState next = StateOf(value);
+        if (next == state)
+            return;
         if (state != TZtLineState::csNone)
-            rows.Mark(FRuns.GetLine(i), (next < count ? FRuns.GetLine(next) : lines) - 1,
-                      1u << quint32(state));
-    }
+            rows.Mark(first, line - 1, 1u << quint32(state));
+        state = next;
+        first = line;
+    };
+    FRuns.VisitAll(begin);
+    if (state != TZtLineState::csNone)
+        rows.Mark(first, lines - 1, 1u << quint32(state));
 }
 
 void TZtLineChanges::TextChanged(const TStringList &AText, const TZtTextChange &AChange)

@@ -27,6 +27,15 @@ public:
         }
         return low;
     }
+    /// Calls `AVisit(line, value)` for all, in order.
+    template <typename TVisit> void VisitAll(TVisit AVisit) const
+    {
+        const qsizetype count = GetCount(), split = FSplit;
+        for (qsizetype i = 0; i < split; ++i)
+            AVisit(FItems[i].Line, FItems[i].Value);
+        for (qsizetype i = split; i < count; ++i)
+            AVisit(FItems[i].Line + FShift, FItems[i].Value);
+    }
     /// Puts an item before another one; the order is the caller's care.
     void Insert(qsizetype AIndex, int ALine, quint32 AValue)
     {

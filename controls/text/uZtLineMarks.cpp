@@ -68,9 +68,10 @@ void TZtLineMarks::Clear(TZtLineMark AKind)
     if (GetCount(AKind) == 0)
         return;
     TZtLineItems others;
-    for (qsizetype i = 0; i < FItems.GetCount(); ++i)
-        if (const TZtLineMarkSet marks = FItems.GetValue(i) & ~ZtMarkBit(AKind))
-            others.Insert(others.GetCount(), FItems.GetLine(i), marks);
+    FItems.VisitAll([&](int line, TZtLineMarkSet marks) {
+        if ((marks &= ~ZtMarkBit(AKind)) != 0)
+            others.Insert(others.GetCount(), line, marks);
+    });
     FItems.Swap(others);
     FCounts[size_t(AKind)] = 0;
     Tell();
@@ -111,8 +112,7 @@ int TZtLineMarks::Next(int ALine, TZtLineMark AKind, bool AForward) const
 void TZtLineMarks::Survey(std::vector<quint32> &ARows) const
 {
     TZtOverviewRows rows(ARows, FListening.GetLines());
-    for (qsizetype i = 0; i < FItems.GetCount(); ++i)
-        rows.Mark(FItems.GetLine(i), FItems.GetValue(i));
+    FItems.VisitAll([&](int line, TZtLineMarkSet marks) { rows.Mark(line, marks); });
 }
 
 // Puts marks that have moved behind the items before an index, or to those of the last one there.

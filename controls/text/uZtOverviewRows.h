@@ -19,6 +19,10 @@ public:
     void Mark(int ALine, quint32 ABits) { Mark(ALine, ALine, ABits); }
     void Mark(int AFirst, int ALast, quint32 ABits)
     {
+        if (FFirst <= AFirst && AFirst <= ALast && ALast < FEnd) {
+            FRows[FRow] |= ABits;
+            return;
+        }
         if (FRows.empty() || ALast < AFirst)
             return;
         for (size_t row = Row(AFirst), last = Row(ALast); row <= last; ++row)
