@@ -2,6 +2,7 @@
 
 #include "uZtListening.h"
 
+#include <algorithm>
 #include <optional>
 #include <vector>
 
@@ -40,11 +41,15 @@ public:
         Sort();
         VisitItems(FirstNotBefore(AFrom), FirstNotBefore(ATo), AVisit);
     }
-    /// `Visit` of all.
-    template <typename TVisit> void VisitAll(const TVisit &AVisit)
+    /// `Visit` of all; `AVisit` answers the line above which others need not be visited.
+    template <typename TVisit> void VisitFrom(const TVisit &AVisit)
     {
         Sort();
-        VisitItems(0, FItems.size(), AVisit);
+        for (size_t i = 0; i < FItems.size(); ++i) {
+            const int line = FItems[i].Handle < 0 ? 0 : AVisit(AnchorOf(i));
+            if (line > PlaceOf(i).y())
+                i = std::max(i, FirstNotBefore({0, line}) - 1);
+        }
     }
     /// Where the next anchor behind a place stands that `AIsOne(TAnchor)` answers true for, or the
     /// last one before it, going round at the ends. Null when there is none.

@@ -284,20 +284,24 @@ std::optional<QPoint> TZtDecorations::Next(const QPoint &APlace, bool AForward)
 void TZtDecorations::Survey(std::vector<quint32> &ARows, const TBitsOf &ABitsOf, bool AEmptyToo)
 {
     TZtOverviewRows rows(ARows, FListening.GetLines());
-    TZtDecorationOwner owner = -1;
-    quint32 bits = 0;
-    FAnchors.VisitAll([&](const TZtAnchors::TAnchor &anchor) {
+    quint32 all = 0, bits = 0;
+    for (const auto &[owner, owned] : FOwned)
+        all |= ABitsOf(owner);
+    const bool jumps = FMultiLine.empty(); // else each end has to be seen
+    TZtDecorationOwner last = -1;
+    FAnchors.VisitFrom([&](const TZtAnchors::TAnchor &anchor) {
         const TRole role = RoleOf(anchor);
         if (role == TRole::roEnd || (role == TRole::roEmpty && !AEmptyToo))
-            return;
-        if (owner != OwnerOf(anchor))
-            bits = ABitsOf(owner = OwnerOf(anchor));
+            return 0;
+        if (last != OwnerOf(anchor))
+            bits = ABitsOf(last = OwnerOf(anchor));
         if (role == TRole::roBeginLines)
             rows.Open(anchor.Place.y(), bits);
         else if (role == TRole::roEndLines)
             rows.Close(anchor.Place.y(), bits);
         else
             rows.Mark(anchor.Place.y(), bits);
+        return jumps ? rows.GetNextLine(all) : 0;
     });
 }
 

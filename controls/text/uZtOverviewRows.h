@@ -28,6 +28,12 @@ public:
         for (size_t row = Row(AFirst), last = Row(ALast); row <= last; ++row)
             FRows[row] |= ABits;
     }
+    /// The line from which on marks can add something, where no others than `AAll` are set: behind
+    /// the row marked last when that has them all.
+    int GetNextLine(quint32 AAll) const
+    {
+        return FRows.empty() || (FRows[FRow] & AAll) != AAll ? 0 : int(std::min(FEnd, FLines));
+    }
     /// `Mark` of lines that overlap others: `Open` with the first of them, `Close` with the last
     /// one, all in the order of their lines.
     void Open(int ALine, quint32 ABits)
