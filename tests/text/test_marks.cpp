@@ -179,63 +179,122 @@ QString Shown(const std::optional<TZtDiagnostic> &ADiagnostic)
 
 } // namespace
 
-TEST_F(TMarks, AllKeepTheirPlacesThroughAnyEdits)
-{
-    const int longRun = qEnvironmentVariableIntValue("ZT_RANDOM_STEPS");
-    TRandomEdits edits(Text, unsigned(qEnvironmentVariableIntValue("ZT_RANDOM_SEED")));
-    Changes.SetIsWholeTextMarked(true);
-    Text.AddListener(&Plain);
-    QStringList saved; // the lines of the text when it was saved
-    Plain.Read(0);
-    const auto range = [&] {
-        QPoint from = edits.Place(), to = edits.Below(3) ? edits.Place() : from;
-        return ZtIsBefore(to, from) ? TPlainRange{to, from, 0, edits.Below(3)}
-                                    : TPlainRange{from, to, 0, edits.Below(3)};
-    };
-    for (int step = 0; step < (longRun > 0 ? longRun : 5'000) && !HasFailure(); ++step) {
-        const int kind = edits.Below(20);
-        if (kind < 12) {
-            edits.One();
-        } else if (kind < 14) {
-            TPlainRange plain = range();
-            plain.Owner = edits.Below(3);
+// Marks that are set and taken away while the text is edited.
+struct TMarksAtRandom : TMarks {
+    const int LongRun = qEnvironmentVariableIntValue("ZT_RANDOM_STEPS");
+    TRandomEdits Edits{Text, unsigned(qEnvironmentVariableIntValue("ZT_RANDOM_SEED"))};
+    QStringList Saved; // the lines of the text when it was saved
+    bool OneLine = false;
+
+    TMarksAtRandom()
+    {
+        Changes.SetIsWholeTextMarked(true);
+        Text.AddListener(&Plain);
+        Plain.Read(0);
+    }
+    ~TMarksAtRandom() override { Text.RemoveListener(&Plain); }
+    TPlainRange Range(int AOwner)
+    {
+        QPoint from = Edits.Place(), to = Edits.Place();
+        if (OneLine)
+            to = {from.y() < Text.GetCount() ? Text.GetLength(from.y()) : 0, from.y()};
+        if (ZtIsBefore(to, from))
+            std::swap(from, to);
+        return {from, Edits.Below(8) ? to : from, AOwner, Edits.Below(3)};
+    }
+    void Replace(int AOwner)
+    {
+        std::vector<TPlainRange> plain;
+        std::vector<TZtDecoration> ranges;
+        for (int i = Edits.Below(20); i > 0; --i) {
+            plain.push_back(Range(AOwner));
+            ranges.push_back({plain.back().From, plain.back().To, {}, plain.back().Layer});
+        }
+        Decorations.ReplaceOwner(AOwner, ranges);
+        std::erase_if(Plain.Ranges, [=](auto &item) { return item.second.Owner == AOwner; });
+        std::vector<TZtDecorationHandle> handles;
+        for (const auto &placed : Decorations.GetAllInLines(0, Text.GetCount()))
+            if (placed.Owner == AOwner)
+                handles.push_back(placed.Handle);
+        ASSERT_EQ(handles.size(), plain.size());
+        std::sort(handles.begin(), handles.end());
+        for (size_t i = 0; i < plain.size(); ++i)
+            Plain.Ranges[handles[i]] = plain[i];
+    }
+    void One(int AKind)
+    {
+        if (AKind < 11) {
+            Edits.One();
+        } else if (AKind < 14) {
+            const TPlainRange plain = Range(Edits.Below(3));
             Plain.Ranges[Decorations.Add(plain.Owner, {plain.From, plain.To, {}, plain.Layer})] =
                 plain;
-        } else if (kind == 14 && !Plain.Ranges.empty()) {
+        } else if (AKind == 14 && !Plain.Ranges.empty()) {
             const auto gone = Plain.Ranges.extract(
-                std::next(Plain.Ranges.begin(), edits.Below(int(Plain.Ranges.size()))));
+                std::next(Plain.Ranges.begin(), Edits.Below(int(Plain.Ranges.size()))));
             Decorations.Remove(gone.key());
             Decorations.Remove(gone.key()); // names no other one
-        } else if (kind == 15 && edits.Below(4) == 0) {
-            const int owner = edits.Below(3);
-            Decorations.RemoveOwner(owner);
-            std::erase_if(Plain.Ranges,
-                          [&](const auto &item) { return item.second.Owner == owner; });
-        } else if (kind == 16) {
+        } else if (AKind == 15) {
+            Replace(Edits.Below(3));
+        } else if (AKind == 16) {
             Changes.MarkSaved();
-            saved.clear();
+            Saved.clear();
             for (int i = 0; i < Text.GetCount(); ++i)
-                saved += Text.GetStrings(i);
+                Saved += Text.GetStrings(i);
         } else {
-            Marks.Toggle(edits.Below(std::max(Text.GetCount(), 1)), TZtLineMark(edits.Below(4)));
+            Marks.Toggle(Edits.Below(std::max(Text.GetCount(), 1)), TZtLineMark(Edits.Below(4)));
         }
         Plain.Read(Text.GetCount());
-        const int first = edits.Below(20);
-        CompareRanges(first, first + edits.Below(4), edits.Place());
-        CompareSurveys(size_t(1 + edits.Below(30)));
-        ASSERT_EQ(Decorations.GetCount(), int(Plain.Ranges.size()));
+    }
+    // Lines that were not changed stand in the order that they were saved in.
+    void CompareLines() const
+    {
         for (const TZtLineMark mark : {TZtLineMark::lmBookmark, TZtLineMark::lmError})
-            ASSERT_EQ(Marks.GetCount(mark), CountOf(mark)) << step;
-        qsizetype at = -1; // lines that were not changed stand in the order that they were saved in
+            EXPECT_EQ(Marks.GetCount(mark), CountOf(mark));
+        qsizetype at = -1;
         for (int i = 0; i < Text.GetCount(); ++i) {
             if (Changes.GetState(i) == csChanged)
                 continue;
-            at = saved.indexOf(Text.GetStrings(i), at + 1);
-            ASSERT_GE(at, 0) << step;
+            at = Saved.indexOf(Text.GetStrings(i), at + 1);
+            ASSERT_GE(at, 0);
         }
+    }
+    void CompareNext(const QPoint &APlace, bool AForward)
+    {
+        std::vector<QPoint> places;
+        for (const auto &[handle, range] : Plain.Ranges)
+            places.push_back(range.From);
+        std::sort(places.begin(), places.end(), ZtIsBefore);
+        std::optional<QPoint> next;
+        if (!places.empty() && AForward) {
+            const auto behind = std::upper_bound(places.begin(), places.end(), APlace, ZtIsBefore);
+            next = behind == places.end() ? places.front() : *behind;
+        } else if (!places.empty()) {
+            const auto at = std::lower_bound(places.begin(), places.end(), APlace, ZtIsBefore);
+            next = at == places.begin() ? places.back() : at[-1];
+        }
+        EXPECT_EQ(Decorations.Next(APlace, AForward), next);
+    }
+};
+
+TEST_F(TMarksAtRandom, KeepTheirPlacesThroughAnyEdits)
+{
+    for (int step = 0; step < (LongRun > 0 ? LongRun : 10'000); ++step) {
+        if (step % 500 == 0) {
+            for (int owner = 0; owner < 3; ++owner)
+                Decorations.RemoveOwner(owner);
+            Plain.Ranges.clear();
+            OneLine = !OneLine;
+        }
+        One(Edits.Below(20));
+        const int first = Edits.Below(20);
+        CompareRanges(first, first + Edits.Below(4), Edits.Place());
+        CompareSurveys(size_t(1 + Edits.Below(30)));
+        CompareNext(Edits.Place(), Edits.Below(2));
+        CompareLines();
+        ASSERT_EQ(Decorations.GetCount(), int(Plain.Ranges.size()));
         ASSERT_FALSE(HasFailure()) << "step " << step;
     }
-    Text.RemoveListener(&Plain);
 }
 
 TEST_F(TMarks, AMarkGoesWithItsLine)
