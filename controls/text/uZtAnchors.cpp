@@ -1,7 +1,6 @@
 #include "uZtAnchors.h"
 
 #include <algorithm>
-#include <array>
 
 namespace {
 
@@ -77,14 +76,13 @@ void TZtAnchors::SortMany()
 // Each item behind the first new one is moved once, from the last one on.
 void TZtAnchors::SortFew()
 {
-    std::array<TAnchor, Few> added{};
-    const size_t count = FItems.size() - FSorted;
-    for (size_t i = 0; i < count; ++i)
-        added[i] = AnchorOf(FSorted + i);
-    std::sort(added.begin(), added.begin() + std::ptrdiff_t(count), ComesBefore);
+    std::vector<TAnchor> added;
+    for (size_t i = FSorted; i < FItems.size(); ++i)
+        added.push_back(AnchorOf(i));
+    std::sort(added.begin(), added.end(), ComesBefore);
     const auto at = [this](size_t i) { return FItems.begin() + std::ptrdiff_t(i); };
     size_t end = FSorted, split = FSplit;
-    for (size_t more = count; more > 0; --more) {
+    for (size_t more = added.size(); more > 0; --more) {
         TAnchor item = added[more - 1];
         const size_t i = FirstNotBefore(item.Place, item.Side, end);
         std::move_backward(at(i), at(end), at(end + more));
