@@ -48,9 +48,8 @@ void TZtAnchors::Number(size_t AFrom, size_t ATo)
 // Puts what was added since in its place, and removed items away where they are many.
 void TZtAnchors::Sort()
 {
-    if (FItems.size() > 64 && FItems.size() > 2 * size_t(FCount))
-        SortMany();
-    else if (FItems.size() - FSorted > Few)
+    const bool manyRemoved = FItems.size() > 64 && FItems.size() > 2 * size_t(FCount);
+    if (manyRemoved || FItems.size() - FSorted > Few)
         SortMany();
     else if (FItems.size() > FSorted)
         SortFew();
