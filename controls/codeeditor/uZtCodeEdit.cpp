@@ -47,7 +47,7 @@ TZtCodeEdit::TZtCodeEdit(QWidget *AOwner) : TCustomControl(AOwner)
     setAttribute(Qt::WA_InputMethodEnabled);
     setCursor(Qt::IBeamCursor);
     FCaret = new TZtCaret(this);
-    FExtras = std::make_unique<TZtEditExtras>(*this);
+    FExtras = std::make_unique<TZtEditExtras>(*this, this);
     AttachText(std::make_shared<TZtEditedText>());
     FOptions.setFlag(TZtCodeOption::coShowGuttor);
     setFont(DefaultFont());

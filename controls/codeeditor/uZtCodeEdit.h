@@ -13,6 +13,7 @@
 #include "uZtStringList.h"
 #include "uZtUndoHistory.h"
 #include "uZtUndoList.h"
+#include "uZtViewHost.h"
 
 #include <QBasicTimer>
 #include <QElapsedTimer>
@@ -113,7 +114,7 @@ using TZtGuttorClickEvent = std::function<void(int ALine, int AColumn, TMouseBut
 /// prevents the change that it announces. What any other handler raises in the middle of an
 /// operation is raised when the operation has come to its end: it is done then, with its undo item.
 /// An operation that finds a line gone which a handler took away raises `EStringListError`.
-class TZtCodeEdit : public TCustomControl, public TZtUndoTarget {
+class TZtCodeEdit : public TCustomControl, public TZtUndoTarget, public TZtViewHost {
     Q_OBJECT
     Q_PROPERTY(TBorderStyle BorderStyle READ GetBorderStyle WRITE SetBorderStyle)
     Q_PROPERTY(TStringList *Lines READ GetLines WRITE SetLines)
@@ -286,10 +287,9 @@ public:
     // === uZtCodeEditExtras.cpp: what is shown and offered beside the text
     // =========================
 
-    TZtExtras GetExtras() const { return FShownExtras; }
+    TZtExtras GetExtras() const final { return FShownExtras; }
     /// What the editor shows and offers beside the text; none of it unless the host says so.
     void SetExtras(TZtExtras Value);
-    bool HasExtra(TZtExtra AExtra) const { return FShownExtras.testFlag(AExtra); }
     /// Its columns are shown with `zcPicture`, which the extras bring with them.
     TZtGuttor *GetGuttor() const;
     /// The gutter's column of marks, for icons of the host's own.
@@ -300,16 +300,16 @@ public:
     void SetOnGuttorClick(const TZtGuttorClickEvent &Value) { FOnGuttorClick = Value; }
     /// Decorations, diagnostics, marks and changes of the text, for all editors that show it. The
     /// changes are those since they were asked for first. Drawn with `zcPicture`.
-    TZtTextMarks &GetTextMarks();
-    bool HasTextMarks() const;
+    TZtTextMarks &GetTextMarks() final;
+    bool HasTextMarks() const final;
     /// Never null: "Classic" by default.
     const std::shared_ptr<const TZtColorScheme> &GetScheme() const;
     /// The colours of the text and of everything around it; null for "Classic", the lexers' tables
     /// and the desktop's colours.
     void SetScheme(const std::shared_ptr<const TZtColorScheme> &Value);
     /// The colour of a part of the view, of the scheme or of the desktop.
-    TColor GetViewColor(TZtViewColor APart) const;
-    QRgb GetViewRgb(TZtViewColor APart) const;
+    TColor GetViewColor(TZtViewColor APart) const final;
+    QRgb GetViewRgb(TZtViewColor APart) const final;
     int GetZoom() const { return FZoom; }
     /// The size of the font in per cent of what the host has set, 20 to 500.
     void SetZoom(int Value);
@@ -318,16 +318,20 @@ public:
     /// How many there are; -1 until the whole text was looked through, which is done in idle time.
     qint64 GetMatchCount() const;
     /// Puts the caret at the start of a line (0-based) and the line into the middle of the view.
-    void GoToLine(int ALine);
+    void GoToLine(int ALine) final;
     /// Runs a command of the extras; message 1029 does it too. Answers whether it led anywhere.
     bool RunExtra(TZtExtraCommand ACommand);
     /// The colours of lines; null without `zcPicture`.
-    TZtHighlighter *GetHighlighter() const { return FHighlighter.get(); }
-    const TZtCellRules &GetCellRules() const { return FCells; }
+    TZtHighlighter *GetHighlighter() const final { return FHighlighter.get(); }
+    const TZtCellRules &GetCellRules() const final { return FCells; }
+    int GetIndentStep() const final
+    {
+        return FTabIndentSize > 0 ? FTabIndentSize : FCells.TabWidth;
+    }
     /// To be called when what is shown beside the text is other: lays out and paints anew.
-    void ExtrasChanged();
+    void ExtrasChanged() final;
     /// To be called when other lines have something in the overview ruler.
-    void OverviewChanged();
+    void OverviewChanged() final;
 
     // === uZtCodeEditPaint.cpp: rendering
     // ==========================================================
@@ -350,12 +354,12 @@ public:
     // === uZtCodeEditCaret.cpp: the caret's place
     // ==================================================
 
-    int GetCharPos() const { return FCharPos; }
+    int GetCharPos() const final { return FCharPos; }
     /// Moves the caret in its line; right of the line's end is allowed. A negative column gives
     /// column 0 of the line above. Scrolls it into view and fires `OnCursorChange`; the selection
     /// follows.
     void SetCharPos(int Value) final;
-    int GetLinePos() const { return FLinePos; }
+    int GetLinePos() const final { return FLinePos; }
     /// Moves the caret to a line, clamped to the text. The column stays.
     void SetLinePos(int Value) final;
     /// Puts the caret's mark where the caret is, or hides it outside the text area.
@@ -421,9 +425,9 @@ public:
     // === uZtCodeEditSelection.cpp: selection and clipboard
     // ========================================
 
-    QPoint GetSelStart() const { return FSelStart; }
+    QPoint GetSelStart() const final { return FSelStart; }
     void SetSelStart(const QPoint &P) final;
-    QPoint GetSelEnd() const { return FSelEnd; }
+    QPoint GetSelEnd() const final { return FSelEnd; }
     void SetSelEnd(const QPoint &P) final;
     /// Moves the selection's end to the caret, and its anchor too unless Shift is down or a drag
     /// goes on; with `ACollapse` Shift does not count.

@@ -1,6 +1,6 @@
 #include "uZtEditExtras.h"
 
-#include "uZtCodeEdit.h"
+#include "uZtStringList.h"
 #include "uZtStructureParts.h"
 #include "uZtTextMarks.h"
 #include "uZtViewParts.h"
@@ -13,14 +13,14 @@ using enum TZtViewColor;
 
 namespace {
 
-template <typename TPart> std::unique_ptr<TZtViewPart> Make(TZtCodeEdit &AEdit)
+template <typename TPart> std::unique_ptr<TZtViewPart> Make(TZtViewHost &AEdit)
 {
     return std::make_unique<TPart>(AEdit);
 }
 
 struct TPartKind {
     TZtExtras For; // shown for any of these; for all, always
-    std::unique_ptr<TZtViewPart> (*Make)(TZtCodeEdit &AEdit);
+    std::unique_ptr<TZtViewPart> (*Make)(TZtViewHost &AEdit);
 };
 
 // The lowest first.
@@ -58,6 +58,19 @@ constexpr std::array RulerKinds = {
                TZtOverviewRuler::TLane::laRight},
 };
 
+// A line's own, and one for the worst that is said of it.
+TZtLineMarkSet MarksOf(TZtViewHost &AEdit, int ALine)
+{
+    static constexpr std::array kinds = {TZtLineMark::lmError, TZtLineMark::lmWarning,
+                                         TZtLineMark::lmInformation}; // by severity
+    TZtTextMarks &marks = AEdit.GetTextMarks();
+    TZtLineMarkSet set = marks.Marks.GetMarks(ALine);
+    if (AEdit.HasExtra(zeDiagnostics))
+        if (const auto severity = marks.Diagnostics.OfLine(ALine))
+            set |= ZtMarkBit(kinds[size_t(*severity)]);
+    return set;
+}
+
 template <typename TColumn> TColumn *Add(TZtGuttor &AGuttor, std::unique_ptr<TColumn> AColumn)
 {
     TColumn *column = AColumn.get();
@@ -68,13 +81,14 @@ template <typename TColumn> TColumn *Add(TZtGuttor &AGuttor, std::unique_ptr<TCo
 
 } // namespace
 
-TZtEditExtras::TZtEditExtras(TZtCodeEdit &AEdit) : FEdit(AEdit), FParts(PartKinds.size())
+TZtEditExtras::TZtEditExtras(TZtViewHost &AEdit, QWidget *AWidget)
+    : FEdit(AEdit), FWidget(AWidget), FParts(PartKinds.size())
 {
-    const auto marks = [&AEdit] { return &AEdit.GetTextMarks().Marks; };
-    const auto changes = [&AEdit] { return &AEdit.GetTextMarks().Changes; };
+    const auto marks = [&AEdit](int line) { return MarksOf(AEdit, line); };
+    const auto state = [&AEdit](int line) { return AEdit.GetTextMarks().Changes.GetState(line); };
     FMarks = Add(FGuttor, std::make_unique<TZtMarkColumn>(marks));
     FNumbers = Add(FGuttor, std::make_unique<TZtNumberColumn>());
-    FChanges = Add(FGuttor, std::make_unique<TZtChangeColumn>(changes));
+    FChanges = Add(FGuttor, std::make_unique<TZtChangeColumn>(state));
     FMarks->OnToolTip = [&AEdit](int line) {
         QStringList texts;
         TZtTextMarks &text = AEdit.GetTextMarks();
@@ -114,7 +128,7 @@ void TZtEditExtras::ShowRuler(bool AShow)
     }
     if (FRuler)
         return;
-    FRuler = std::make_unique<TZtOverviewRuler>(&FEdit);
+    FRuler = std::make_unique<TZtOverviewRuler>(FWidget);
     FRuler->OnSurvey = [this](std::vector<quint32> &rows) { Survey(rows); };
     FRuler->OnGoTo = [this](double place) { GoTo(place); };
     FRuler->show();

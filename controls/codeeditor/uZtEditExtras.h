@@ -13,7 +13,8 @@
 /// gutter's columns and the overview ruler. The editor owns it from the first of them on.
 class TZtEditExtras final {
 public:
-    explicit TZtEditExtras(TZtCodeEdit &AEdit);
+    /// `AWidget` is the editor's own, for the ruler.
+    TZtEditExtras(TZtViewHost &AEdit, QWidget *AWidget);
     ~TZtEditExtras();
     TZtEditExtras(const TZtEditExtras &) = delete;
     TZtEditExtras &operator=(const TZtEditExtras &) = delete;
@@ -57,7 +58,8 @@ private:
     void GoTo(double APlace) const;
     void Survey(std::vector<quint32> &ARows) const;
 
-    TZtCodeEdit &FEdit;
+    TZtViewHost &FEdit;
+    QWidget *FWidget;
     TZtGuttor FGuttor;
     TZtMarkColumn *FMarks; // these three are the gutter's
     TZtNumberColumn *FNumbers;

@@ -1,6 +1,6 @@
 #include "uZtStructureParts.h"
 
-#include "uZtCodeEdit.h"
+#include "uZtStringList.h"
 #include "uZtWordScan.h"
 
 #include <algorithm>
@@ -9,12 +9,6 @@ using enum TZtViewColor;
 
 // --- guides --------------------------------------------------------------------------------------
 
-int TZtGuidesPart::Step() const
-{
-    const int size = Edit().GetTabIndentSize();
-    return size > 0 ? size : Edit().GetTabWidth();
-}
-
 void TZtGuidesPart::BeginRows(int AFirst, int ALast)
 {
     const TStringList &lines = *Edit().GetLines();
@@ -22,7 +16,7 @@ void TZtGuidesPart::BeginRows(int AFirst, int ALast)
     FCells = ZtGuideCells(lines, AFirst, ALast, Edit().GetCellRules());
     const int caret = Edit().GetLinePos();
     FCurrent = caret < lines.GetCount()
-                   ? ZtCurrentGuide(lines, caret, Step(), Edit().GetCellRules())
+                   ? ZtCurrentGuide(lines, caret, Edit().GetIndentStep(), Edit().GetCellRules())
                    : TZtGuide();
 }
 
@@ -31,8 +25,8 @@ void TZtGuidesPart::AddToLine(int ALine, int, int, TZtLineLook &ALook)
     const size_t at = size_t(ALine - FFirst);
     if (at >= FCells.size())
         return;
-    for (int i = 0; i < ZtGuideCount(FCells[at], Step()); ++i) {
-        const int cell = i * Step();
+    for (int i = 0; i < ZtGuideCount(FCells[at], Edit().GetIndentStep()); ++i) {
+        const int cell = i * Edit().GetIndentStep();
         const bool current =
             cell == FCurrent.Cell && FCurrent.First <= ALine && ALine <= FCurrent.Last;
         ALook.Guides.push_back({cell, Edit().GetViewColor(current ? vcCurrentGuide : vcGuide)});

@@ -16,8 +16,6 @@ public:
     void AddToLine(int ALine, int AFrom, int ATo, TZtLineLook &ALook) override;
 
 private:
-    int Step() const;
-
     int FFirst = 0;
     std::vector<int> FCells; // of the lines from FFirst on
     TZtGuide FCurrent;
@@ -26,7 +24,7 @@ private:
 /// All matches of a text.
 class TZtMatchesPart : public TZtViewPart {
 public:
-    explicit TZtMatchesPart(TZtCodeEdit &AEdit) : TZtViewPart(AEdit) { TextAttached(); }
+    explicit TZtMatchesPart(TZtViewHost &AEdit) : TZtViewPart(AEdit) { TextAttached(); }
     /// An empty text marks nothing.
     /// Answers whether another one is marked now.
     bool SetSearch(const QString &AText, TZtSearchFlags AFlags);

@@ -1,17 +1,16 @@
 #pragma once
 
 #include "uZtLineLook.h"
+#include "uZtViewHost.h"
 
 #include <QPoint>
 #include <QString>
-
-class TZtCodeEdit;
 
 /// Something that an editor shows beside its text. It is told what happens and asked what it adds
 /// to the lines in sight; what it adds goes over what the parts before it have added.
 class TZtViewPart {
 public:
-    explicit TZtViewPart(TZtCodeEdit &AEdit) : FEdit(AEdit) {}
+    explicit TZtViewPart(TZtViewHost &AEdit) : FEdit(AEdit) {}
     virtual ~TZtViewPart() = default;
     TZtViewPart(const TZtViewPart &) = delete;
     TZtViewPart &operator=(const TZtViewPart &) = delete;
@@ -34,8 +33,8 @@ public:
     virtual void Survey(std::vector<quint32> &) {}
 
 protected:
-    TZtCodeEdit &Edit() const { return FEdit; }
+    TZtViewHost &Edit() const { return FEdit; }
 
 private:
-    TZtCodeEdit &FEdit;
+    TZtViewHost &FEdit;
 };

@@ -1,16 +1,18 @@
 #include "uZtViewParts.h"
 
-#include "uZtCodeEdit.h"
 #include "uZtTextMarks.h"
 
 #include <algorithm>
+#include <array>
+
+using enum TZtViewColor;
 
 // --- the caret's line ----------------------------------------------------------------------------
 
 void TZtCurrentLinePart::AddToLine(int ALine, int, int, TZtLineLook &ALook)
 {
     if (ALine == Edit().GetLinePos())
-        ALook.Back = Edit().GetViewColor(TZtViewColor::vcCurrentLine);
+        ALook.Back = Edit().GetViewColor(vcCurrentLine);
 }
 
 // --- blanks --------------------------------------------------------------------------------------
@@ -36,22 +38,26 @@ void TZtBlanksPart::AddToLine(int ALine, int, int ATo, TZtLineLook &ALook)
 
 void TZtDecorationsPart::BeginRows(int AFirst, int ALast)
 {
-    FPlaced.clear();
+    static constexpr std::array colours = {vcError, vcWarning, vcInformation}; // by severity
+    FShown.clear();
     if (!Edit().HasTextMarks())
         return;
     TZtTextMarks &marks = Edit().GetTextMarks();
-    const auto add = [&](TZtDecorations &decorations) {
-        const auto placed = decorations.GetInLines(AFirst, ALast);
-        FPlaced.insert(FPlaced.end(), placed.begin(), placed.end());
-    };
-    if (Edit().HasExtra(TZtExtra::zeDiagnostics))
-        add(marks.Diagnostics.GetDecorations());
-    add(marks.Decorations);
+    if (Edit().HasExtra(TZtExtra::zeDiagnostics)) {
+        for (const auto &placed : marks.Diagnostics.GetDecorations().GetInLines(AFirst, ALast)) {
+            const auto severity = size_t(TZtDiagnostics::SeverityOf(placed.Owner));
+            FShown.push_back({placed, *placed.Style});
+            if (!placed.Style->UnderlineColor)
+                FShown.back().Style.UnderlineColor = Edit().GetViewColor(colours[severity]);
+        }
+    }
+    for (const auto &placed : marks.Decorations.GetInLines(AFirst, ALast))
+        FShown.push_back({placed, *placed.Style});
 }
 
 void TZtDecorationsPart::AddToLine(int ALine, int, int ATo, TZtLineLook &ALook)
 {
-    for (const TZtPlacedDecoration &placed : FPlaced) {
+    for (const auto &[placed, style] : FShown) {
         if (ALine < placed.From.y() || ALine > placed.To.y())
             continue;
         ALook.Spans.push_back({ALine == placed.From.y() ? placed.From.x() : -1,

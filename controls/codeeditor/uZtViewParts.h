@@ -38,5 +38,9 @@ public:
     void Survey(std::vector<quint32> &ARows) override;
 
 private:
-    std::vector<TZtPlacedDecoration> FPlaced;
+    struct TShown {
+        TZtPlacedDecoration Placed;
+        TZtDecorationStyle Style;
+    };
+    std::vector<TShown> FShown; // in the lines that are drawn
 };

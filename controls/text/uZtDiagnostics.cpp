@@ -11,13 +11,7 @@ constexpr TZtDecorationOwner OwnersOfSource = 4; // a severity each, and a spare
 constexpr TZtSeverity AllSeverities[] = {TZtSeverity::dsError, TZtSeverity::dsWarning,
                                          TZtSeverity::dsInformation};
 
-TZtDecorationStyle Wavy(TColor AColor)
-{
-    TZtDecorationStyle style;
-    style.Underline = TZtUnderline::ulWavy;
-    style.UnderlineColor = AColor;
-    return style;
-}
+constexpr TZtDecorationStyle Wavy{.Underline = TZtUnderline::ulWavy};
 
 // The character behind a place, or the last one of the line: both halves of a pair.
 std::pair<int, int> CharacterAt(const TStringList &AText, const QPoint &APlace)
@@ -41,7 +35,7 @@ std::pair<int, int> Covered(const TStringList &AText, const QPoint &APlace)
 } // namespace
 
 TZtDiagnostics::TZtDiagnostics(TStringList *AText)
-    : FDecorations(AText), FText(AText), FStyles{Wavy(clRed), Wavy(clOlive), Wavy(clBlue)}
+    : FDecorations(AText), FText(AText), FStyles{Wavy, Wavy, Wavy}
 {
 }
 

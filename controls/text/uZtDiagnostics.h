@@ -49,8 +49,8 @@ public:
     /// The worst of those that touch a line.
     std::optional<TZtSeverity> OfLine(int ALine);
 
-    /// How they are drawn: by default a wavy underline, red, olive and blue. A worse one lies over
-    /// the others.
+    /// How they are drawn: by default a wavy underline in the view's colour for the severity, which
+    /// also one of another kind has as long as it is given none. A worse one lies over the others.
     const TZtDecorationStyle &GetStyle(TZtSeverity ASeverity) const
     {
         return FStyles[size_t(ASeverity)];
@@ -62,8 +62,10 @@ public:
     /// Sets the bit `1 << severity` in the rows of an overview (`TZtOverviewRows`).
     void Survey(std::vector<quint32> &ARows);
 
-private:
+    /// That of one of `GetDecorations`, by its owner.
     static TZtSeverity SeverityOf(TZtDecorationOwner AOwner);
+
+private:
     static TZtDecorationOwner Owner(size_t ASource, TZtSeverity ASeverity);
     TZtDiagnostic Diagnostic(const TZtPlacedDecoration &APlaced) const;
     QPoint Inside(const QPoint &APlace) const;

@@ -1,7 +1,5 @@
 #include "uZtGuttor.h"
 
-#include "uZtLineChanges.h"
-#include "uZtLineMarks.h"
 #include "uZtMarkShapes.h"
 #include "uZtTextPainter.h"
 
@@ -57,11 +55,7 @@ void TZtMarkColumn::SetIcon(TZtLineMark AKind, const QIcon &AIcon)
 
 int TZtMarkColumn::GetWidth(const TZtGuttorSight &ASight) const { return ASight.LineHeight; }
 
-quint64 TZtMarkColumn::GetCell(int ALine, const TZtGuttorSight &) const
-{
-    const TZtLineMarks *marks = FMarks();
-    return marks ? marks->GetMarks(ALine) : 0;
-}
+quint64 TZtMarkColumn::GetCell(int ALine, const TZtGuttorSight &) const { return FMarks(ALine); }
 
 void TZtMarkColumn::Draw(QPainter &APainter, TZtTextPainter &, const QRectF &ACell, quint64 AValue,
                          const TZtGuttorLook &ALook) const
@@ -84,8 +78,7 @@ int TZtChangeColumn::GetWidth(const TZtGuttorSight &) const { return BarRoom; }
 
 quint64 TZtChangeColumn::GetCell(int ALine, const TZtGuttorSight &) const
 {
-    const TZtLineChanges *changes = FChanges();
-    return changes ? quint64(changes->GetState(ALine)) : 0;
+    return quint64(FState(ALine));
 }
 
 // What is saved is a thinner bar, so that nobody needs to tell the colours apart.

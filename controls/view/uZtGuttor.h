@@ -1,5 +1,9 @@
 #pragma once
 
+#include "uZtGuttorLook.h"
+#include "uZtLineChanges.h"
+#include "uZtLineMarks.h"
+
 #include <QIcon>
 #include <QRgb>
 #include <QString>
@@ -10,27 +14,7 @@
 
 class QPainter;
 class QRectF;
-class TZtLineChanges;
-class TZtLineMarks;
 class TZtTextPainter;
-enum class TZtLineMark : quint8;
-
-/// The colours of the gutter's columns.
-struct TZtGuttorLook {
-    QRgb Face = 0;
-    QRgb Text = 0;
-    QRgb CurrentText = 0;
-    QRgb Changed = 0;
-    QRgb Saved = 0;
-    QRgb Bookmark = 0;
-    QRgb Breakpoint = 0;
-    QRgb Statement = 0;
-    QRgb Error = 0;
-    QRgb Warning = 0;
-    QRgb Information = 0;
-    quint64 Revision = 0; ///< another one when the columns draw their cells in another way
-    bool operator==(const TZtGuttorLook &) const = default;
-};
 
 /// What the gutter stands beside. Lines are 0-based, sizes in pixels.
 struct TZtGuttorSight {
@@ -74,8 +58,9 @@ public:
 /// Marks, each of a shape of its own. Of several on a line those that matter most are seen.
 class TZtMarkColumn final : public TZtGuttorColumn {
 public:
-    /// The marks may go before the column, and others come.
-    explicit TZtMarkColumn(std::function<const TZtLineMarks *()> AMarks) : FMarks(std::move(AMarks))
+    /// `AMarks` answers a line's.
+    explicit TZtMarkColumn(std::function<TZtLineMarkSet(int ALine)> AMarks)
+        : FMarks(std::move(AMarks))
     {
     }
     /// How a kind of mark is drawn: a host's own, or another picture for one of the others. A null
@@ -95,7 +80,7 @@ public:
     quint64 GetRevision() const { return FRevision; }
 
 private:
-    std::function<const TZtLineMarks *()> FMarks;
+    std::function<TZtLineMarkSet(int ALine)> FMarks;
     std::vector<QIcon> FIcons; // by kind
     quint64 FRevision = 0;
 };
@@ -103,8 +88,9 @@ private:
 /// Bars beside lines that were changed.
 class TZtChangeColumn final : public TZtGuttorColumn {
 public:
-    explicit TZtChangeColumn(std::function<const TZtLineChanges *()> AChanges)
-        : FChanges(std::move(AChanges))
+    /// `AState` answers a line's.
+    explicit TZtChangeColumn(std::function<TZtLineState(int ALine)> AState)
+        : FState(std::move(AState))
     {
     }
     int GetWidth(const TZtGuttorSight &ASight) const override;
@@ -113,7 +99,7 @@ public:
               const TZtGuttorLook &ALook) const override;
 
 private:
-    std::function<const TZtLineChanges *()> FChanges;
+    std::function<TZtLineState(int ALine)> FState;
 };
 
 /// The columns beside the text, from the left to the right. Where none is visible the gutter is the

@@ -1,7 +1,12 @@
 #pragma once
 
-#include "uZtGuttor.h"
+#include "uZtGuttorLook.h"
 #include "uZtLineMarks.h"
+
+#include <vector>
+
+class QPainter;
+class QRectF;
 
 /// Which of a line's marks are drawn, those below first: what happens there now over what stands
 /// there, a compiler's worst word only where nothing else is, and a bookmark below them all.

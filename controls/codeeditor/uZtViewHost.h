@@ -1,0 +1,47 @@
+#pragma once
+
+#include "uZtCells.h"
+#include "uZtColorScheme.h"
+#include "uZtExtras.h"
+
+#include <QColor>
+#include <QPoint>
+
+class QWidget;
+class TStringList;
+class TZtHighlighter;
+struct TZtTextMarks;
+
+/// The editor as the parts of its view know it. Places are (column, line), 0-based, columns in
+/// UTF-16 units.
+class TZtViewHost {
+public:
+    virtual TStringList *GetLines() const = 0;
+    /// The caret's.
+    virtual int GetCharPos() const = 0;
+    virtual int GetLinePos() const = 0;
+    /// The selection's ends in either order; an X of -1: there is none.
+    virtual QPoint GetSelStart() const = 0;
+    virtual QPoint GetSelEnd() const = 0;
+    virtual TZtExtras GetExtras() const = 0;
+    bool HasExtra(TZtExtra AExtra) const { return GetExtras().testFlag(AExtra); }
+    /// The colours of lines; null without `zcPicture`.
+    virtual TZtHighlighter *GetHighlighter() const = 0;
+    virtual const TZtCellRules &GetCellRules() const = 0;
+    /// The cells of a step of indentation, 1 or more.
+    virtual int GetIndentStep() const = 0;
+    virtual TZtTextMarks &GetTextMarks() = 0;
+    virtual bool HasTextMarks() const = 0;
+    /// The colour of a part of the view, of the scheme or of the desktop.
+    virtual TColor GetViewColor(TZtViewColor APart) const = 0;
+    virtual QRgb GetViewRgb(TZtViewColor APart) const = 0;
+    /// Puts the caret at the start of a line and the line into the middle of the view.
+    virtual void GoToLine(int ALine) = 0;
+    /// To be called when what is shown beside the text is other: lays out and paints anew.
+    virtual void ExtrasChanged() = 0;
+    /// To be called when other lines have something in the overview ruler.
+    virtual void OverviewChanged() = 0;
+
+protected:
+    ~TZtViewHost() = default;
+};
