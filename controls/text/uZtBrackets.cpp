@@ -16,7 +16,7 @@ namespace {
 constexpr int MostColumns = 262'144; // of a line that are lexed, for that cannot be sliced
 constexpr size_t MostDepth = 1 << 20;
 constexpr int FirstStretch = 8; // lines; each stretch is twice as long as the one before
-constexpr int MostStretch = 256;
+constexpr int MostStretch = 128;
 constexpr int FarRight = std::numeric_limits<int>::max();
 
 constexpr int Angles = 4;
@@ -24,9 +24,9 @@ constexpr int Angles = 4;
 // The number of a bracket's kind, negative for a closing one; 0 for any other character.
 constexpr auto Codes = [] {
     std::array<qint8, 128> codes{};
-    const char pairs[] = "()[]{}<>";
+    const char16_t pairs[] = u"()[]{}<>";
     for (int i = 0; i < 2 * Angles; ++i)
-        codes[size_t(pairs[i])] = qint8(i % 2 ? -(i / 2 + 1) : i / 2 + 1);
+        codes[pairs[i]] = qint8(i % 2 ? -(i / 2 + 1) : i / 2 + 1);
     return codes;
 }();
 

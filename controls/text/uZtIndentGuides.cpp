@@ -60,7 +60,7 @@ std::vector<int> ZtGuideCells(const TStringList &ALines, int AFirst, int ALast,
                               const TZtCellRules &ARules)
 {
     std::vector<int> cells;
-    cells.reserve(size_t(ALast - AFirst + 1));
+    cells.reserve(size_t(ALast - AFirst) + 1);
     for (int i = AFirst; i <= ALast; ++i)
         cells.push_back(OwnIndentation(ALines, i, ARules));
     auto above = cells.begin(); // behind the last line that is not blank
