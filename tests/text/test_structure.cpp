@@ -430,6 +430,7 @@ TEST(MatchMarks, AChangedTextKeepsWhatWasFound)
 
 // What an editor does with the decisions. "\b" is Backspace, ">" a step to the right, "~" to the
 // line below and back, "^" deletes the character behind the caret, "_" types "x" before the line.
+// A selection goes from the caret to "@".
 struct TTypist {
     TTypist(TStringList &AText, TZtHighlighter &AColours, const QPoint &ACaret)
         : Text(AText), Colours(AColours), Caret(ACaret)
@@ -520,65 +521,25 @@ TEST_F(Structure, BracketsAndQuotesComeAndGoInPairs)
         {"plain brackets", "txt", "don|", "'t (\"a\")", "don't (\"a\")|"},
         {"XML", "xml", "<a b=|>", "\"c\"", "<a b=\"c\"|>"},
         {"no brackets in XML", "xml", "|", "<(", "<(|"},
+        {"a selection in brackets", "js", "a |bc@ d", "(", "a (|bc) d"},
+        {"a selection in quotes", "sql", "a |bc@ d", "'", "a '|bc' d"},
+        {"a selection replaced", "js", "a |bc@ d", ")", "a )| d"},
+        {"a selection in a comment", "js", "// |bc@ d", "(", "// (| d"},
     };
     for (const auto &row : rows) {
         SCOPED_TRACE(row.Name);
         QString text = row.Before;
         const QPoint caret = TakeMark(text, '|');
+        const int selected = text.contains('@') ? TakeMark(text, '@').x() - caret.x() : 0;
         Use(row.Extension, text + "\n");
         TTypist typist(Text, Colours, caret);
+        typist.Selected = selected;
         for (const char *key = row.Keys; *key; ++key)
             typist.Press(QLatin1Char(*key));
         QString line = Text.GetStrings(0);
         line.insert(typist.Caret.x(), '|');
         EXPECT_EQ(line.toStdString(), QString(row.After).remove('\n').toStdString());
     }
-}
-
-TEST_F(Structure, ASelectionIsPutBetweenThePair)
-{
-    const struct {
-        const char *Extension;
-        QChar Key;
-        const char *After;
-    } rows[] = {{"js", '(', "a (bc) d"},
-                {"js", '"', "a \"bc\" d"},
-                {"js", ')', "a ) d"},
-                {"pas", '"', "a \" d"},
-                {"txt", '{', "a {bc} d"}};
-    for (const auto &row : rows) {
-        Use(row.Extension, "a bc d\n");
-        TTypist typist(Text, Colours, {2, 0});
-        typist.Selected = 2;
-        typist.Type(row.Key);
-        EXPECT_EQ(Text.GetStrings(0), row.After);
-    }
-}
-
-// However the text changes, only a character that stands there is typed over.
-TEST_F(Structure, WhatIsTypedOverStands)
-{
-    Use("txt", "\n");
-    TRandomEdits edits(Text, 815, 20, {"(", ")", "a", "\t"});
-    TTypist typist(Text, Colours, {0, 0});
-    int over = 0;
-    for (int step = 0; step < 5000; ++step) {
-        if (Text.GetCount() == 0)
-            Text.Add("");
-        typist.Caret = edits.Below(5) ? typist.Caret : edits.Place();
-        typist.Caret.setY(std::min(typist.Caret.y(), Text.GetCount() - 1));
-        typist.Caret.setX(std::min(typist.Caret.x(), Text.GetLength(typist.Caret.y())));
-        const QPoint caret = typist.Caret;
-        const QString line = Text.GetStrings(caret.y());
-        typist.Type(edits.Below(2) ? ')' : '(');
-        if (Text.GetStrings(caret.y()) == line) {
-            ASSERT_EQ(line.mid(caret.x(), 1), ")");
-            ++over;
-        }
-        if (edits.Below(4) == 0)
-            edits.One();
-    }
-    EXPECT_GT(over, 100);
 }
 
 } // namespace
