@@ -3,11 +3,11 @@
 
 # Debian package names: what building and running need, and what the tests need beyond it.
 # Liberation Mono stands in for Courier New, with the same widths; DejaVu draws the menus.
-build_packages='g++ cmake ninja-build qt6-base-dev libqt6sql6-sqlite libicu-dev fontconfig
-    fonts-liberation fonts-dejavu-core'
+build_packages='g++ cmake ninja-build qt6-base-dev qt6-svg-dev libqt6sql6-sqlite libicu-dev
+    fontconfig fonts-liberation fonts-dejavu-core'
 test_packages='libgtest-dev xvfb xdotool'
 
-elsewhere='a C++20 compiler, CMake 3.25, Ninja, Qt 6.4 (Widgets, and Sql with SQLite), ICU, GoogleTest, the Liberation fonts, and Xvfb and xdotool'
+elsewhere='a C++20 compiler, CMake 3.25, Ninja, Qt 6.4 (Widgets, Svg, and Sql with SQLite), ICU, GoogleTest, the Liberation fonts, and Xvfb and xdotool'
 build_folder="$root/build/release"
 
 say() { printf '%s\n' "== $*" >&2; }
