@@ -1,7 +1,12 @@
 #include "CommandLine.h"
 
+#include "Schemes.h"
+
+#include "uZtException.h"
+
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -24,6 +29,29 @@ bool ReadSize(const QString &AText, QSize &ASize)
     ASize = QSize(match.captured(1).toInt(), match.captured(2).toInt());
     return ASize.width() >= 1 && ASize.height() >= 1 && ASize.width() <= MaxSide &&
            ASize.height() <= MaxSide;
+}
+
+// Answers what is wrong: with the name, or with the file.
+std::optional<TCommandAnswer> ReadScheme(const QString &AName, QString &AScheme)
+{
+    const QStringList names = ZtSchemeNames();
+    const auto named = [&AName](const QString &name) {
+        return name.compare(AName, Qt::CaseInsensitive) == 0;
+    };
+    if (const auto name = std::ranges::find_if(names, named); name != names.end()) {
+        AScheme = *name;
+        return std::nullopt;
+    }
+    if (!QFileInfo::exists(AName))
+        return UsageError(Tr("--scheme wants one of %1, or a file, not \"%2\".")
+                              .arg(names.join(QStringLiteral(", ")), AName));
+    try {
+        ZtSchemeOf(AName);
+        AScheme = QFileInfo(AName).absoluteFilePath();
+        return std::nullopt;
+    } catch (const EZtException &error) {
+        return TCommandAnswer{error.Message(), ZtFileTrouble};
+    }
 }
 
 // An option that Qt's application takes itself, with one dash or two.
@@ -124,6 +152,40 @@ struct TDbOptions {
     }
 };
 
+// How the window looks.
+struct TViewOptions {
+    const QCommandLineOption Size{QStringLiteral("size"), Tr("The window's size in pixels."),
+                                  QStringLiteral("WxH")};
+    const QCommandLineOption Line{QStringLiteral("line"),
+                                  Tr("Put the caret on line N of the first file."),
+                                  QStringLiteral("N")};
+    const QCommandLineOption Scheme{
+        QStringLiteral("scheme"),
+        Tr("The colours: %1, or a JSON file.").arg(ZtSchemeNames().join(QStringLiteral(", "))),
+        QStringLiteral("NAME")};
+    QCommandLineOption Plain{QStringLiteral("plain-control")};
+
+    TViewOptions() { Plain.setFlags(QCommandLineOption::HiddenFromHelp); }
+
+    std::optional<TCommandAnswer> Read(const QCommandLineParser &AParser, TCommandLine &ALine) const
+    {
+        ALine.PlainControl = AParser.isSet(Plain);
+        if (AParser.isSet(Size) && !ReadSize(AParser.value(Size), ALine.Size))
+            return UsageError(Tr("--size wants a width and a height from 1 to %1, such as 900x640, "
+                                 "not \"%2\".")
+                                  .arg(MaxSide)
+                                  .arg(AParser.value(Size)));
+        bool number = true;
+        if (AParser.isSet(Line))
+            ALine.Line = AParser.value(Line).toInt(&number);
+        if (!number || (AParser.isSet(Line) && ALine.Line < 1))
+            return UsageError(
+                Tr("--line wants a number from 1 up, not \"%1\".").arg(AParser.value(Line)));
+        return AParser.isSet(Scheme) ? ReadScheme(AParser.value(Scheme), ALine.Scheme)
+                                     : std::nullopt;
+    }
+};
+
 } // namespace
 
 std::optional<TCommandAnswer> ZtReadCommandLine(const QStringList &AArguments, TCommandLine &ALine)
@@ -137,21 +199,16 @@ std::optional<TCommandAnswer> ZtReadCommandLine(const QStringList &AArguments, T
                                     QStringLiteral("OUT.png"));
     const QCommandLineOption tokens(QStringLiteral("tokens"),
                                     Tr("Print the tokens of FILE, one a line, and leave."));
-    const QCommandLineOption size(QStringLiteral("size"), Tr("The window's size in pixels."),
-                                  QStringLiteral("WxH"));
-    const QCommandLineOption line(QStringLiteral("line"),
-                                  Tr("Put the caret on line N of the first file."),
-                                  QStringLiteral("N"));
-    QCommandLineOption plain(QStringLiteral("plain-control"));
-    plain.setFlags(QCommandLineOption::HiddenFromHelp);
+    const TViewOptions view;
     const TDbOptions database;
     QCommandLineParser parser;
     parser.setApplicationDescription(
         Tr("Edits source code. Without a display, and with --render, the window is drawn into a "
            "picture instead. The options of every Qt application are known too, such as -style, "
            "-platform and -reverse."));
-    parser.addOptions({help, version, render, tokens, size, line, plain, database.File,
-                       database.Table, database.Field, database.Key, database.Sample});
+    parser.addOptions({help, version, render, tokens, view.Size, view.Line, view.Scheme, view.Plain,
+                       database.File, database.Table, database.Field, database.Key,
+                       database.Sample});
     parser.addPositionalArgument(QStringLiteral("FILE"), Tr("The files to open, a tab each."),
                                  QStringLiteral("[FILE...]"));
     QStringList arguments = AArguments;
@@ -166,7 +223,6 @@ std::optional<TCommandAnswer> ZtReadCommandLine(const QStringList &AArguments, T
                                   QCoreApplication::applicationVersion(),
                               0};
     ALine.Files = parser.positionalArguments();
-    ALine.PlainControl = parser.isSet(plain);
     ALine.RenderTo = parser.value(render);
     if (parser.isSet(render) && ALine.RenderTo.isEmpty())
         return UsageError(Tr("--render wants the name of a picture."));
@@ -176,16 +232,5 @@ std::optional<TCommandAnswer> ZtReadCommandLine(const QStringList &AArguments, T
     if (ALine.Tokens &&
         (ALine.Files.size() != 1 || parser.isSet(render) || !ALine.Database.File.isEmpty()))
         return UsageError(Tr("--tokens wants one file, and neither --render nor --db."));
-    if (parser.isSet(size) && !ReadSize(parser.value(size), ALine.Size))
-        return UsageError(Tr("--size wants a width and a height from 1 to %1, such as 900x640, not "
-                             "\"%2\".")
-                              .arg(MaxSide)
-                              .arg(parser.value(size)));
-    bool number = true;
-    if (parser.isSet(line))
-        ALine.Line = parser.value(line).toInt(&number);
-    if (!number || (parser.isSet(line) && ALine.Line < 1))
-        return UsageError(
-            Tr("--line wants a number from 1 up, not \"%1\".").arg(parser.value(line)));
-    return std::nullopt;
+    return view.Read(parser, ALine);
 }

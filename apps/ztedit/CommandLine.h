@@ -22,6 +22,8 @@ struct TCommandLine {
     QSize Size;
     /// Whether one of Qt's own options says where to show the window.
     bool ChoosesDisplay = false;
+    /// The scheme of colours, as `ZtSchemeOf` takes it; empty for none given.
+    QString Scheme;
     /// Whether the editors do without corrections, to compare.
     bool PlainControl = false;
     /// The caret's line, counted from 1; 0 for none given.
