@@ -2,6 +2,7 @@
 
 #include "ConflictDialog.h"
 #include "DbFieldsDialog.h"
+#include "Icons.h"
 #include "RecordList.h"
 
 #include "uZtDbCodeEdit.h"
@@ -33,6 +34,7 @@ bool IsOpen(const TDataSet &S) { return S.GetActive(); }
 
 struct TDbDocument::TCommand {
     const char *Text;
+    const char *Icon;
     bool (TDbDocument::*Run)();
     bool (*Enabled)(const TDataSet &);
 };
@@ -89,24 +91,27 @@ QWidget *TDbDocument::CreateToolBar()
 {
     using TDoc = TDbDocument;
     static constexpr TCommand commands[] = {
-        {QT_TR_NOOP("F&irst"), &TDoc::First, HasBefore},
-        {QT_TR_NOOP("P&rior"), &TDoc::Prior, HasBefore},
-        {QT_TR_NOOP("&Next"), &TDoc::Next, HasBehind},
-        {QT_TR_NOOP("&Last"), &TDoc::Last, HasBehind},
+        {QT_TR_NOOP("F&irst"), "go-first", &TDoc::First, HasBefore},
+        {QT_TR_NOOP("P&rior"), "go-previous", &TDoc::Prior, HasBefore},
+        {QT_TR_NOOP("&Next"), "go-next", &TDoc::Next, HasBehind},
+        {QT_TR_NOOP("&Last"), "go-last", &TDoc::Last, HasBehind},
         {},
-        {QT_TR_NOOP("&Insert…"), &TDoc::InsertWithFields, CanInsert},
-        {QT_TR_NOOP("&Delete…"), &TDoc::Delete, HasRecord},
-        {QT_TR_NOOP("&Fields…"), &TDoc::EditFields, HasAny},
+        {QT_TR_NOOP("&Insert…"), "list-add", &TDoc::InsertWithFields, CanInsert},
+        {QT_TR_NOOP("&Delete…"), "list-remove", &TDoc::Delete, HasRecord},
+        {QT_TR_NOOP("&Fields…"), "document-properties", &TDoc::EditFields, HasAny},
         {},
-        {QT_TR_NOOP("&Post"), &TDoc::Post, IsPending},
-        {QT_TR_NOOP("&Cancel"), &TDoc::Cancel, IsPending},
-        {QT_TR_NOOP("R&efresh"), &TDoc::Reload, IsOpen},
+        {QT_TR_NOOP("&Post"), "dialog-ok", &TDoc::Post, IsPending},
+        {QT_TR_NOOP("&Cancel"), "edit-clear", &TDoc::Cancel, IsPending},
+        {QT_TR_NOOP("R&efresh"), "view-refresh", &TDoc::Reload, IsOpen},
     };
     auto *bar = new QToolBar(this);
+    bar->setIconSize({16, 16});
+    bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     for (const TCommand &command : commands) {
         auto *action = new QAction(command.Text ? tr(command.Text) : QString(), this);
         action->setSeparator(!command.Text);
         if (command.Text) {
+            action->setIcon(ZtIcon(command.Icon));
             connect(action, &QAction::triggered, this,
                     TZtGuarded([this, run = command.Run] { (this->*run)(); }));
             connect(this, &TDbDocument::Changed, action, [this, action, enabled = command.Enabled] {
@@ -162,6 +167,14 @@ QString TDbDocument::PositionText() const
     if (FDataSet.GetState() == TState::dsInsert)
         return tr("New record");
     return tr("Record %1 of %2").arg(FDataSet.GetRecNo()).arg(FDataSet.GetRecordCount());
+}
+
+QList<TStatusText> TDbDocument::StorageTexts() const
+{
+    const QString position =
+        QStringLiteral("%1/%2").arg(FDataSet.GetRecNo()).arg(FDataSet.GetRecordCount());
+    const bool isNew = FDataSet.GetState() == TState::dsInsert;
+    return {{PositionText(), isNew ? tr("New") : position}, StateText()};
 }
 
 QString TDbDocument::StateText() const

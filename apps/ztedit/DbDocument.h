@@ -67,6 +67,7 @@ public:
 
 protected:
     TZtCodeEdit *CreateEditor() override;
+    QList<TStatusText> StorageTexts() const override;
 
 private:
     struct TCommand;

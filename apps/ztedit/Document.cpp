@@ -50,6 +50,7 @@ TDocument::TDocument(const QString &ATitle, QWidget *AParent)
 }
 
 TZtCorrections TDocument::FCorrections = ZtAllCorrections();
+TEditorView TDocument::FView;
 
 TZtCodeEdit *TDocument::CreateEditor() { return new TZtCodeEdit(this); }
 
@@ -57,9 +58,12 @@ TZtCodeEdit *TDocument::CreateCorrectedEditor()
 {
     TZtCodeEdit *editor = CreateEditor();
     editor->SetCorrections(FCorrections);
+    FView.ApplyTo(*editor);
     editor->SetOnSearchMessage([this](const QString &text) { Q_EMIT Notice(text); });
     return editor;
 }
+
+void TDocument::ShowView() { FView.ApplyTo(*FEditor); }
 
 void TDocument::DeleteEditor() { delete std::exchange(FEditor, nullptr); }
 
@@ -178,6 +182,28 @@ QString TDocument::DiscardQuestion() const
 }
 
 bool TDocument::IsUnused() const { return FPath.isEmpty() && !IsModified(); }
+
+QList<TStatusText> TDocument::StatusTexts() const
+{
+    const int line = FEditor->GetLinePos() + 1;
+    const int column = FEditor->GetCaretCell() + 1;
+    return QList<TStatusText>{{tr("Line %1, column %2").arg(line).arg(column),
+                               QStringLiteral("%1:%2").arg(line).arg(column)},
+                              ZtLanguageName(*FLanguage)} +
+           StorageTexts();
+}
+
+QList<TStatusText> TDocument::StorageTexts() const
+{
+    const QString encoding = ZtEncodingName(FFormat.Encoding);
+    const QString ending = ZtLineEndingName(FFormat.LineEnding);
+    QList<TStatusText> texts{encoding, ending};
+    if (FFormat.Mark)
+        texts[0] = {tr("%1 with byte-order mark").arg(encoding), encoding + tr("+BOM")};
+    if (FFormat.MixedLineEndings)
+        texts[1] = {tr("%1, mixed").arg(ending), tr("Mixed")};
+    return texts;
+}
 
 QByteArray TDocument::Encode(const TZtTextFormat &AFormat, std::vector<TZtLostChar> &ALost) const
 {

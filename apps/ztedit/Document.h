@@ -3,6 +3,8 @@
 #include "DocumentJournal.h"
 #include "FileState.h"
 #include "Languages.h"
+#include "StatusTexts.h"
+#include "ViewSettings.h"
 #include "uZtCorrections.h"
 #include "uZtStringStream.h"
 
@@ -56,6 +58,11 @@ public:
     TZtCodeEdit *Editor() const { return FEditor; }
     /// The editors that come from now on have no corrections, to compare.
     static void UsePlainEditors() { FCorrections = {}; }
+    /// How all editors look, those that come and, after `ShowView`, those that are there.
+    static void SetView(const TEditorView &AView) { FView = AView; }
+    void ShowView();
+    /// What a status bar says of it: where the caret is, the language, and more.
+    QList<TStatusText> StatusTexts() const;
     /// Whether the text was edited since it was loaded or saved.
     virtual bool IsModified() const;
     /// What to ask before the changes could be lost; Yes saves them.
@@ -86,6 +93,8 @@ Q_SIGNALS:
 
 protected:
     virtual TZtCodeEdit *CreateEditor();
+    /// How what is edited is stored, for the status bar.
+    virtual QList<TStatusText> StorageTexts() const;
     /// Those of all editors.
     static TZtCorrections Corrections() { return FCorrections; }
     /// The text as it is now is kept somewhere else than in a file: nothing of it needs to come
@@ -99,6 +108,7 @@ protected:
 
 private:
     static TZtCorrections FCorrections;
+    static TEditorView FView;
     std::unique_ptr<TZtCodeEdit> EditorOf(const TZtStringStream &AStream,
                                           const TLanguage &ALanguage);
     void SetEditor(TZtCodeEdit *AEditor);

@@ -5,12 +5,13 @@
 #include "Document.h"
 #include "EventDialog.h"
 #include "FileStore.h"
-#include "MethodIndex.h"
-#include "MethodListDialog.h"
+#include "Icons.h"
 #include "Methods.h"
 #include "PlainText.h"
 #include "SaveFlow.h"
+#include "StartPage.h"
 #include "StatusTexts.h"
+#include "ViewMenu.h"
 
 #include "uZtCodeEdit.h"
 #include "uZtException.h"
@@ -18,15 +19,15 @@
 #include "uZtMessages.h"
 #include "uZtPlatform.h"
 
-#include <QActionGroup>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
-#include <QMenuBar>
 #include <QMimeData>
+#include <QScrollArea>
+#include <QStackedWidget>
 #include <QStatusBar>
 #include <QTabWidget>
 
@@ -35,8 +36,6 @@
 namespace {
 
 constexpr int MessageTime = 5000;
-constexpr int MenuMethods = 50;   // as many as a menu shows well
-constexpr int MenuPatience = 100; // milliseconds that a menu may take to find them
 
 // Whether nothing is there, as far as one may see.
 bool IsMissing(const QString &APath)
@@ -49,33 +48,21 @@ bool IsMissing(const QString &APath)
 
 void ShowError(const QString &AText) { ZtMsgBoxError(AText, QCoreApplication::applicationName()); }
 
-bool HasSelection(const TZtCodeEdit &AEditor)
-{
-    const QPoint start = AEditor.GetSelStart();
-    const QPoint end = AEditor.GetSelEnd();
-    return start.x() != -1 && end.x() != -1 && start != end;
-}
-
 } // namespace
 
-// A text with a tab shows the part after it as the key. The editor handles the keys of the
-// commands that have one there by itself; a shortcut would take them away from it.
-struct TMainWindow::TCommand {
-    const char *Text;
-    const char *Shortcut;
-    void (TMainWindow::*Run)();
-    QAction *TMainWindow::*Action = nullptr;
-};
-
-TMainWindow::TMainWindow(QWidget *AParent) : QMainWindow(AParent), FTabs(new QTabWidget(this))
+TMainWindow::TMainWindow(QWidget *AParent)
+    : QMainWindow(AParent), FPages(new QStackedWidget(this)), FTabs(new QTabWidget(FPages)),
+      FStatus(new TStatusTexts(this))
 {
+    setWindowIcon(ZtSymbol());
     FTabs->setDocumentMode(true);
     FTabs->setTabsClosable(true);
     FTabs->setMovable(true);
-    setCentralWidget(FTabs);
+    setCentralWidget(FPages);
     setAcceptDrops(true);
     CreateMenus();
-    CreateStatusBar();
+    CreatePages();
+    statusBar()->addPermanentWidget(FStatus, 1);
     connect(FTabs, &QTabWidget::currentChanged, this, TZtGuarded([this] { FollowTab(); }));
     connect(FTabs, &QTabWidget::tabCloseRequested, this,
             TZtGuarded([this](int index) { CloseDocument(Document(index)); }));
@@ -87,173 +74,32 @@ void TMainWindow::KeepJournals() { FKeepsJournals = true; }
 
 void TMainWindow::FollowTab()
 {
+    Refresh();
     if (TDocument *document = CurrentDocument())
         document->setFocus();
-    Refresh();
+    else
+        FStart->setFocus();
 }
 
-void TMainWindow::CreateMenus()
+// The first page scrolls, so that the window can be small.
+void TMainWindow::CreatePages()
 {
-    using TWin = TMainWindow;
-    static constexpr TCommand file[] = {
-        {QT_TR_NOOP("&New"), "Ctrl+N", &TWin::New},
-        {QT_TR_NOOP("&Open…"), "Ctrl+O", &TWin::Open},
-        {},
-        {QT_TR_NOOP("&Save"), "Ctrl+S", &TWin::SaveCurrent},
-        {QT_TR_NOOP("Save &as…"), "Ctrl+Shift+S", &TWin::SaveAs, &TWin::FSaveAs},
-        {QT_TR_NOOP("Save a&ll"), nullptr, &TWin::SaveAll},
-        {QT_TR_NOOP("&Reload"), nullptr, &TWin::Reload, &TWin::FReload},
-        {},
-        {QT_TR_NOOP("&Close"), "Ctrl+W", &TWin::CloseCurrent},
-        {QT_TR_NOOP("&Quit"), "Ctrl+Q", nullptr},
-    };
-    static constexpr TCommand edit[] = {
-        {QT_TR_NOOP("&Undo\tCtrl+Z"), nullptr, &TWin::Undo, &TWin::FUndo},
-        {QT_TR_NOOP("&Redo\tCtrl+Y"), nullptr, &TWin::Redo, &TWin::FRedo},
-        {},
-        {QT_TR_NOOP("Cu&t\tCtrl+X"), nullptr, &TWin::Cut, &TWin::FCut},
-        {QT_TR_NOOP("&Copy\tCtrl+C"), nullptr, &TWin::Copy, &TWin::FCopy},
-        {QT_TR_NOOP("&Paste\tCtrl+V"), nullptr, &TWin::Paste, &TWin::FPaste},
-        {},
-        {QT_TR_NOOP("Select &all\tCtrl+A"), nullptr, &TWin::SelectAll},
-    };
-    static constexpr TCommand search[] = {
-        {QT_TR_NOOP("&Find…\tCtrl+F"), nullptr, &TWin::Find},
-        {QT_TR_NOOP("&Replace…\tCtrl+R"), nullptr, &TWin::Replace},
-        {QT_TR_NOOP("Find &next\tF3"), nullptr, &TWin::FindAgain},
-        {QT_TR_NOOP("Find &previous\tShift+F3"), nullptr, &TWin::FindBefore},
-        {},
-        {QT_TR_NOOP("&Go to line…"), "Ctrl+G", &TWin::GoToLine},
-    };
-    CreateMenu(tr("&File"), std::begin(file), std::end(file));
-    connect(CreateMenu(tr("&Edit"), std::begin(edit), std::end(edit)), &QMenu::aboutToShow, this,
-            TZtGuarded([this] { RefreshEditMenu(); }));
-    CreateMenu(tr("&Search"), std::begin(search), std::end(search));
-    CreateMethodsMenu();
-    CreateDatabaseMenu();
-    CreateLanguageMenu();
+    FStart = new QScrollArea(FPages);
+    FStart->setFrameShape(QFrame::NoFrame);
+    FStart->setWidgetResizable(true);
+    FStart->setWidget(new TStartPage(
+        {{FNew, tr("New text")}, {FOpen, tr("Open…")}, {FOpenDatabase, tr("Open database…")}}));
+    FStart->setFocusProxy(FStart->widget());
+    FPages->addWidget(FStart);
+    FPages->addWidget(FTabs);
 }
 
-QMenu *TMainWindow::CreateMenu(const QString &ATitle, const TCommand *AFirst, const TCommand *ALast)
+void TMainWindow::ShowView()
 {
-    QMenu *menu = menuBar()->addMenu(ATitle);
-    for (const TCommand *command = AFirst; command != ALast; ++command) {
-        if (!command->Text) {
-            menu->addSeparator();
-            continue;
-        }
-        QAction *action = menu->addAction(tr(command->Text));
-        if (command->Shortcut)
-            action->setShortcut(QKeySequence(QLatin1StringView(command->Shortcut)));
-        if (command->Run)
-            connect(action, &QAction::triggered, this,
-                    TZtGuarded([this, run = command->Run] { (this->*run)(); }));
-        else
-            connect(action, &QAction::triggered, this, &QWidget::close);
-        if (command->Action)
-            this->*command->Action = action;
-    }
-    return menu;
-}
-
-void TMainWindow::CreateMethodsMenu()
-{
-    static constexpr TCommand methods[] = {
-        {QT_TR_NOOP("New event &handler…"), nullptr, &TMainWindow::NewEventHandler,
-         &TMainWindow::FNewHandler},
-        {QT_TR_NOOP("&All methods…"), nullptr, &TMainWindow::ShowAllMethods,
-         &TMainWindow::FAllMethods},
-        {},
-    };
-    FMethods = CreateMenu(tr("&Methods"), std::begin(methods), std::end(methods));
-    FMethods->setStyleSheet(QStringLiteral("QMenu { menu-scrollable: 1; }")); // they may be many
-    connect(FMethods, &QMenu::aboutToShow, this, TZtGuarded([this] { FillMethodsMenu(); }));
-}
-
-// Behind the menu's own commands, the methods in the text as it is now, if they are few.
-void TMainWindow::FillMethodsMenu()
-{
-    disconnect(FMethodsRead);
-    const QList<QAction *> before = FMethods->actions();
-    for (QAction *action : before.sliced(before.indexOf(FAllMethods) + 2))
-        delete action;
-    TDocument *document = CurrentDocument();
-    TMethodIndex *index = document ? ZtMethodIndexOf(*document) : nullptr;
-    FNewHandler->setEnabled(index);
-    FAllMethods->setEnabled(index);
-    if (!index)
-        return;
-    const bool complete = index->ReadOn(MenuPatience, MenuMethods);
-    if (index->Count() > MenuMethods)
-        return;
-    if (!complete) {
-        const auto fill = TZtGuarded([this, index] {
-            if (index->IsComplete() && FMethods->isVisible())
-                FillMethodsMenu();
-        });
-        FMethodsRead = connect(index, &TMethodIndex::Advanced, FMethods, fill);
-        return;
-    }
-    for (int i = 0; i < index->Count(); ++i) {
-        const int line = index->Line(i);
-        QAction *action = FMethods->addAction(ZtWithoutMnemonics(index->Name(i)) +
-                                              QLatin1Char('\t') + tr("line %1").arg(line));
-        connect(action, &QAction::triggered, document,
-                TZtGuarded([document, line] { document->GoToLine(line); }));
-    }
-}
-
-void TMainWindow::ShowAllMethods()
-{
-    TDocument *document = CurrentDocument();
-    TMethodIndex *index = document ? ZtMethodIndexOf(*document) : nullptr;
-    if (!index)
-        return;
-    TMethodListDialog dialog(*index, this);
-    if (dialog.exec() == QDialog::Accepted)
-        document->GoToLine(dialog.Line());
-}
-
-void TMainWindow::CreateDatabaseMenu()
-{
-    static constexpr TCommand database[] = {
-        {QT_TR_NOOP("&Open…"), nullptr, &TMainWindow::OpenDatabaseTable},
-        {},
-    };
-    FDatabase = CreateMenu(tr("&Database"), std::begin(database), std::end(database));
-    connect(FDatabase, &QMenu::aboutToShow, this, TZtGuarded([this] { FillDatabaseMenu(); }));
-}
-
-// Behind the menu's own command, those of the database in front.
-void TMainWindow::FillDatabaseMenu()
-{
-    for (QAction *action : FDatabase->actions().sliced(2))
-        FDatabase->removeAction(action);
-    if (const TDbDocument *database = CurrentDatabase())
-        for (QAction *action : database->Actions())
-            FDatabase->addAction(action);
-}
-
-void TMainWindow::CreateLanguageMenu()
-{
-    QMenu *menu = menuBar()->addMenu(tr("&Language"));
-    FLanguages = new QActionGroup(this);
-    for (const TLanguage &language : ZtLanguages()) {
-        QAction *action = menu->addAction(ZtLanguageName(language));
-        action->setCheckable(true);
-        FLanguages->addAction(action);
-        const auto choose = TZtGuarded([this, &language] {
-            if (TDocument *document = CurrentDocument())
-                document->SetLanguage(language);
-        });
-        connect(action, &QAction::triggered, this, choose);
-    }
-}
-
-void TMainWindow::CreateStatusBar()
-{
-    FStatus = new TStatusTexts(this);
-    statusBar()->addPermanentWidget(FStatus);
+    TDocument::SetView(FView->View());
+    for (int i = 0; i < DocumentCount(); ++i)
+        Document(i)->ShowView();
+    RefreshCommands();
 }
 
 int TMainWindow::DocumentCount() const { return FTabs->count(); }
@@ -296,7 +142,7 @@ std::unique_ptr<TDocument> TMainWindow::CreateDocument(const QString &ATitle)
 void TMainWindow::KeepJournalOf(TDocument *ADocument)
 {
     const auto tell = [this](const QString &reason) {
-        statusBar()->showMessage(
+        FStatus->ShowMessage(
             tr("What is changed would not come back after a crash: %1").arg(reason));
     };
     connect(ADocument, &TDocument::JournalFailed, this, tell);
@@ -315,7 +161,7 @@ void TMainWindow::AddDocument(TDocument *ADocument)
 {
     connect(ADocument, &TDocument::Changed, this, &TMainWindow::RefreshLater);
     connect(ADocument, &TDocument::Notice, this,
-            [this](const QString &text) { statusBar()->showMessage(text, MessageTime); });
+            [this](const QString &text) { FStatus->ShowMessage(text, MessageTime); });
     FTabs->setCurrentIndex(FTabs->addTab(ADocument, ADocument->Title()));
     Refresh();
 }
@@ -427,7 +273,7 @@ bool TMainWindow::Save(TDocument *ADocument)
         return AskForNameAndSave(ADocument);
     const bool saved = ZtSaveDocument(*ADocument);
     if (saved)
-        statusBar()->showMessage(tr("%1 is saved").arg(ADocument->Title()), MessageTime);
+        FStatus->ShowMessage(tr("%1 is saved").arg(ADocument->Title()), MessageTime);
     return saved;
 }
 
@@ -493,6 +339,13 @@ bool TMainWindow::CloseDocument(TDocument *ADocument)
 
 void TMainWindow::CloseCurrent() { CloseDocument(CurrentDocument()); }
 
+void TMainWindow::changeEvent(QEvent *AEvent)
+{
+    QMainWindow::changeEvent(AEvent);
+    if (AEvent->type() == QEvent::PaletteChange && FView)
+        TZtGuarded([this] { FView->FollowDesktop(); })();
+}
+
 void TMainWindow::closeEvent(QCloseEvent *AEvent)
 {
     AEvent->ignore(); // also when a question or a save fails
@@ -526,6 +379,11 @@ void TMainWindow::Post(quint32 AMsg, quint64 AWParam)
 {
     if (TDocument *document = CurrentDocument())
         ZtPostMessage(document->Editor(), AMsg, AWParam);
+}
+
+void TMainWindow::PostExtra(TZtExtraCommand ACommand)
+{
+    Post(quint32(TZtMsg::wmUser) + 5, quint64(ACommand));
 }
 
 void TMainWindow::Undo() { Post(quint32(TZtMsg::wmUndo)); }
@@ -598,10 +456,10 @@ void TMainWindow::Refresh()
     FRefreshing = false;
     for (int i = 0; i < DocumentCount(); ++i)
         RefreshTab(i);
-    RefreshStatus();
+    RefreshCommands();
     const TDocument *document = CurrentDocument();
-    FSaveAs->setEnabled(document && !CurrentDatabase());
-    FReload->setEnabled(document && !document->Location().isEmpty());
+    FStatus->SetTexts(document ? document->StatusTexts() : QList<TStatusText>());
+    FPages->setCurrentWidget(document ? static_cast<QWidget *>(FTabs) : FStart);
     setWindowTitle(document ? ZtPlainTitle(document->Title()) + QStringLiteral("[*]") : QString());
     setWindowModified(document && document->IsModified());
     setWindowFilePath(document ? document->Location() : QString());
@@ -615,43 +473,4 @@ void TMainWindow::RefreshTab(int AIndex)
     if (FTabs->tabText(AIndex) != text)
         FTabs->setTabText(AIndex, text);
     FTabs->setTabToolTip(AIndex, ZtPlainToolTip(document->Location()));
-}
-
-void TMainWindow::RefreshStatus()
-{
-    const TDocument *document = CurrentDocument();
-    FLanguages->setEnabled(document);
-    if (!document) {
-        FStatus->SetTexts({});
-        return;
-    }
-    const auto index = &document->Language() - ZtLanguages().data();
-    FLanguages->actions().at(index)->setChecked(true);
-    const TDbDocument *database = CurrentDatabase();
-    FStatus->SetTexts(QStringList{tr("Line %1, column %2")
-                                      .arg(document->Editor()->GetLinePos() + 1)
-                                      .arg(document->Editor()->GetCaretCell() + 1),
-                                  ZtLanguageName(document->Language())} +
-                      (database ? QStringList{database->PositionText(), database->StateText()}
-                                : FormatTexts(document->Format())));
-}
-
-QStringList TMainWindow::FormatTexts(const TZtTextFormat &AFormat)
-{
-    const QString encoding = ZtEncodingName(AFormat.Encoding);
-    const QString ending = ZtLineEndingName(AFormat.LineEnding);
-    return {AFormat.Mark ? tr("%1 with byte-order mark").arg(encoding) : encoding,
-            AFormat.MixedLineEndings ? tr("%1, mixed").arg(ending) : ending};
-}
-
-void TMainWindow::RefreshEditMenu()
-{
-    const TDocument *document = CurrentDocument();
-    const TZtCodeEdit *editor = document ? document->Editor() : nullptr;
-    const bool selected = editor && HasSelection(*editor);
-    FUndo->setEnabled(editor && editor->GetCanUndo());
-    FRedo->setEnabled(editor && editor->GetCanRedo());
-    FCut->setEnabled(selected && !editor->GetReadOnly());
-    FCopy->setEnabled(selected);
-    FPaste->setEnabled(editor && !editor->GetReadOnly() && editor->GetCanPaste());
 }

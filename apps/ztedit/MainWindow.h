@@ -1,17 +1,24 @@
 #pragma once
 
+#include "uZtExtras.h"
+
 #include <QMainWindow>
 
 #include <memory>
+#include <span>
+#include <utility>
+#include <vector>
 
 struct TDbPlace;
-struct TZtTextFormat;
 class QActionGroup;
 class QMenu;
+class QScrollArea;
+class QStackedWidget;
 class QTabWidget;
 class TDbDocument;
 class TDocument;
 class TStatusTexts;
+class TViewMenu;
 enum class TZtSearchAgain : quint8;
 
 /// The window: a tab for each document, the menus and the status bar.
@@ -23,6 +30,8 @@ public:
 
     /// Writes down the changes of each document that comes from now on, for after a crash.
     void KeepJournals();
+    /// How all editors look.
+    TViewMenu &View() const { return *FView; }
     /// A new text that comes back after a crash, in the place of an unused one. Without a title it
     /// gets that of any new one.
     TDocument *AddRestored(const QString &ATitle);
@@ -61,6 +70,7 @@ Q_SIGNALS:
     void FileOpened(const QString &APath);
 
 protected:
+    void changeEvent(QEvent *AEvent) override;
     void closeEvent(QCloseEvent *AEvent) override;
     void dragEnterEvent(QDragEnterEvent *AEvent) override;
     void dropEvent(QDropEvent *AEvent) override;
@@ -68,13 +78,18 @@ protected:
 private:
     struct TCommand;
     void CreateMenus();
-    QMenu *CreateMenu(const QString &ATitle, const TCommand *AFirst, const TCommand *ALast);
+    void CreateFileMenu();
+    void CreateEditMenu();
+    void CreateSearchMenu();
+    void CreateViewMenu();
+    QMenu *CreateMenu(const QString &ATitle, std::span<const TCommand> ACommands);
     void CreateLanguageMenu();
     void CreateMethodsMenu();
     void FillMethodsMenu();
     void CreateDatabaseMenu();
     void FillDatabaseMenu();
-    void CreateStatusBar();
+    void CreatePages();
+    void ShowView();
     void FollowTab();
 
     void New();
@@ -110,19 +125,27 @@ private:
     static void Drop(TDocument *ADocument);
     template <typename T> T *AddInsteadOfUnused(std::unique_ptr<T> ADocument);
     void Post(quint32 AMsg, quint64 AWParam = 0);
+    void PostExtra(TZtExtraCommand ACommand);
+    template <TZtExtraCommand Command> void PostExtra() { PostExtra(Command); }
     void RefreshLater();
     void Refresh();
     void RefreshTab(int AIndex);
-    void RefreshStatus();
-    static QStringList FormatTexts(const TZtTextFormat &AFormat);
+    void RefreshCommands();
     void RefreshEditMenu();
 
+    QStackedWidget *FPages; // the tabs, or what there is without one
     QTabWidget *FTabs;
-    TStatusTexts *FStatus = nullptr;
+    QScrollArea *FStart = nullptr;
+    TStatusTexts *FStatus;
+    TViewMenu *FView = nullptr;
+    std::vector<std::pair<QAction *, TZtExtras>> FNeeds; // commands for a document with these
     QActionGroup *FLanguages = nullptr;
     QMenu *FMethods = nullptr;
     QMetaObject::Connection FMethodsRead; // fills the menu that is open once all methods are known
     QMenu *FDatabase = nullptr;
+    QAction *FNew = nullptr;
+    QAction *FOpen = nullptr;
+    QAction *FOpenDatabase = nullptr;
     QAction *FNewHandler = nullptr;
     QAction *FAllMethods = nullptr;
     QAction *FUndo = nullptr;

@@ -1,55 +1,152 @@
 #include "StatusTexts.h"
 
-#include <QHBoxLayout>
+#include <QEvent>
 #include <QLabel>
+#include <QStyle>
 
-TStatusTexts::TStatusTexts(QWidget *AParent) : QWidget(AParent)
+#include <algorithm>
+
+namespace {
+
+// How wide it is in one line.
+int WidthOf(QLabel &ALabel)
 {
-    auto *row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(0);
-    row->addStretch();
+    ALabel.setWordWrap(false);
+    return ALabel.sizeHint().width();
 }
 
-void TStatusTexts::SetTexts(const QStringList &ATexts)
+// Its height where it has this room, in several lines if need be.
+int HeightIn(QLabel &ALabel, int AWidth)
 {
-    while (qsizetype(FLabels.size()) < ATexts.size()) {
-        auto *label = new QLabel(this);
-        label->setTextFormat(Qt::PlainText);
-        label->setContentsMargins(8, 0, 8, 0);
-        layout()->addWidget(label);
-        FLabels.push_back(label);
-    }
-    for (size_t i = 0; i < FLabels.size(); ++i)
-        FLabels[i]->setText(ATexts.value(qsizetype(i)));
-    if (parentWidget() && parentWidget()->layout() && sizeHint().width() > width()) {
-        updateGeometry();
-        parentWidget()->layout()->activate(); // or a text is missing until the next picture
-    }
-    ShowWhatFits();
+    const int line = ALabel.sizeHint().height();
+    if (WidthOf(ALabel) <= AWidth)
+        return line;
+    ALabel.setWordWrap(true);
+    return std::max(line, ALabel.heightForWidth(std::max(AWidth, 1)));
 }
 
-QSize TStatusTexts::sizeHint() const
+} // namespace
+
+TStatusTexts::TStatusTexts(QWidget *AParent) : QWidget(AParent), FMessage(NewLabel())
 {
-    QSize size(0, 0);
-    for (const QLabel *label : FLabels) {
-        const QSize hint = label->sizeHint();
-        size = QSize(size.width() + hint.width(), qMax(size.height(), hint.height()));
-    }
-    return size;
+    FMessageTime.setSingleShot(true);
+    connect(&FMessageTime, &QTimer::timeout, this, [this] { ShowMessage({}); });
+    FHeight = FMessage->sizeHint().height();
+}
+
+QLabel *TStatusTexts::NewLabel()
+{
+    auto *label = new QLabel(this);
+    label->setTextFormat(Qt::PlainText);
+    label->setContentsMargins(6, 0, 6, 0);
+    return label;
+}
+
+void TStatusTexts::SetTexts(const QList<TStatusText> &ATexts)
+{
+    FTexts = ATexts;
+    while (qsizetype(FLabels.size()) < FTexts.size())
+        FLabels.push_back(NewLabel());
+    Arrange();
+}
+
+void TStatusTexts::ShowMessage(const QString &AText, int ATime)
+{
+    FMessage->setText(AText);
+    FMessageTime.stop();
+    if (ATime > 0)
+        FMessageTime.start(ATime);
+    Arrange();
 }
 
 void TStatusTexts::resizeEvent(QResizeEvent *AEvent)
 {
     QWidget::resizeEvent(AEvent);
-    ShowWhatFits();
+    Arrange();
 }
 
-void TStatusTexts::ShowWhatFits()
+void TStatusTexts::changeEvent(QEvent *AEvent)
 {
+    QWidget::changeEvent(AEvent);
+    if (AEvent->type() == QEvent::FontChange || AEvent->type() == QEvent::StyleChange)
+        Arrange();
+}
+
+// Answers how wide all texts are in one row.
+int TStatusTexts::SetForm(bool AShort)
+{
+    int width = 0;
+    for (qsizetype i = 0; i < FTexts.size(); ++i) {
+        QLabel &label = *FLabels[size_t(i)];
+        label.setText(AShort ? FTexts[i].Short : FTexts[i].Full);
+        label.setToolTip(FTexts[i].Short == FTexts[i].Full || !AShort ? QString() : FTexts[i].Full);
+        width += WidthOf(label);
+    }
+    return width;
+}
+
+void TStatusTexts::Arrange()
+{
+    const int message = FMessage->text().isEmpty() ? 0 : WidthOf(*FMessage);
+    const bool beside = message + SetForm(false) <= width() || message + SetForm(true) <= width();
+    if (!beside && SetForm(false) > width())
+        SetForm(true);
+    for (size_t i = 0; i < FLabels.size(); ++i)
+        FLabels[i]->setVisible(qsizetype(i) < FTexts.size() && !FLabels[i]->text().isEmpty());
+    FMessage->setVisible(message > 0);
+    const int top = message > 0 ? PlaceMessage(beside ? message : width()) : 0;
+    const int bottom = PlaceTexts(beside ? 0 : top);
+    const int height = std::max({top, bottom, FMessage->sizeHint().height()});
+    if (height != FHeight) {
+        FHeight = height;
+        updateGeometry();
+    }
+}
+
+// Answers where it ends.
+int TStatusTexts::PlaceMessage(int AWidth)
+{
+    const QRect place(0, 0, AWidth, HeightIn(*FMessage, AWidth));
+    FMessage->setGeometry(QStyle::visualRect(layoutDirection(), rect(), place));
+    return place.height();
+}
+
+// Answers where they end.
+int TStatusTexts::PlaceTexts(int ATop)
+{
+    int top = ATop;
     int used = 0;
+    int height = 0;
+    TRow row;
+    const auto end = [&] {
+        PlaceRow(row, top, height);
+        top += height;
+        used = height = 0;
+        row.clear();
+    };
     for (QLabel *label : FLabels) {
-        used += label->sizeHint().width();
-        label->setVisible(!label->text().isEmpty() && used <= width());
+        if (label->isHidden())
+            continue;
+        const int room = WidthOf(*label);
+        if (!row.empty() && used + room > width())
+            end();
+        row.push_back(label);
+        used += room;
+        height = std::max(height, HeightIn(*label, width()));
+    }
+    end();
+    return top;
+}
+
+// At the far end.
+void TStatusTexts::PlaceRow(const TRow &ARow, int ATop, int AHeight)
+{
+    int right = width();
+    for (auto label = ARow.rbegin(); label != ARow.rend(); ++label) {
+        const bool wraps = (*label)->wordWrap();
+        const int room = wraps ? width() : WidthOf(**label);
+        right -= room;
+        const QRect place(right, ATop, room, AHeight);
+        (*label)->setGeometry(QStyle::visualRect(layoutDirection(), rect(), place));
     }
 }

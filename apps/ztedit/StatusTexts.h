@@ -1,31 +1,56 @@
 #pragma once
 
 #include <QStringList>
+#include <QTimer>
 #include <QWidget>
 
 #include <vector>
 
 class QLabel;
 
-/// A row of texts for a status bar. Each is shown whole or not at all: where there is no room for
-/// all, the last ones go first.
+/// A text that can be said in fewer words where there is little room.
+struct TStatusText {
+    TStatusText(const QString &AFull, const QString &AShort = {})
+        : Full(AFull), Short(AShort.isEmpty() ? AFull : AShort)
+    {
+    }
+    QString Full;
+    QString Short;
+};
+
+/// What a status bar says: a message for some time, and texts that are always there. All are shown
+/// whole at any width: where there is no room for them in one row, all texts take their short
+/// forms, then the message goes into a row of its own, then the texts take several rows.
 class TStatusTexts : public QWidget {
     Q_OBJECT
 
 public:
     explicit TStatusTexts(QWidget *AParent = nullptr);
 
-    /// Shows these texts, the most important first.
-    void SetTexts(const QStringList &ATexts);
+    void SetTexts(const QList<TStatusText> &ATexts);
+    /// Says something for so many milliseconds, or with 0 until there is something else to say.
+    void ShowMessage(const QString &AText, int ATime = 0);
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return {0, sizeHint().height()}; }
+    QSize sizeHint() const override { return minimumSizeHint(); }
+    /// No width of its own, so that a window can be as narrow as it likes.
+    QSize minimumSizeHint() const override { return {0, FHeight}; }
 
 protected:
     void resizeEvent(QResizeEvent *AEvent) override;
+    void changeEvent(QEvent *AEvent) override;
 
 private:
-    void ShowWhatFits();
+    using TRow = std::vector<QLabel *>;
+    QLabel *NewLabel();
+    int SetForm(bool AShort);
+    void Arrange();
+    int PlaceMessage(int AWidth);
+    int PlaceTexts(int ATop);
+    void PlaceRow(const TRow &ARow, int ATop, int AHeight);
 
-    std::vector<QLabel *> FLabels;
+    QLabel *FMessage;
+    QTimer FMessageTime;
+    QList<TStatusText> FTexts;
+    std::vector<QLabel *> FLabels; // those behind the texts are hidden
+    int FHeight = 0;
 };

@@ -6,6 +6,7 @@
 #include "JournalFlow.h"
 #include "MainWindow.h"
 #include "Tokens.h"
+#include "ViewMenu.h"
 
 #include "uZtException.h"
 #include "uZtPlatform.h"
@@ -149,6 +150,17 @@ QStringList OpenAll(TMainWindow &AWindow, const TCommandLine &ALine, bool AOffSc
     return messages;
 }
 
+// A picture is the same on every machine, whatever somebody has chosen there.
+void ChooseView(TViewMenu &AView, const TCommandLine &ALine, bool AOnDisplay)
+{
+    if (ALine.PlainControl)
+        AView.Use(TViewSettings::Plain());
+    else if (AOnDisplay)
+        AView.Remember();
+    if (!ALine.Scheme.isEmpty())
+        AView.UseScheme(ALine.Scheme);
+}
+
 int Run(const TCommandLine &ALine, bool AOffScreen)
 {
     if (AOffScreen)
@@ -157,6 +169,7 @@ int Run(const TCommandLine &ALine, bool AOffScreen)
         TDocument::UsePlainEditors();
     TMainWindow window;
     const bool onDisplay = IsOnDisplay(AOffScreen);
+    ChooseView(window.View(), ALine, onDisplay);
     if (onDisplay)
         window.KeepJournals();
     const QStringList messages = OpenAll(window, ALine, AOffScreen);

@@ -15,7 +15,7 @@ for tool in Xvfb xdotool; do
 done
 
 folder=$(mktemp -d)
-export XDG_STATE_HOME="$folder/state" # not the user's own
+export XDG_STATE_HOME="$folder/state" XDG_CONFIG_HOME="$folder/config" # not the user's own
 server=
 editor=
 

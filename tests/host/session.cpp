@@ -11,6 +11,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QMenu>
 #include <QMenuBar>
 #include <QRegularExpression>
 
@@ -186,9 +187,10 @@ void THostSession::AddTextWords()
 // Says whether it was enabled.
 void THostSession::ChooseInMenu(const QString &AName)
 {
-    for (const QAction *title : Window->menuBar()->actions()) {
+    for (const QAction *title : Window->menuBar()->actions())
         Q_EMIT title->menu()->aboutToShow();
-        for (QAction *action : title->menu()->actions()) {
+    for (const QMenu *menu : Window->menuBar()->findChildren<QMenu *>()) {
+        for (QAction *action : menu->actions()) {
             if (action->text().remove(u'&').section(u'\t', 0, 0).replace(u' ', u'_') == AName) {
                 Say(action->isEnabled());
                 action->trigger();

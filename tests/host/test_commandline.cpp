@@ -33,6 +33,7 @@ QString Read(const char *AArguments)
                .arg(line.Size.height())
                .arg(line.RenderTo)
                .arg(line.Line) +
+           (line.Scheme.isEmpty() ? QString() : u" in "_s + line.Scheme) +
            (line.ChoosesDisplay ? u" display"_s : QString());
 }
 
@@ -45,6 +46,7 @@ TEST(CommandLine, OptionsAndFilesComeInAnyOrder)
         EXPECT_EQ(Read(wrong), u"error"_s) << wrong;
     EXPECT_EQ(Read("a.pas --size 30x20 b --line=7 --render o.png -- -x"),
               u"a.pas b -x 30x20 to o.png line 7"_s);
+    EXPECT_EQ(Read("--scheme dark"), u" -1x-1 to  line 0 in Dark"_s);
     // Qt's own options are left to Qt.
     EXPECT_EQ(Read("-reverse a --style=fusion -qwindowtitle t -platform xcb -- -reverse"),
               u"a -reverse -1x-1 to  line 0 display"_s);
@@ -64,6 +66,8 @@ TEST(CommandLine, TokensAndSamplesAreMadeOrAnError)
         {"--tokens ~/a.txt", "1||ztedit: ", "a.txt"},
         {"--tokens ~", "1||ztedit: ", "directory"},
         {"--tokens ~/a.js ~/a.js", "2||ztedit: ", "--tokens"},
+        {"--scheme pink", "2||ztedit: ", "Desktop, Classic, Light, Dark"},
+        {"--scheme ~/a.js", "1||ztedit: ", "a.js:1:1"},
         {"--tokens ~/a.js -style", "2||ztedit: ", "-style"},
         {"--make-sample ~/b", "0|", "is made"},
         {"--make-sample ~/b", "1||ztedit: ", "there already"},

@@ -1,0 +1,305 @@
+#include "MainWindow.h"
+
+#include "DbDocument.h"
+#include "Document.h"
+#include "Icons.h"
+#include "MethodIndex.h"
+#include "MethodListDialog.h"
+#include "Methods.h"
+#include "PlainText.h"
+#include "ViewMenu.h"
+
+#include "uZtCodeEdit.h"
+#include "uZtGuarded.h"
+
+#include <QActionGroup>
+#include <QMenuBar>
+
+#include <optional>
+
+using enum TZtExtra;
+using enum TZtExtraCommand;
+
+namespace {
+
+constexpr int MenuMethods = 50;   // as many as a menu shows well
+constexpr int MenuPatience = 100; // milliseconds that a menu may take to find them
+
+bool HasSelection(const TZtCodeEdit &AEditor)
+{
+    const QPoint start = AEditor.GetSelStart();
+    const QPoint end = AEditor.GetSelEnd();
+    return start.x() != -1 && end.x() != -1 && start != end;
+}
+
+// What a command asks for so that it can be chosen: nothing, a document, or one whose editor has
+// these extras.
+using TNeeds = std::optional<TZtExtras>;
+
+constexpr TNeeds Text = TZtExtras();
+
+} // namespace
+
+// A text with a tab shows the part after it as the key. The editor handles the keys of the
+// commands that have one there by itself; a shortcut would take them away from it.
+struct TMainWindow::TCommand {
+    const char *Text = nullptr;
+    const char *Icon = nullptr;
+    const char *Shortcut = nullptr;
+    void (TMainWindow::*Run)() = nullptr;
+    TNeeds Needs = {};
+    QAction *TMainWindow::*Action = nullptr;
+};
+
+void TMainWindow::CreateMenus()
+{
+    CreateFileMenu();
+    CreateEditMenu();
+    CreateSearchMenu();
+    CreateViewMenu();
+    CreateMethodsMenu();
+    CreateDatabaseMenu();
+    CreateLanguageMenu();
+}
+
+void TMainWindow::CreateFileMenu()
+{
+    using TWin = TMainWindow;
+    static constexpr TCommand file[] = {
+        {QT_TR_NOOP("&New"), "document-new", "Ctrl+N", &TWin::New, {}, &TWin::FNew},
+        {QT_TR_NOOP("&Open…"), "document-open", "Ctrl+O", &TWin::Open, {}, &TWin::FOpen},
+        {},
+        {QT_TR_NOOP("&Save"), "document-save", "Ctrl+S", &TWin::SaveCurrent, Text},
+        {QT_TR_NOOP("Save &as…"),
+         "document-save-as",
+         "Ctrl+Shift+S",
+         &TWin::SaveAs,
+         {},
+         &TWin::FSaveAs},
+        {QT_TR_NOOP("Save a&ll"), nullptr, nullptr, &TWin::SaveAll, Text},
+        {QT_TR_NOOP("&Reload"), "document-revert", nullptr, &TWin::Reload, {}, &TWin::FReload},
+        {},
+        {QT_TR_NOOP("&Close"), "window-close", "Ctrl+W", &TWin::CloseCurrent, Text},
+        {QT_TR_NOOP("&Quit"), "application-exit", "Ctrl+Q"},
+    };
+    CreateMenu(tr("&File"), file);
+}
+
+void TMainWindow::CreateEditMenu()
+{
+    using TWin = TMainWindow;
+    static constexpr TCommand edit[] = {
+        {QT_TR_NOOP("&Undo\tCtrl+Z"), "edit-undo", nullptr, &TWin::Undo, {}, &TWin::FUndo},
+        {QT_TR_NOOP("&Redo\tCtrl+Y"), "edit-redo", nullptr, &TWin::Redo, {}, &TWin::FRedo},
+        {},
+        {QT_TR_NOOP("Cu&t\tCtrl+X"), "edit-cut", nullptr, &TWin::Cut, {}, &TWin::FCut},
+        {QT_TR_NOOP("&Copy\tCtrl+C"), "edit-copy", nullptr, &TWin::Copy, {}, &TWin::FCopy},
+        {QT_TR_NOOP("&Paste\tCtrl+V"), "edit-paste", nullptr, &TWin::Paste, {}, &TWin::FPaste},
+        {},
+        {QT_TR_NOOP("Select &all\tCtrl+A"), "edit-select-all", nullptr, &TWin::SelectAll, Text},
+        {QT_TR_NOOP("Select to &bracket\tCtrl+Shift+M"), nullptr, nullptr,
+         &TWin::PostExtra<ecSelectToBracket>, zeBrackets},
+    };
+    connect(CreateMenu(tr("&Edit"), edit), &QMenu::aboutToShow, this,
+            TZtGuarded([this] { RefreshEditMenu(); }));
+}
+
+void TMainWindow::CreateSearchMenu()
+{
+    using TWin = TMainWindow;
+    static constexpr TCommand search[] = {
+        {QT_TR_NOOP("&Find…\tCtrl+F"), "edit-find", nullptr, &TWin::Find, Text},
+        {QT_TR_NOOP("&Replace…\tCtrl+R"), "edit-find-replace", nullptr, &TWin::Replace, Text},
+        {QT_TR_NOOP("Find &next\tF3"), nullptr, nullptr, &TWin::FindAgain, Text},
+        {QT_TR_NOOP("Find &previous\tShift+F3"), nullptr, nullptr, &TWin::FindBefore, Text},
+        {},
+        {QT_TR_NOOP("&Go to line…"), "go-jump", "Ctrl+G", &TWin::GoToLine, Text},
+        {QT_TR_NOOP("Go to brac&ket\tCtrl+M"), nullptr, nullptr, &TWin::PostExtra<ecGoToBracket>,
+         zeBrackets},
+        {},
+        {QT_TR_NOOP("&Toggle bookmark\tCtrl+F2"), "bookmark-new", nullptr,
+         &TWin::PostExtra<ecToggleBookmark>, zeMarks},
+        {QT_TR_NOOP("Next &bookmark\tF2"), nullptr, nullptr, &TWin::PostExtra<ecNextBookmark>,
+         zeMarks},
+        {QT_TR_NOOP("Pre&vious bookmark\tShift+F2"), nullptr, nullptr,
+         &TWin::PostExtra<ecPreviousBookmark>, zeMarks},
+        {},
+        {QT_TR_NOOP("Next &diagnostic\tF8"), nullptr, nullptr, &TWin::PostExtra<ecNextDiagnostic>,
+         zeDiagnostics},
+        {QT_TR_NOOP("Previous d&iagnostic\tShift+F8"), nullptr, nullptr,
+         &TWin::PostExtra<ecPreviousDiagnostic>, zeDiagnostics},
+    };
+    CreateMenu(tr("&Search"), search);
+}
+
+void TMainWindow::CreateViewMenu()
+{
+    using TWin = TMainWindow;
+    static constexpr TCommand view[] = {
+        {QT_TR_NOOP("Zoom in\tCtrl++"), "zoom-in", nullptr, &TWin::PostExtra<ecZoomIn>, zeZoom},
+        {QT_TR_NOOP("Zoom out\tCtrl+-"), "zoom-out", nullptr, &TWin::PostExtra<ecZoomOut>, zeZoom},
+        {QT_TR_NOOP("Usual size\tCtrl+0"), "zoom-original", nullptr, &TWin::PostExtra<ecZoomReset>,
+         zeZoom},
+    };
+    FView = new TViewMenu(CreateMenu(tr("&View"), view));
+    TDocument::SetView(FView->View());
+    connect(FView, &TViewMenu::Changed, this, TZtGuarded([this] { ShowView(); }));
+}
+
+QMenu *TMainWindow::CreateMenu(const QString &ATitle, std::span<const TCommand> ACommands)
+{
+    QMenu *menu = menuBar()->addMenu(ATitle);
+    for (const TCommand &command : ACommands) {
+        if (!command.Text) {
+            menu->addSeparator();
+            continue;
+        }
+        QAction *action = menu->addAction(tr(command.Text));
+        if (command.Icon)
+            action->setIcon(ZtIcon(command.Icon));
+        if (command.Shortcut)
+            action->setShortcut(QKeySequence(QLatin1StringView(command.Shortcut)));
+        if (command.Run)
+            connect(action, &QAction::triggered, this,
+                    TZtGuarded([this, run = command.Run] { (this->*run)(); }));
+        else
+            connect(action, &QAction::triggered, this, &QWidget::close);
+        if (command.Action)
+            this->*command.Action = action;
+        if (command.Needs)
+            FNeeds.emplace_back(action, *command.Needs);
+    }
+    return menu;
+}
+
+void TMainWindow::RefreshCommands()
+{
+    const TDocument *document = CurrentDocument();
+    const TZtExtras extras = document ? document->Editor()->GetExtras() : TZtExtras();
+    for (const auto &[action, needs] : FNeeds)
+        action->setEnabled(document && !(needs & ~extras));
+    FSaveAs->setEnabled(document && !CurrentDatabase());
+    FReload->setEnabled(document && !document->Location().isEmpty());
+    FLanguages->setEnabled(document);
+    if (document)
+        FLanguages->actions().at(&document->Language() - ZtLanguages().data())->setChecked(true);
+}
+
+void TMainWindow::CreateMethodsMenu()
+{
+    static constexpr TCommand methods[] = {
+        {QT_TR_NOOP("New event &handler…"),
+         "flash",
+         nullptr,
+         &TMainWindow::NewEventHandler,
+         {},
+         &TMainWindow::FNewHandler},
+        {QT_TR_NOOP("&All methods…"),
+         "view-list",
+         nullptr,
+         &TMainWindow::ShowAllMethods,
+         {},
+         &TMainWindow::FAllMethods},
+        {},
+    };
+    FMethods = CreateMenu(tr("&Methods"), methods);
+    FMethods->setStyleSheet(QStringLiteral("QMenu { menu-scrollable: 1; }")); // they may be many
+    connect(FMethods, &QMenu::aboutToShow, this, TZtGuarded([this] { FillMethodsMenu(); }));
+}
+
+// Behind the menu's own commands, the methods in the text as it is now, if they are few.
+void TMainWindow::FillMethodsMenu()
+{
+    disconnect(FMethodsRead);
+    const QList<QAction *> before = FMethods->actions();
+    for (QAction *action : before.sliced(before.indexOf(FAllMethods) + 2))
+        delete action;
+    TDocument *document = CurrentDocument();
+    TMethodIndex *index = document ? ZtMethodIndexOf(*document) : nullptr;
+    FNewHandler->setEnabled(index);
+    FAllMethods->setEnabled(index);
+    if (!index)
+        return;
+    const bool complete = index->ReadOn(MenuPatience, MenuMethods);
+    if (index->Count() > MenuMethods)
+        return;
+    if (!complete) {
+        const auto fill = TZtGuarded([this, index] {
+            if (index->IsComplete() && FMethods->isVisible())
+                FillMethodsMenu();
+        });
+        FMethodsRead = connect(index, &TMethodIndex::Advanced, FMethods, fill);
+        return;
+    }
+    for (int i = 0; i < index->Count(); ++i) {
+        const int line = index->Line(i);
+        QAction *action = FMethods->addAction(ZtWithoutMnemonics(index->Name(i)) +
+                                              QLatin1Char('\t') + tr("line %1").arg(line));
+        connect(action, &QAction::triggered, document,
+                TZtGuarded([document, line] { document->GoToLine(line); }));
+    }
+}
+
+void TMainWindow::ShowAllMethods()
+{
+    TDocument *document = CurrentDocument();
+    TMethodIndex *index = document ? ZtMethodIndexOf(*document) : nullptr;
+    if (!index)
+        return;
+    TMethodListDialog dialog(*index, this);
+    if (dialog.exec() == QDialog::Accepted)
+        document->GoToLine(dialog.Line());
+}
+
+void TMainWindow::CreateDatabaseMenu()
+{
+    static constexpr TCommand database[] = {
+        {QT_TR_NOOP("&Open…"),
+         "database",
+         "Ctrl+Shift+O",
+         &TMainWindow::OpenDatabaseTable,
+         {},
+         &TMainWindow::FOpenDatabase},
+        {},
+    };
+    FDatabase = CreateMenu(tr("&Database"), database);
+    connect(FDatabase, &QMenu::aboutToShow, this, TZtGuarded([this] { FillDatabaseMenu(); }));
+}
+
+// Behind the menu's own command, those of the database in front.
+void TMainWindow::FillDatabaseMenu()
+{
+    for (QAction *action : FDatabase->actions().sliced(2))
+        FDatabase->removeAction(action);
+    if (const TDbDocument *database = CurrentDatabase())
+        for (QAction *action : database->Actions())
+            FDatabase->addAction(action);
+}
+
+void TMainWindow::CreateLanguageMenu()
+{
+    QMenu *menu = menuBar()->addMenu(tr("&Language"));
+    FLanguages = new QActionGroup(this);
+    for (const TLanguage &language : ZtLanguages()) {
+        QAction *action = menu->addAction(ZtLanguageName(language));
+        action->setCheckable(true);
+        FLanguages->addAction(action);
+        const auto choose = TZtGuarded([this, &language] {
+            if (TDocument *document = CurrentDocument())
+                document->SetLanguage(language);
+        });
+        connect(action, &QAction::triggered, this, choose);
+    }
+}
+
+void TMainWindow::RefreshEditMenu()
+{
+    const TDocument *document = CurrentDocument();
+    const TZtCodeEdit *editor = document ? document->Editor() : nullptr;
+    const bool selected = editor && HasSelection(*editor);
+    FUndo->setEnabled(editor && editor->GetCanUndo());
+    FRedo->setEnabled(editor && editor->GetCanRedo());
+    FCut->setEnabled(selected && !editor->GetReadOnly());
+    FCopy->setEnabled(selected);
+    FPaste->setEnabled(editor && !editor->GetReadOnly() && editor->GetCanPaste());
+}
