@@ -25,7 +25,8 @@ void TZtGuidesPart::AddToLine(int ALine, int, int, TZtLineLook &ALook)
     const size_t at = size_t(ALine - FFirst);
     if (at >= FCells.size())
         return;
-    for (int i = 0; i < ZtGuideCount(FCells[at], Edit().GetIndentStep()); ++i) {
+    // The gutter's edge is the one at cell 0.
+    for (int i = 1; i < ZtGuideCount(FCells[at], Edit().GetIndentStep()); ++i) {
         const int cell = i * Edit().GetIndentStep();
         const bool current =
             cell == FCurrent.Cell && FCurrent.First <= ALine && ALine <= FCurrent.Last;

@@ -61,7 +61,7 @@ void TZtDecorationsPart::AddToLine(int ALine, int, int ATo, TZtLineLook &ALook)
         if (ALine < placed.From.y() || ALine > placed.To.y())
             continue;
         ALook.Spans.push_back({ALine == placed.From.y() ? placed.From.x() : -1,
-                               ALine == placed.To.y() ? placed.To.x() : ATo + 1, *placed.Style});
+                               ALine == placed.To.y() ? placed.To.x() : ATo + 1, style});
     }
 }
 

@@ -13,6 +13,24 @@ qreal ZtRowPitch(int ALineHeight, qreal ARatio)
                                         : std::ceil(ALineHeight * ARatio - 1e-6) / ARatio;
 }
 
+QStringView TZtPaintRow::Before(size_t APiece) const
+{
+    if (APiece == 0)
+        return {};
+    const TZtPaintPiece &piece = Pieces[APiece];
+    const TZtPaintPiece &before = Pieces[APiece - 1];
+    return before.Left + before.Width == piece.Left ? TextOf(before) : QStringView();
+}
+
+QStringView TZtPaintRow::Behind(size_t APiece) const
+{
+    if (APiece + 1 >= Pieces.size())
+        return {};
+    const TZtPaintPiece &piece = Pieces[APiece];
+    const TZtPaintPiece &behind = Pieces[APiece + 1];
+    return piece.Left + piece.Width == behind.Left ? TextOf(behind) : QStringView();
+}
+
 void TZtFrame::Begin(const TZtFrameLook &ALook, const TZtGuttor *AGuttor)
 {
     FLook = ALook;
@@ -208,7 +226,7 @@ void TZtFrame::DrawTexts(QPainter &APainter, const TZtPaintRow &ARow)
         if (first.IsCluster) {
             FText.DrawCluster(APainter, {first.Left, 0, first.Width, FText.LineHeight()},
                               ARow.TextOf(first), QColor(first.Fore), QColor(first.Back),
-                              first.Style);
+                              first.Style, ARow.Before(i), ARow.Behind(i));
             continue;
         }
         FText.Begin(APainter, 0, QColor(first.Fore), first.Style);
@@ -216,7 +234,7 @@ void TZtFrame::DrawTexts(QPainter &APainter, const TZtPaintRow &ARow)
             const TZtPaintPiece &piece = ARow.Pieces[k];
             if (piece.IsCluster || piece.Fore != first.Fore || piece.Style != first.Style)
                 continue;
-            FText.Add(APainter, piece.Left, ARow.TextOf(piece));
+            FText.Add(APainter, piece.Left, ARow.TextOf(piece), ARow.Before(k), ARow.Behind(k));
             FTextDrawn[k] = true;
         }
         FText.End(APainter);

@@ -58,6 +58,9 @@ struct TZtPaintRow {
     {
         return QStringView(Text).mid(APiece.Start, APiece.Length);
     }
+    /// The text of the piece that touches one (by its index) on the left or right; empty without.
+    QStringView Before(size_t APiece) const;
+    QStringView Behind(size_t APiece) const;
 };
 
 /// What is drawn around the rows; a change of any of it draws everything anew.

@@ -5,6 +5,7 @@
 #include <QTextLayout>
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 namespace {
@@ -23,15 +24,35 @@ QString ToText(char32_t C) { return QString::fromUcs4(&C, 1); }
 // Control characters take a cell and draw nothing; fonts disagree about them.
 bool IsBlank(char32_t C) { return C <= 32 || C == 127 || (C >= 128 && C <= 160); }
 
-void LayOut(QTextLayout &ALayout)
+std::unique_ptr<QTextLayout> LayOut(const QString &S, const QFont &AFont)
 {
+    auto layout = std::make_unique<QTextLayout>(S, AFont);
     QTextOption option;
     option.setTextDirection(Qt::LeftToRight);
     option.setWrapMode(QTextOption::NoWrap);
-    ALayout.setTextOption(option);
-    ALayout.beginLayout();
-    ALayout.createLine();
-    ALayout.endLayout();
+    layout->setTextOption(option);
+    layout->beginLayout();
+    layout->createLine();
+    layout->endLayout();
+    return layout;
+}
+
+// Whether no font has a character of a text.
+bool LacksGlyphs(const QTextLayout &ALayout)
+{
+    const QList<QGlyphRun> runs = ALayout.glyphRuns();
+    return std::any_of(runs.begin(), runs.end(),
+                       [](const QGlyphRun &run) { return run.glyphIndexes().contains(0); });
+}
+
+// In slanted letters where a font has them: some scripts have upright ones alone.
+std::unique_ptr<QTextLayout> LayOutSlanted(const QString &S, QFont AFont)
+{
+    auto layout = LayOut(S, AFont);
+    if (!AFont.italic() || !LacksGlyphs(*layout))
+        return layout;
+    AFont.setItalic(false);
+    return LayOut(S, AFont);
 }
 
 // A mark that no font sets on its letter stands behind it, with the letter's full width before it:
@@ -51,6 +72,52 @@ bool CentreMarks(QList<QGlyphRun> &ARuns, qreal AWidth)
         run.setPositions(places);
     }
     return moved;
+}
+
+bool IsJoined(char32_t C)
+{
+    return C >= 0x600 && QChar::joiningType(C) != QChar::Joining_None &&
+           QChar::joiningType(C) != QChar::Joining_Transparent;
+}
+
+// How the character next to a letter joins; marks between the two do not count.
+QChar::JoiningType JoiningAtEnd(QStringView S)
+{
+    for (qsizetype i = S.size() - 1; i >= 0; --i) {
+        const bool pair = i > 0 && S[i].isLowSurrogate() && S[i - 1].isHighSurrogate();
+        const char32_t C = pair ? QChar::surrogateToUcs4(S[i - 1], S[i]) : S[i].unicode();
+        if (QChar::joiningType(C) != QChar::Joining_Transparent)
+            return QChar::joiningType(C);
+        i -= pair;
+    }
+    return QChar::Joining_None;
+}
+
+QChar::JoiningType JoiningAtStart(QStringView S)
+{
+    for (qsizetype i = 0; i < S.size();)
+        if (const auto type = QChar::joiningType(NextCodePoint(S, i));
+            type != QChar::Joining_Transparent)
+            return type;
+    return QChar::Joining_None;
+}
+
+// A letter in the form that it has between two others, by Unicode's joining types (the standard's
+// section 9.2): a joiner (U+200D) on a side stands for the letter that it is joined to there.
+QString Joined(QStringView S, QStringView ABefore, QStringView ABehind)
+{
+    using enum QChar::JoiningType;
+    const auto own = JoiningAtStart(S);
+    const auto before = JoiningAtEnd(ABefore);
+    const auto behind = JoiningAtStart(ABehind);
+    QString text = S.toString();
+    if ((own == Joining_Dual || own == Joining_Left) &&
+        (behind == Joining_Dual || behind == Joining_Right || behind == Joining_Causing))
+        text.append(QChar(0x200D));
+    if ((own == Joining_Dual || own == Joining_Right) &&
+        (before == Joining_Dual || before == Joining_Left || before == Joining_Causing))
+        text.prepend(QChar(0x200D));
+    return text;
 }
 
 // What a cell of the exact grid shows instead of nothing.
@@ -112,7 +179,8 @@ TZtTextPainter::TGlyph TZtTextPainter::Measure(const TFace &AFace, char32_t C) c
                               ? AFace.Raw.advancesForGlyphIndexes({glyph.Index}).value(0).x()
                               : QFontMetricsF(AFace.Font).horizontalAdvance(text);
     glyph.Advance = std::max(FCharWidth, qRound(advance));
-    glyph.FitsCell = glyph.Index && glyph.Advance == FCharWidth && !QChar::isMark(C);
+    glyph.FitsCell =
+        glyph.Index && glyph.Advance == FCharWidth && !QChar::isMark(C) && !IsJoined(C);
     return glyph;
 }
 
@@ -148,14 +216,19 @@ void TZtTextPainter::Begin(QPainter &APainter, int ATop, const QColor &AColor, T
     FPositions.clear();
 }
 
-void TZtTextPainter::Add(QPainter &APainter, int ALeft, QStringView S)
+void TZtTextPainter::Add(QPainter &APainter, int ALeft, QStringView S, QStringView ABefore,
+                         QStringView ABehind)
 {
     int x = ALeft;
     for (qsizetype i = 0; i < S.size();) {
+        const qsizetype at = i;
         const char32_t C = NextCodePoint(S, i);
         const TGlyph glyph = Glyph(*FFace, C);
         if (FExact && !glyph.FitsCell) {
-            Squeeze(APainter, QRect(x, FTop, FCharWidth, FLineHeight), ToText(C));
+            const QStringView before = at > 0 ? S.first(at) : ABefore;
+            const QStringView behind = i < S.size() ? S.sliced(i) : ABehind;
+            Squeeze(APainter, QRect(x, FTop, FCharWidth, FLineHeight),
+                    IsJoined(C) ? Joined(S.sliced(at, i - at), before, behind) : ToText(C));
         } else if (glyph.Index) {
             FGlyphs.push_back(glyph.Index);
             FPositions.emplace_back(x, FTop + FAscent);
@@ -201,7 +274,8 @@ qsizetype TZtTextPainter::CountDrawable(QStringView S)
 }
 
 void TZtTextPainter::DrawCluster(QPainter &APainter, const QRect &ACells, QStringView S,
-                                 const QColor &AFore, const QColor &ABack, TFontStyles AStyle)
+                                 const QColor &AFore, const QColor &ABack, TFontStyles AStyle,
+                                 QStringView ABefore, QStringView ABehind)
 {
     if (S.isEmpty() || ACells.isEmpty())
         return;
@@ -209,7 +283,7 @@ void TZtTextPainter::DrawCluster(QPainter &APainter, const QRect &ACells, QStrin
     if (CountDrawable(S) == 0)
         DrawMark(APainter, ACells, S.front().unicode(), ABack);
     else
-        Squeeze(APainter, ACells, S.toString());
+        Squeeze(APainter, ACells, Joined(S, ABefore, ABehind));
     DrawLines(APainter, ACells.left(), ACells.width());
 }
 
@@ -222,10 +296,9 @@ void TZtTextPainter::Squeeze(QPainter &APainter, const QRect &ACells, const QStr
     QString text = S.normalized(QString::NormalizationForm_C);
     if (text.front().isMark())
         text.prepend(QChar::Nbsp);
-    QTextLayout layout(text, FFace->Font);
-    LayOut(layout);
-    const QTextLine line = layout.lineAt(0);
-    QList<QGlyphRun> runs = layout.glyphRuns();
+    const auto layout = LayOutSlanted(text, FFace->Font);
+    const QTextLine line = layout->lineAt(0);
+    QList<QGlyphRun> runs = layout->glyphRuns();
     const bool moved = CentreMarks(runs, line.naturalTextWidth());
     qreal left = 0;
     qreal right = line.naturalTextWidth();
@@ -243,7 +316,7 @@ void TZtTextPainter::Squeeze(QPainter &APainter, const QRect &ACells, const QStr
         APainter.translate(int((ACells.width() - width) / 2), 0);
     const QPointF origin(-left, FAscent - line.ascent());
     if (!moved)
-        layout.draw(&APainter, origin);
+        layout->draw(&APainter, origin);
     for (const QGlyphRun &run : std::as_const(runs))
         if (moved)
             APainter.drawGlyphRun(origin, run);

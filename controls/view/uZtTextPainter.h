@@ -43,8 +43,10 @@ public:
     /// Draws texts without a background, all in one colour and style: `Begin`, an `Add` for each
     /// text, `End`. Few large calls are much cheaper for Qt than many small ones.
     void Begin(QPainter &APainter, int ATop, const QColor &AColor, TFontStyles AStyle);
-    /// `ALeft` is the left edge of the text's first cell.
-    void Add(QPainter &APainter, int ALeft, QStringView S);
+    /// `ALeft` is the left edge of the text's first cell. `ABefore` and `ABehind` are what stands
+    /// beside it, to which the letters of some scripts are joined.
+    void Add(QPainter &APainter, int ALeft, QStringView S, QStringView ABefore = {},
+             QStringView ABehind = {});
     void End(QPainter &APainter);
 
     /// How many of the first UTF-16 units of `S` can be drawn as text on the exact grid: those
@@ -55,7 +57,8 @@ public:
     /// in reversed colours, as in "^A"; of the controls from 128 on, in a frame.
     /// Not to be called between `Begin` and `End`.
     void DrawCluster(QPainter &APainter, const QRect &ACells, QStringView S, const QColor &AFore,
-                     const QColor &ABack, TFontStyles AStyle);
+                     const QColor &ABack, TFontStyles AStyle, QStringView ABefore = {},
+                     QStringView ABehind = {});
 
 private:
     struct TGlyph {
