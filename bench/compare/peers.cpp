@@ -7,10 +7,13 @@
 #include "uZtJournal.h"
 #include "uZtPlatform.h"
 #include "uZtStringStream.h"
+#include "uZtTextMarks.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QPaintEvent>
+#include <QPainter>
 #include <QPlainTextEdit>
 #include <QRegularExpression>
 #include <QScrollBar>
@@ -28,6 +31,8 @@
 namespace {
 
 constexpr int ReplaceCount = 100'000; // occurrences in the text
+constexpr int DiagnosticCount = 100'000;
+constexpr int MarkCount = 10'000;
 
 QFont BenchFont()
 {
@@ -105,6 +110,19 @@ public:
         FParser->OnGetNewBuffer = nullptr;
     }
     void RepaintUnchanged() override { FEdit.Invalidate(); }
+    void MarkLines() override
+    {
+        TZtTextMarks &marks = FEdit.GetTextMarks();
+        const int lines = LineCount();
+        std::vector<TZtDiagnostic> found;
+        for (int i = 0; i < DiagnosticCount; ++i) {
+            const int line = int(qint64(i) * lines / DiagnosticCount);
+            found.push_back({{2, line}, {7, line}, TZtSeverity(i % 3), QStringLiteral("wrong")});
+        }
+        marks.Diagnostics.Set(QStringLiteral("compiler"), found);
+        for (int i = 0; i < MarkCount; ++i)
+            marks.Marks.Set(int(qint64(i) * lines / MarkCount), TZtLineMark(i % 7), true);
+    }
 
 private:
     TZtSearchReplaceOptions Options(const QString &S, bool ACase, bool AWholeWords)
@@ -125,7 +143,7 @@ protected:
     TZtCodeEdit FEdit;
 };
 
-// The same with all that ztedit switches on: every correction, and a journal of the changes.
+// The same with every correction and a journal of the changes.
 class TCorrectedPeer : public TZtPeer {
 public:
     TCorrectedPeer() { FEdit.SetCorrections(ZtAllCorrections()); }
@@ -140,14 +158,24 @@ public:
         TZtJournalBase base;
         base.Path = AFileName;
         base.Bytes = stream.Bytes();
-        FJournal = std::make_unique<TZtJournal>(
-            *FEdit.GetLines(), FFolder.filePath(QString::number(++FNumber)), base);
+        FJournal = std::make_unique<TZtJournal>(*FEdit.GetLines(),
+                                                FFolder.filePath(QString::number(++FNumber)), base);
     }
 
 private:
     QTemporaryDir FFolder;
     std::unique_ptr<TZtJournal> FJournal;
     int FNumber = 0;
+};
+
+// The same with all that ztedit can show: line numbers, marks, changes, the overview, brackets, ...
+class TCompletePeer : public TCorrectedPeer {
+public:
+    TCompletePeer()
+    {
+        FEdit.SetExtras(ZtAllExtras());
+        FEdit.SetScheme(TZtColorScheme::Find(QStringLiteral("Light")));
+    }
 };
 
 // --- Qt's plain text editor with a small highlighter ---------------------------------------------
@@ -178,7 +206,79 @@ private:
     QTextCharFormat FNumber;
 };
 
-class TPlainPeer : public TPeer {
+// With line numbers and a background for the caret's line.
+class TNumberedEdit : public QPlainTextEdit {
+public:
+    TNumberedEdit() : FNumbers(this)
+    {
+        connect(this, &QPlainTextEdit::blockCountChanged, this, [this] { PlaceNumbers(); });
+        connect(this, &QPlainTextEdit::updateRequest, this, [this](const QRect &ARect, int ADown) {
+            if (ADown)
+                FNumbers.scroll(0, ADown);
+            else
+                FNumbers.update(0, ARect.y(), FNumbers.width(), ARect.height());
+        });
+        connect(this, &QPlainTextEdit::cursorPositionChanged, this, [this] { ShowCaretLine(); });
+        PlaceNumbers();
+        ShowCaretLine();
+    }
+    QWidget *Numbers() { return &FNumbers; }
+
+protected:
+    void resizeEvent(QResizeEvent *AEvent) override
+    {
+        QPlainTextEdit::resizeEvent(AEvent);
+        PlaceNumbers();
+    }
+
+private:
+    class TNumbers : public QWidget {
+    public:
+        explicit TNumbers(TNumberedEdit *AEdit) : QWidget(AEdit), FEdit(AEdit) {}
+
+    protected:
+        void paintEvent(QPaintEvent *AEvent) override { FEdit->PaintNumbers(AEvent->rect()); }
+
+    private:
+        TNumberedEdit *FEdit;
+    };
+
+    void PlaceNumbers()
+    {
+        const int digits = int(QString::number(blockCount()).size());
+        const int width = 6 + fontMetrics().horizontalAdvance(QLatin1Char('9')) * digits;
+        setViewportMargins(width, 0, 0, 0);
+        const QRect inside = contentsRect();
+        FNumbers.setGeometry(inside.left(), inside.top(), width, inside.height());
+    }
+    void PaintNumbers(const QRect &ARect)
+    {
+        QPainter painter(&FNumbers);
+        painter.fillRect(ARect, QColor(0xF0, 0xF0, 0xF0));
+        painter.setPen(Qt::darkGray);
+        for (QTextBlock block = firstVisibleBlock(); block.isValid(); block = block.next()) {
+            const QRectF place = blockBoundingGeometry(block).translated(contentOffset());
+            if (place.top() > ARect.bottom())
+                break;
+            if (block.isVisible() && place.bottom() >= ARect.top())
+                painter.drawText(0, int(place.top()), FNumbers.width() - 3, fontMetrics().height(),
+                                 Qt::AlignRight, QString::number(block.blockNumber() + 1));
+        }
+    }
+    void ShowCaretLine()
+    {
+        QTextEdit::ExtraSelection line;
+        line.format.setBackground(QColor(0xFF, 0xFF, 0xE0));
+        line.format.setProperty(QTextFormat::FullWidthSelection, true);
+        line.cursor = textCursor();
+        line.cursor.clearSelection();
+        setExtraSelections({line});
+    }
+
+    TNumbers FNumbers;
+};
+
+template <typename TEdit> class TPlainPeer : public TPeer {
 public:
     TPlainPeer() : FHighlighter(FEdit.document())
     {
@@ -222,10 +322,15 @@ public:
     }
     void Paste() override { FEdit.paste(); }
     void ColourAll() override { FHighlighter.rehighlight(); }
-    void RepaintUnchanged() override { FEdit.viewport()->update(); }
+    void RepaintUnchanged() override
+    {
+        FEdit.viewport()->update();
+        if constexpr (std::is_same_v<TEdit, TNumberedEdit>)
+            FEdit.Numbers()->update();
+    }
 
 private:
-    QPlainTextEdit FEdit;
+    TEdit FEdit;
     TSmallHighlighter FHighlighter;
 };
 
@@ -293,22 +398,60 @@ public:
 
 private:
     std::unique_ptr<QsciLexer> FLexer;
+
+protected:
     QsciScintilla FEdit;
 };
 
+// With line numbers, markers, brace matching, the caret's line and guides.
+class TCompleteScintillaPeer : public TScintillaPeer {
+public:
+    TCompleteScintillaPeer()
+    {
+        FEdit.setMarginType(0, QsciScintilla::NumberMargin);
+        FEdit.setMarginType(1, QsciScintilla::SymbolMargin);
+        FEdit.setMarginWidth(1, 16);
+        FEdit.markerDefine(QsciScintilla::Circle, Marker);
+        FEdit.setBraceMatching(QsciScintilla::SloppyBraceMatch);
+        FEdit.setCaretLineVisible(true);
+        FEdit.setCaretLineBackgroundColor(QColor(0xFF, 0xFF, 0xE0));
+        FEdit.setIndentationGuides(true);
+    }
+    void LoadFile(const QString &AFileName) override
+    {
+        TScintillaPeer::LoadFile(AFileName);
+        FEdit.setMarginWidth(0, QString::number(FEdit.lines()) + QLatin1Char('0'));
+        for (int line = 0; line < std::min(FEdit.lines(), 1000); line += 10)
+            FEdit.markerAdd(line, Marker);
+    }
+
+private:
+    static constexpr int Marker = 1;
+};
+
 #endif
+
+template <typename TOne> TPeerKind Kind(const char *AName, TSet ASet, bool AOwn)
+{
+    return {AName, ASet, AOwn, [] { return std::make_unique<TOne>(); }};
+}
 
 } // namespace
 
 const std::vector<TPeerKind> &Peers()
 {
     static const std::vector<TPeerKind> peers = {
-        {"TZtCodeEdit", [] { return std::make_unique<TZtPeer>(); }},
-        {"corrected", [] { return std::make_unique<TCorrectedPeer>(); }},
+        Kind<TZtPeer>("TZtCodeEdit", TSet::Bare, true),
 #ifdef ZT_HAVE_QSCINTILLA
-        {"QScintilla", [] { return std::make_unique<TScintillaPeer>(); }},
+        Kind<TScintillaPeer>("QScintilla", TSet::Bare, false),
 #endif
-        {"QPlainTextEdit", [] { return std::make_unique<TPlainPeer>(); }},
+        Kind<TPlainPeer<QPlainTextEdit>>("QPlainTextEdit", TSet::Bare, false),
+        Kind<TCorrectedPeer>("corrected", TSet::Complete, true),
+        Kind<TCompletePeer>("complete", TSet::Complete, true),
+#ifdef ZT_HAVE_QSCINTILLA
+        Kind<TCompleteScintillaPeer>("QScintilla, complete", TSet::Complete, false),
+#endif
+        Kind<TPlainPeer<TNumberedEdit>>("QPlainTextEdit, numbered", TSet::Complete, false),
     };
     return peers;
 }

@@ -29,12 +29,19 @@ public:
     /// Colours the whole text once.
     virtual void ColourAll() = 0;
     virtual void RepaintUnchanged() = 0;
+    /// Marks the text with 100,000 diagnostics and marks on 10,000 lines; asked of own kinds alone.
+    virtual void MarkLines() {}
 };
+
+/// The table that an editor stands in: as it is, or with what surrounds a text switched on.
+enum class TSet { Bare, Complete };
 
 struct TPeerKind {
     const char *Name;
+    TSet Set;
+    bool Own; ///< this project's control
     std::function<std::unique_ptr<TPeer>()> Create;
 };
 
-/// The editors that were built in; this project's control is the first.
+/// The editors that were built in. The last one of a set's own is what its peers are compared with.
 const std::vector<TPeerKind> &Peers();
