@@ -528,10 +528,12 @@ private:
     void Show(TZtCodeOption AOption, bool AShow);
     // extras
     TZtGuttorSight GuttorSight() const;
+    bool HasColumns() const;
     int BarsWidth() const;
     qreal RowPitch() const;
     void JumpTo(const QPoint &APlace);
     void SelectLines(int AFrom, int ATo);
+    void PointAt(int X);
     bool PressGuttor(TMouseButton Button, int X, int Y);
     bool ShowToolTip(const QHelpEvent &AEvent);
     bool GoToBookmark(bool AForward);
@@ -709,10 +711,12 @@ private:
     std::shared_ptr<const TZtColorScheme> FScheme;
     TZtGuttorClickEvent FOnGuttorClick;
     int FZoom = 100;
-    QFont FUnzoomed;      // the host's
-    int FGuttorDrag = -1; // the line where the numbers were pressed
-    QPointF FWheelRests;  // of a cell and a line, in pixels
-    double FPinch = 1;    // what was zoomed by and is less than a per cent
+    QFont FUnzoomed;          // the host's
+    int FGuttorDrag = -1;     // the line where the numbers were pressed
+    bool FOverGuttor = false; // the mouse, of which this is the pointer elsewhere
+    QCursor FTextCursor;
+    QPointF FWheelRests; // of a cell and a line, in pixels
+    double FPinch = 1;   // what was zoomed by and is less than a per cent
     TZtCellRules FCells;
     std::shared_ptr<TZtUndoHistory> FHistory;     // with zcUndo or zcEvents
     std::shared_ptr<TZtHighlighter> FHighlighter; // with zcPicture

@@ -204,6 +204,8 @@ void TZtCodeEdit::BeginOperation()
     if (FOperations++ > 0)
         return;
     FJoin = TZtUndoJoin::ujAlone;
+    if (FText->Marks)
+        FText->Marks->Changes.SetIsWholeTextMarked(true); // a user changes it, nobody loads
     if (FHistory)
         FHistory->BeginStep(GetView());
 }
@@ -224,6 +226,8 @@ void TZtCodeEdit::EndOperation()
         ScrollToLine();
     });
     --FOperations;
+    if (FText->Marks)
+        FText->Marks->Changes.SetIsWholeTextMarked(false);
     // The first version's undo takes back what was one operation; with it no steps join.
     const bool joins = IsCorrected(zcUndo) || FJoin == TZtUndoJoin::ujBack;
     if (FHistory)

@@ -1,5 +1,6 @@
 #include "uZtCodeEdit.h"
 
+#include "uZtEditedText.h"
 #include "uZtIndentation.h"
 #include "uZtPlatform.h"
 #include "uZtStringStream.h"
@@ -638,5 +639,7 @@ void TZtCodeEdit::Load(const QString &aFileName)
         FLines->SetText(stream.GetWString());
     if (IsCorrected(zcEvents))
         MarkSaved();
+    if (FText->Marks)
+        FText->Marks->Changes.Reset();
     Redraw();
 }

@@ -34,8 +34,9 @@ void TZtCodeEdit::SetExtras(TZtExtras Value)
     FShownExtras = Value;
     if (Value & (zeMarks | zeChangeBars | zeDiagnostics))
         GetTextMarks(); // from now on
-    setMouseTracking(bool(Value & (zeMarks | zeLineNumbers)));
     FExtras->Show(Value);
+    setMouseTracking(HasColumns());
+    PointAt(RealGuttorWidth());
     ExtrasChanged();
 }
 
@@ -83,8 +84,13 @@ int TZtCodeEdit::RealGuttorWidth() const
 {
     if (!GetShowGuttor())
         return 0;
-    const bool columns = IsCorrected(TZtCorrection::zcPicture) && FExtras->Guttor().HasColumns();
-    return columns ? FExtras->Guttor().GetWidth(GuttorSight()) : FGuttorWidth;
+    return HasColumns() ? FExtras->Guttor().GetWidth(GuttorSight()) : FGuttorWidth;
+}
+
+// Whether the gutter is more than the empty strip.
+bool TZtCodeEdit::HasColumns() const
+{
+    return IsCorrected(TZtCorrection::zcPicture) && FExtras->Guttor().HasColumns();
 }
 
 // What stands right of the text.
@@ -177,11 +183,22 @@ void TZtCodeEdit::SelectLines(int AFrom, int ATo)
     SetSelStart({FCharPos, FLinePos});
 }
 
+// The gutter has a pointer of its own.
+void TZtCodeEdit::PointAt(int X)
+{
+    const bool over = HasColumns() && X < RealGuttorWidth();
+    if (over == std::exchange(FOverGuttor, over))
+        return;
+    if (over)
+        FTextCursor = cursor();
+    setCursor(over ? QCursor(Qt::ArrowCursor) : FTextCursor);
+}
+
 // Answers whether the press was in a column of the gutter, and is done with.
 bool TZtCodeEdit::PressGuttor(TMouseButton Button, int X, int Y)
 {
     TZtGuttor &guttor = FExtras->Guttor();
-    if (X >= RealGuttorWidth() || !guttor.HasColumns())
+    if (X >= RealGuttorWidth() || !HasColumns())
         return false;
     const int line = FVScrollBar->GetPosition() + int(std::floor(Y / RowPitch()));
     if (line < 0 || line >= qMax(FLines->GetCount(), 1))

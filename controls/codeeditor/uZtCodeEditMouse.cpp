@@ -72,8 +72,7 @@ void TZtCodeEdit::DoMouseDown(TMouseButton Button, TShiftState Shift, int X, int
 void TZtCodeEdit::MouseMove(TShiftState Shift, int X, int Y)
 {
     TCustomControl::MouseMove(Shift, X, Y);
-    if (HasExtra(TZtExtra::zeLineNumbers) || HasExtra(TZtExtra::zeMarks))
-        setCursor(X < RealGuttorWidth() ? Qt::ArrowCursor : Qt::IBeamCursor);
+    PointAt(X);
     if (FGuttorDrag >= 0)
         return Operate([&] { SelectLines(FGuttorDrag, PlaceAt(0, Y).y()); });
     if (!InMouseDown)
@@ -136,7 +135,7 @@ void TZtCodeEdit::contextMenuEvent(QContextMenuEvent *AEvent)
 
 void TZtCodeEdit::CalcCursor(int &X, int &Y)
 {
-    const int g = FExtras->Guttor().HasColumns() ? RealGuttorWidth() : FGuttorWidth;
+    const int g = HasColumns() ? RealGuttorWidth() : FGuttorWidth;
     X = FCharWidth < 1 ? -1 : FHScrollBar->GetPosition() + (X - g) / FCharWidth;
     Y = FLineWidth < 1 ? -1 : FVScrollBar->GetPosition() + Y / FLineWidth;
     X = ColumnAt(Y, X);

@@ -107,7 +107,7 @@ bool TZtCodeEdit::BeginFrame()
     const TColor back = Shaded(GetViewColor(vcBackground), GetReadOnly());
     const bool own = !FScheme || FRightMarginColor != clBtnFace; // the margin's colour
     const int g = RealGuttorWidth();
-    const bool columns = FExtras->Guttor().HasColumns();
+    const bool columns = HasColumns();
     const int margin = (FRightMargin - FHScrollBar->GetPosition()) * FCharWidth + ZtTextLeft;
     const bool marginShown = GetShowRightMargin() && margin > 0 && margin < GetClientWidth() - g;
     FExtras->Guttor().Arrange(GuttorSight());

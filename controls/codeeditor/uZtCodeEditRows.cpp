@@ -35,7 +35,7 @@ void TZtCodeEdit::ComposeText()
     if (FParser->OnPaintInfo)
         highlighter->ForgetColours(); // it is asked at each paint
     FExtras->BeginRows(first, last);
-    pass.HasColumns = FExtras->Guttor().HasColumns();
+    pass.HasColumns = HasColumns();
     pass.Sight = GuttorSight();
     highlighter->Prepare(first, last, (pass.Right - pass.Left) / FCharWidth + 1);
     for (; first + pass.Row <= last; ++pass.Row) {
@@ -195,13 +195,12 @@ TZtPieceMarks TZtCodeEdit::MarksOf(const TPaintPass &APass, const TZtDecorationS
 // Goes on with what the colours need in idle time, as long as there is anything to do.
 void TZtCodeEdit::LexAhead()
 {
-    const bool more =
-        (IsCorrected(zcStates) && FHighlighter->GetKnownLines() < FLines->GetCount()) ||
-        FExtras->HasWork();
-    if (!more)
+    const bool lexes = IsCorrected(zcStates) && FHighlighter->GetKnownLines() < FLines->GetCount();
+    const int delay = lexes ? 0 : FExtras->GetWorkDelay();
+    if (delay < 0)
         FIdle.stop();
     else if (!FIdle.isActive())
-        FIdle.start(IdleDelay, this);
+        FIdle.start(qMax(IdleDelay, delay), this);
 }
 
 // What is typed goes first.
@@ -223,10 +222,13 @@ void TZtCodeEdit::timerEvent(QTimerEvent *AEvent)
         const THold hold(*this);
         const auto highlighter = FHighlighter;
         const bool lexes = highlighter->Advance(LexSlice);
-        if (lexes || FExtras->Advance(LexSlice))
-            FIdle.start(0, this);
-        else
+        if (!lexes)
+            FExtras->Advance(LexSlice);
+        const int delay = lexes ? 0 : FExtras->GetWorkDelay();
+        if (delay < 0)
             FIdle.stop();
+        else
+            FIdle.start(delay, this);
         if (highlighter->GetRevision() != FShownColours)
             Redraw();
     });

@@ -238,19 +238,20 @@ void TZtEditExtras::CaretMoved()
         FRuler->SetCaret(double(FEdit.GetLinePos()) / qMax(FEdit.GetLines()->GetCount(), 1));
 }
 
-bool TZtEditExtras::HasWork() const
+int TZtEditExtras::GetWorkDelay() const
 {
-    return std::any_of(FParts.begin(), FParts.end(),
-                       [](const auto &part) { return part && part->HasWork(); });
+    int least = -1;
+    for (const auto &part : FParts)
+        if (const int delay = part ? part->GetWorkDelay() : -1; delay >= 0)
+            least = least < 0 ? delay : qMin(least, delay);
+    return least;
 }
 
-bool TZtEditExtras::Advance(int AMilliseconds)
+void TZtEditExtras::Advance(int AMilliseconds)
 {
-    bool more = false;
     for (const auto &part : FParts)
-        if (part)
-            more |= part->Advance(AMilliseconds);
-    return more;
+        if (part && part->GetWorkDelay() == 0)
+            part->Advance(AMilliseconds);
 }
 
 QString TZtEditExtras::GetToolTip(const QPoint &APlace) const

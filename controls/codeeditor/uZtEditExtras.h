@@ -45,8 +45,9 @@ public:
     void CaretMoved();
     /// What is marked is other.
     void UpdateRuler();
-    bool HasWork() const;
-    bool Advance(int AMilliseconds);
+    /// The shortest of the parts' (`TZtViewPart::GetWorkDelay`).
+    int GetWorkDelay() const;
+    void Advance(int AMilliseconds);
     QString GetToolTip(const QPoint &APlace) const;
     /// Takes over the colours of the editor.
     void TakeColours();

@@ -64,21 +64,27 @@ void TZtMatchesPart::AddToLine(int ALine, int AFrom, int ATo, TZtLineLook &ALook
 
 void TZtMatchesPart::TextChanged() { FIsStale = true; }
 
-bool TZtMatchesPart::HasWork() const
+// A text that is changed all the time is looked through for a tenth of the time.
+int TZtMatchesPart::GetWorkDelay() const
 {
-    return !FMarks->IsEmpty() && (FIsStale || !FMarks->IsComplete());
+    if (FMarks->IsEmpty() || (!FIsStale && FMarks->IsComplete()))
+        return -1;
+    if (!FIsStale || !FSinceLast.isValid())
+        return 0;
+    return int(qMax<qint64>(qint64(FTime) * 10 - FSinceLast.elapsed(), 0));
 }
 
-bool TZtMatchesPart::Advance(int AMilliseconds)
+void TZtMatchesPart::Advance(int AMilliseconds)
 {
-    if (std::exchange(FIsStale, false))
+    if (std::exchange(FIsStale, false)) {
         FMarks->Restart();
-    if (FMarks->IsEmpty() || FMarks->IsComplete())
-        return false;
+        FTime = 0;
+    }
+    FTime += AMilliseconds;
     if (FMarks->Advance(AMilliseconds))
-        return true;
+        return;
+    FSinceLast.start();
     Edit().OverviewChanged();
-    return false;
 }
 
 void TZtMatchesPart::Survey(std::vector<quint32> &ARows)
@@ -99,6 +105,12 @@ void TZtWordPart::BeginRows(int, int)
     using enum TZtSearchFlag;
     if (SetSearch(word.size() > 1 ? word : QString(), sfDown | sfMatchCase | sfWholeWord))
         Edit().OverviewChanged();
+}
+
+// Rows in sight are looked through when they are drawn.
+int TZtWordPart::GetWorkDelay() const
+{
+    return Edit().HasExtra(TZtExtra::zeRuler) ? TZtMatchesPart::GetWorkDelay() : -1;
 }
 
 // --- brackets ------------------------------------------------------------------------------------
@@ -135,18 +147,14 @@ void TZtBracketsPart::AddToLine(int ALine, int, int, TZtLineLook &ALook)
             ALook.Spans.push_back({place.x(), place.x() + 1, style});
 }
 
-bool TZtBracketsPart::HasWork() const
+int TZtBracketsPart::GetWorkDelay() const
 {
-    return FBrackets && FBrackets->GetState() == TZtBracketState::bsSearching;
+    return FBrackets && FBrackets->GetState() == TZtBracketState::bsSearching ? 0 : -1;
 }
 
-bool TZtBracketsPart::Advance(int AMilliseconds)
+void TZtBracketsPart::Advance(int AMilliseconds)
 {
-    if (!FBrackets)
-        return false;
-    const bool searching = FBrackets->GetState() == TZtBracketState::bsSearching;
-    const bool more = FBrackets->Advance(AMilliseconds);
-    if (searching && FBrackets->GetState() != TZtBracketState::bsSearching)
+    FBrackets->Advance(AMilliseconds);
+    if (FBrackets->GetState() != TZtBracketState::bsSearching)
         Edit().ExtrasChanged();
-    return more;
 }

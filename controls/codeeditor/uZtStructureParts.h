@@ -5,6 +5,8 @@
 #include "uZtMatchMarks.h"
 #include "uZtViewParts.h"
 
+#include <QElapsedTimer>
+
 #include <memory>
 #include <optional>
 
@@ -32,8 +34,8 @@ public:
     void AddToLine(int ALine, int AFrom, int ATo, TZtLineLook &ALook) override;
     void TextAttached() final;
     void TextChanged() override;
-    bool HasWork() const override;
-    bool Advance(int AMilliseconds) override;
+    int GetWorkDelay() const override;
+    void Advance(int AMilliseconds) override;
     void Survey(std::vector<quint32> &ARows) override;
 
 protected:
@@ -44,7 +46,9 @@ private:
     std::unique_ptr<TZtMatchMarks> FMarks;
     QString FSearch;
     TZtSearchFlags FFlags;
-    bool FIsStale = false; // the text was changed since it was looked through
+    bool FIsStale = false;    // the text was changed since it was looked through
+    QElapsedTimer FSinceLast; // it was looked through
+    int FTime = 0;            // that it took, in milliseconds
 };
 
 /// The word at the caret wherever it stands.
@@ -52,6 +56,7 @@ class TZtWordPart final : public TZtMatchesPart {
 public:
     using TZtMatchesPart::TZtMatchesPart;
     void BeginRows(int AFirst, int ALast) override;
+    int GetWorkDelay() const override;
 
 protected:
     TZtViewColor Colour() const override { return TZtViewColor::vcWord; }
@@ -68,8 +73,8 @@ public:
     void BeginRows(int AFirst, int ALast) override;
     void AddToLine(int ALine, int AFrom, int ATo, TZtLineLook &ALook) override;
     void TextAttached() override;
-    bool HasWork() const override;
-    bool Advance(int AMilliseconds) override;
+    int GetWorkDelay() const override;
+    void Advance(int AMilliseconds) override;
     /// Looks for the pair of the bracket at the caret; null without a highlighter.
     TZtBrackets *Find();
 

@@ -23,10 +23,10 @@ public:
     virtual void TextAttached() {}
     /// The text is another one.
     virtual void TextChanged() {}
-    /// Whether there is something to do in idle time.
-    virtual bool HasWork() const { return false; }
-    /// Works for some milliseconds of idle time; answers whether there is more to do.
-    virtual bool Advance(int) { return false; }
+    /// In how many milliseconds there will be something to do in idle time, 0 for now; -1: nothing.
+    virtual int GetWorkDelay() const { return -1; }
+    /// Works for some milliseconds of idle time.
+    virtual void Advance(int) {}
     /// What is told of a place (column, line) when the mouse rests there; plain text.
     virtual QString GetToolTip(const QPoint &) { return {}; }
     /// Sets the bits of what it shows in an overview's rows (`TZtOverviewRows`).
