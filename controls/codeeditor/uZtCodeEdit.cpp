@@ -49,6 +49,7 @@ TZtCodeEdit::TZtCodeEdit(QWidget *AOwner) : TCustomControl(AOwner)
     FCaret = new TZtCaret(this);
     FExtras = std::make_unique<TZtEditExtras>(*this, this);
     AttachText(std::make_shared<TZtEditedText>());
+    FExtras->Show({});
     FOptions.setFlag(TZtCodeOption::coShowGuttor);
     setFont(DefaultFont());
     for (TScrollBar **bar : {&FHScrollBar, &FVScrollBar}) {
@@ -239,6 +240,8 @@ void TZtCodeEdit::CodeChange(QObject *)
     if (InPaint)
         return; // only the lexer's states are stored while painting
     PositionScollBars();
+    if (HasColumns())
+        ResetCaret(); // the gutter is as wide as the numbers of the lines
     FExtras->TextChanged();
     if (!IsCorrected(TZtCorrection::zcEvents))
         Tell([this] { Q_EMIT textChanged(); });

@@ -544,6 +544,7 @@ private:
     bool EraseEmptyPair();
     void ColourParser();
     void CaretSeen();
+    void MeasureFont();
     void ScrollFinely(const QWheelEvent &AEvent);
     bool ZoomWith(QEvent *AEvent);
     // painting
@@ -715,6 +716,7 @@ private:
     int FGuttorDrag = -1;     // the line where the numbers were pressed
     bool FOverGuttor = false; // the mouse, of which this is the pointer elsewhere
     QCursor FTextCursor;
+    bool FGuttorPressed = false;
     QPointF FWheelRests; // of a cell and a line, in pixels
     double FPinch = 1;   // what was zoomed by and is less than a per cent
     TZtCellRules FCells;

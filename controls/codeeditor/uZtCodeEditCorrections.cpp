@@ -81,6 +81,7 @@ void TZtCodeEdit::SetCorrections(TZtCorrections Value)
     FExtras->TextAttached();
     KeepCaretInText();
     PositionScollBars();
+    ResetCaret();
     Redraw();
 }
 
@@ -155,7 +156,7 @@ void TZtCodeEdit::ShareText(TZtCodeEdit *AOther)
     FUndoList->Clear();
     FModified = AOther->FModified;
     SetCorrections(corrections);
-    SetExtras(FShownExtras);
+    FExtras->Show(FShownExtras);
     InitSelectionAndPosition();
     PositionScollBars();
     Redraw();

@@ -148,6 +148,7 @@ void TZtCodeEdit::SetScheme(const std::shared_ptr<const TZtColorScheme> &Value)
     FCaret->SetColour(FScheme ? QColor(GetViewRgb(vcCaret)) : QColor());
     FExtras->TakeColours();
     Redraw();
+    update(); // the corners too
 }
 
 void TZtCodeEdit::ColourParser()
@@ -156,6 +157,7 @@ void TZtCodeEdit::ColourParser()
         GetParser()->SetScheme(FScheme);
     if (!FHighlighter)
         return;
+    FHighlighter->SetParser(GetParser()); // who types before the next paint asks for colours too
     FHighlighter->SetPlain(FScheme ? GetViewColor(vcText) : clWindowText,
                            FScheme ? GetViewColor(vcBackground) : clWindow);
     FHighlighter->ForgetColours();
@@ -174,6 +176,8 @@ QRgb TZtCodeEdit::GetViewRgb(TZtViewColor APart) const
 void TZtCodeEdit::SelectLines(int AFrom, int ATo)
 {
     const int last = FLines->GetCount() - 1;
+    if (last < 0)
+        return;
     const auto behind = [&](int line) {
         return line < last ? QPoint(0, line + 1) : QPoint(FLines->GetLength(last), last);
     };
@@ -197,24 +201,28 @@ void TZtCodeEdit::PointAt(int X)
 // Answers whether the press was in a column of the gutter, and is done with.
 bool TZtCodeEdit::PressGuttor(TMouseButton Button, int X, int Y)
 {
-    TZtGuttor &guttor = FExtras->Guttor();
     if (X >= RealGuttorWidth() || !HasColumns())
         return false;
+    const TZtGuttor &guttor = FExtras->Guttor();
     const int line = FVScrollBar->GetPosition() + int(std::floor(Y / RowPitch()));
     if (line < 0 || line >= qMax(FLines->GetCount(), 1))
         return Button == TMouseButton::mbLeft;
     const int at = guttor.ColumnAt(X, GuttorSight());
-    if (FOnGuttorClick)
-        Fire(FOnGuttorClick, line, at, Button);
+    // The handler may take itself away, and columns, and lines.
+    const TZtGuttorColumn *column = at < 0 ? nullptr : guttor.GetColumn(at);
+    const bool marks = column == GetMarkColumn() && !FOnGuttorClick;
+    const bool numbers = dynamic_cast<const TZtNumberColumn *>(column) != nullptr;
+    Fire(FOnGuttorClick, line, at, Button);
+    if (IsAbandoned())
+        return true;
     if (Button != TMouseButton::mbLeft)
         return false;
-    const TZtGuttorColumn *column = at < 0 ? nullptr : guttor.GetColumn(at);
-    if (column == GetMarkColumn() && !FOnGuttorClick) {
+    if (marks)
         GetTextMarks().Marks.Toggle(line, TZtLineMark::lmBookmark);
-    } else if (dynamic_cast<const TZtNumberColumn *>(column) && FLines->GetCount() > 0) {
-        FGuttorDrag = line;
-        SelectLines(line, line);
-    }
+    if (!numbers || line >= FLines->GetCount())
+        return true;
+    FGuttorDrag = line;
+    SelectLines(line, line);
     return true;
 }
 
@@ -235,8 +243,10 @@ bool TZtCodeEdit::ShowToolTip(const QHelpEvent &AEvent)
     } else if (const int column = FExtras->Guttor().ColumnAt(at.x(), GuttorSight()); column >= 0) {
         text = FExtras->Guttor().GetColumn(column)->GetToolTip(line);
     }
-    if (text.isEmpty())
+    if (text.isEmpty()) {
+        QToolTip::hideText(); // what is told of another place
         return false;
+    }
     QToolTip::showText(AEvent.globalPos(), Qt::convertFromPlainText(text), this);
     return true;
 }
@@ -258,6 +268,12 @@ void TZtCodeEdit::SetZoom(int Value)
     FZoom = 100; // whatever this tells
     setFont(zoomed);
     FZoom = zoom;
+    MeasureFont();
+}
+
+// Before the next paint does: the caret and the bars stand right at once.
+void TZtCodeEdit::MeasureFont()
+{
     FMetrics.SetFont(font());
     SetCharWidth(FMetrics.CharWidth());
     SetLineWidth(FMetrics.LineHeight());
@@ -278,12 +294,10 @@ bool TZtCodeEdit::ZoomWith(QEvent *AEvent)
     else
         return false;
     // Small steps add up.
-    FPinch *= factor;
-    const int zoom = qRound(FZoom * FPinch);
-    if (zoom != FZoom) {
-        FPinch = 1;
-        SetZoom(zoom);
-    }
+    const double exact = qBound<double>(LeastZoom, FZoom * FPinch * factor, MostZoom);
+    const int zoom = qRound(exact);
+    FPinch = exact / zoom;
+    SetZoom(zoom);
     return true;
 }
 
@@ -441,8 +455,7 @@ bool TZtCodeEdit::TypePaired(const QString &S)
         SetCharPos(FCharPos + 1);
         break;
     case TZtPairAction::paInsert:
-        AddTxt(S);
-        AddTxt(QString(edit.Closing));
+        AddTxt(S + edit.Closing);
         SetCharPos(FCharPos - 1);
         pairs->Inserted({FCharPos, FLinePos});
         break;
@@ -458,7 +471,8 @@ bool TZtCodeEdit::TypePaired(const QString &S)
 void TZtCodeEdit::Surround(const QString &AOpening, QChar AClosing)
 {
     const QPoint start = SelectionReversed() ? FSelEnd : FSelStart;
-    const QString text = SelectedText();
+    QString text;
+    GetSelected(text);
     Erase(TZtChangeType::ctDelete, nullptr);
     InsertText(TZtChangeType::ctInsert, AOpening + text + AClosing);
     SetCharPos(FCharPos - 1);

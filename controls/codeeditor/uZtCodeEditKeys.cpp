@@ -286,6 +286,8 @@ bool TZtCodeEdit::KeyDelete(TShiftState AShift)
         return true;
     }
     if (FSelEnd.x() == -1 || FSelEnd == FSelStart) {
+        if (!MayEdit())
+            return true;
         FJoin = TZtUndoJoin::ujErased;
         FSelStart = QPoint(FCharPos, FLinePos);
         FSelEnd = QPoint(FCharPos + CharactersAfter(FCharPos), FLinePos);
@@ -359,8 +361,11 @@ bool TZtCodeEdit::event(QEvent *AEvent)
         return true;
     if (AEvent->type() == QEvent::NativeGesture && HasExtra(TZtExtra::zeZoom) && ZoomWith(AEvent))
         return true;
-    if (AEvent->type() == QEvent::FontChange)
+    if (AEvent->type() == QEvent::FontChange) {
         FZoom = 100; // the host's own font from now on
+        if (IsCorrected(zcPicture))
+            MeasureFont();
+    }
     if (AEvent->type() == QEvent::PaletteChange)
         FExtras->TakeColours();
     // What the editor does with a key goes before a host's shortcut of the same key.

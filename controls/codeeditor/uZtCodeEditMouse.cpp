@@ -28,7 +28,7 @@ void TZtCodeEdit::MoveCaretTo(int X, int Y)
         SetCharPos(FHScrollBar->GetPosition() + (X - RealGuttorWidth()) / FCharWidth);
     // Read after the column is set, which may have moved the caret and the view.
     if (FLineWidth > 0)
-        SetLinePos(FVScrollBar->GetPosition() + Y / FLineWidth);
+        SetLinePos(FVScrollBar->GetPosition() + int(Y / RowPitch()));
 }
 
 // The place in the text at a pixel right of the gutter's edge.
@@ -51,8 +51,11 @@ void TZtCodeEdit::DoMouseDown(TMouseButton Button, TShiftState Shift, int X, int
 {
     TCustomControl::MouseDown(Button, Shift, X, Y);
     setFocus(Qt::MouseFocusReason);
-    if (PressGuttor(Button, X, Y))
+    FGuttorPressed = PressGuttor(Button, X, Y);
+    if (FGuttorPressed) {
+        FSinceDblClick.invalidate();
         return;
+    }
     if (Button == TMouseButton::mbLeft) {
         InMouseDown = true;
         inMouseMove = false;
@@ -92,6 +95,7 @@ void TZtCodeEdit::MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y)
 {
     TCustomControl::MouseUp(Button, Shift, X, Y);
     FGuttorDrag = -1;
+    FGuttorPressed = false;
     InMouseDown = false;
     inMouseMove = false;
     FInMouseSetSelection = false;
@@ -137,7 +141,7 @@ void TZtCodeEdit::CalcCursor(int &X, int &Y)
 {
     const int g = HasColumns() ? RealGuttorWidth() : FGuttorWidth;
     X = FCharWidth < 1 ? -1 : FHScrollBar->GetPosition() + (X - g) / FCharWidth;
-    Y = FLineWidth < 1 ? -1 : FVScrollBar->GetPosition() + Y / FLineWidth;
+    Y = FLineWidth < 1 ? -1 : FVScrollBar->GetPosition() + int(Y / RowPitch());
     X = ColumnAt(Y, X);
 }
 

@@ -320,7 +320,7 @@ void TZtCodeEdit::PaintFlatBorder()
         return;
     QRect frame(0, 0, GetClientWidth(), GetClientHeight());
     if (FVScrollBar->isVisibleTo(this))
-        frame.setWidth(frame.width() - FVScrollBar->width());
+        frame.setWidth(frame.width() - BarsWidth());
     if (FHScrollBar->isVisibleTo(this))
         frame.setHeight(frame.height() - FHScrollBar->height());
     Canvas()->setPen(ZtToQColor(clBlack, palette()));

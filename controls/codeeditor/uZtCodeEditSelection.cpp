@@ -106,7 +106,7 @@ bool TZtCodeEdit::GetCanPaste() const { return !ZtPlatform().ClipboardText().isE
 void TZtCodeEdit::WMSselectWord(TZtMessage &)
 {
     static constexpr TZtCharSet word{{u'0', u'9'}, {u'A', u'Z'}, {u'a', u'z'}, u'_'};
-    if (FLinePos >= FLines->GetCount())
+    if (FLinePos >= FLines->GetCount() || FGuttorPressed) // a double click there is two presses
         return;
     if (IsCorrected(zcWords))
         return SelectWord();

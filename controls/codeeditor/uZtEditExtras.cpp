@@ -114,7 +114,6 @@ void TZtEditExtras::Show(TZtExtras AWhich)
     FMarks->SetVisible(AWhich.testFlag(zeMarks));
     FNumbers->SetVisible(AWhich.testFlag(zeLineNumbers));
     FChanges->SetVisible(AWhich.testFlag(zeChangeBars));
-    ShowRuler(AWhich.testFlag(zeRuler));
     FFollowsCaret = bool(AWhich & (zeLineNumbers | zeWordMarks | zeBrackets | zeGuides |
                                    zeCurrentLine | zeSelectedBlanks));
     TextAttached();
@@ -174,9 +173,10 @@ void TZtEditExtras::TakeColours()
 TZtGuttorLook TZtEditExtras::GetGuttorLook() const
 {
     const auto rgb = [this](TZtViewColor colour) { return FEdit.GetViewRgb(colour); };
-    return {rgb(vcGuttor), rgb(vcGuttorText), rgb(vcCurrentNumber), rgb(vcChanged),
-            rgb(vcSaved),  rgb(vcBookmark),   rgb(vcBreakpoint),    rgb(vcStatement),
-            rgb(vcError),  rgb(vcWarning),    rgb(vcInformation),   FMarks->GetRevision()};
+    return {rgb(vcGuttor),     rgb(vcGuttorText),  rgb(vcCurrentNumber),
+            rgb(vcChanged),    rgb(vcSaved),       rgb(vcBookmark),
+            rgb(vcBreakpoint), rgb(vcStatement),   rgb(vcError),
+            rgb(vcWarning),    rgb(vcInformation), FMarks->GetRevision() + FGuttor.GetRevision()};
 }
 
 void TZtEditExtras::BeginRows(int AFirst, int ALast)
@@ -205,8 +205,10 @@ TZtViewPart *TZtEditExtras::FindPart(TZtExtra AFor) const
 
 void TZtEditExtras::TextAttached()
 {
+    const bool drawn = FEdit.GetHighlighter() != nullptr; // with zcPicture
+    ShowRuler(drawn && FEdit.HasExtra(zeRuler));
     FPairs.reset();
-    if (FEdit.HasExtra(zeTypedPairs))
+    if (drawn && FEdit.HasExtra(zeTypedPairs))
         FPairs = std::make_unique<TZtTypedPairs>(FEdit.GetLines());
     for (const auto &part : FParts)
         if (part)

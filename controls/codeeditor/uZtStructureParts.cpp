@@ -100,7 +100,8 @@ void TZtWordPart::BeginRows(int, int)
     QString word;
     if (line < lines.GetCount()) {
         const auto [start, end] = ZtWordAt(lines.View(line), Edit().GetCharPos());
-        word = lines.GetStrings(line).mid(start, end - start);
+        if (start < end)
+            lines.AppendTo(line, start, end - start, word);
     }
     using enum TZtSearchFlag;
     if (SetSearch(word.size() > 1 ? word : QString(), sfDown | sfMatchCase | sfWholeWord))

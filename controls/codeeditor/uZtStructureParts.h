@@ -61,9 +61,6 @@ public:
 protected:
     TZtViewColor Colour() const override { return TZtViewColor::vcWord; }
     quint32 Bit() const override { return TZtOverviewBit::Word; }
-
-private:
-    QString FWord;
 };
 
 /// The bracket at the caret and its pair.

@@ -291,11 +291,12 @@ void TZtFrame::DrawBlanks(QPainter &APainter, const TZtPaintRow &ARow, const TZt
 void TZtFrame::DrawGuttorRow(QPainter &APainter, const TGuttorRow &ARow)
 {
     const int width = FLook.GuttorWidth;
+    APainter.setClipRect(QRectF(0, 0, width, Pitch())); // the next strip shows another row
     APainter.fillRect(QRectF(0, 0, width, Pitch()), QColor(FLook.GuttorFace));
     APainter.fillRect(QRectF(width - 2, 0, 1, Pitch()), QColor(FLook.GuttorLight));
     APainter.fillRect(QRectF(width - 1, 0, 1, Pitch()), QColor(FLook.GuttorShadow));
     if (FGuttor && !ARow.Cells.empty())
-        FGuttor->Draw(APainter, FText, ARow.Cells, FLook.Guttor);
+        FGuttor->Draw(APainter, FText, Pitch(), ARow.Cells, FLook.Guttor);
     if (ARow.HasButton)
         ZtPaintTreeButton(APainter, QRect(4, 0, 16, 15), ARow.IsExpanded);
 }

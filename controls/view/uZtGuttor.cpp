@@ -101,6 +101,7 @@ void TZtGuttor::Insert(int AIndex, std::unique_ptr<TZtGuttorColumn> AColumn)
         return;
     const int at = AIndex < 0 ? GetCount() : std::min(AIndex, GetCount());
     FColumns.insert(FColumns.begin() + at, std::move(AColumn));
+    ++FRevision;
     if (OnChange)
         OnChange();
 }
@@ -119,6 +120,7 @@ void TZtGuttor::Remove(const TZtGuttorColumn *AColumn)
     if (at < 0)
         return;
     FColumns.erase(FColumns.begin() + at);
+    ++FRevision;
     if (OnChange)
         OnChange();
 }
@@ -165,20 +167,22 @@ std::vector<quint64> TZtGuttor::GetCells(int ALine, const TZtGuttorSight &ASight
 
 void TZtGuttor::Arrange(const TZtGuttorSight &ASight)
 {
-    FHeight = ASight.LineHeight;
     FWidths.clear();
     for (int i = 0; i < GetCount(); ++i)
         FWidths.push_back(WidthOf(i, ASight));
 }
 
-void TZtGuttor::Draw(QPainter &APainter, TZtTextPainter &AText, const std::vector<quint64> &ACells,
-                     const TZtGuttorLook &ALook) const
+void TZtGuttor::Draw(QPainter &APainter, TZtTextPainter &AText, qreal AHeight,
+                     const std::vector<quint64> &ACells, const TZtGuttorLook &ALook) const
 {
     int left = 0;
     for (size_t i = 0; i < std::min(ACells.size(), FWidths.size()); ++i) {
-        if (FWidths[i] > 0)
-            FColumns[i]->Draw(APainter, AText, QRectF(left, 0, FWidths[i], FHeight), ACells[i],
+        if (FWidths[i] > 0) {
+            APainter.save(); // for the next one, whatever a host's column sets
+            FColumns[i]->Draw(APainter, AText, QRectF(left, 0, FWidths[i], AHeight), ACells[i],
                               ALook);
+            APainter.restore();
+        }
         left += FWidths[i];
     }
 }

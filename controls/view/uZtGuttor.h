@@ -120,6 +120,8 @@ public:
 
     /// Whether a column is visible.
     bool HasColumns() const;
+    /// Another number when there are other columns.
+    quint64 GetRevision() const { return FRevision; }
 
     /// In pixels, with the edge.
     int GetWidth(const TZtGuttorSight &ASight) const;
@@ -130,14 +132,14 @@ public:
 
     /// Measures the columns for `Draw`.
     void Arrange(const TZtGuttorSight &ASight);
-    /// Draws the cells of a row, whose top left is the painter's origin.
-    void Draw(QPainter &APainter, TZtTextPainter &AText, const std::vector<quint64> &ACells,
-              const TZtGuttorLook &ALook) const;
+    /// Draws the cells of a row of that height in pixels, whose top left is the painter's origin.
+    void Draw(QPainter &APainter, TZtTextPainter &AText, qreal AHeight,
+              const std::vector<quint64> &ACells, const TZtGuttorLook &ALook) const;
 
 private:
     int WidthOf(int AIndex, const TZtGuttorSight &ASight) const;
 
     std::vector<std::unique_ptr<TZtGuttorColumn>> FColumns;
     std::vector<int> FWidths;
-    int FHeight = 0;
+    quint64 FRevision = 0;
 };

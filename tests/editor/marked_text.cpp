@@ -18,6 +18,7 @@ const std::map<QString, std::pair<int, QString>> NamedKeys = {
     {"PgUp", {Qt::Key_PageUp, {}}},    {"PgDn", {Qt::Key_PageDown, {}}},
     {"Insert", {Qt::Key_Insert, {}}},  {"F3", {Qt::Key_F3, {}}},
     {"F11", {Qt::Key_F11, {}}},        {"Backtab", {Qt::Key_Backtab, "\t"}},
+    {"F2", {Qt::Key_F2, {}}},          {"F8", {Qt::Key_F8, {}}},
 };
 
 void SendMouse(TZtCodeEdit &AEdit, QEvent::Type AType, QPoint AAt, Qt::MouseButton AButton,
@@ -52,10 +53,10 @@ void Point(QPointer<TZtCodeEdit> AEdit, const QString &AWhat, const QString &ACe
                       AModifiers);
 }
 
-void Wheel(TZtCodeEdit *AEdit, int ADelta)
+void Wheel(TZtCodeEdit *AEdit, int ADelta, Qt::KeyboardModifiers AModifiers)
 {
-    QWheelEvent event(QPointF(50, 50), AEdit->mapToGlobal(QPointF(50, 50)), {}, {0, ADelta}, {}, {},
-                      Qt::NoScrollPhase, false);
+    QWheelEvent event(QPointF(50, 50), AEdit->mapToGlobal(QPointF(50, 50)), {}, {0, ADelta}, {},
+                      AModifiers, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(AEdit, &event);
 }
 
@@ -75,7 +76,7 @@ void DoOne(QPointer<TZtCodeEdit> AEdit, const QString &AWord, Qt::KeyboardModifi
     else if (AWord.startsWith(u"insert:"))
         AEdit->InsertText(TZtChangeType::ctPaste, AWord.mid(7));
     else if (AWord.startsWith(u"wheel"))
-        Wheel(AEdit, AWord.mid(5).toInt());
+        Wheel(AEdit, AWord.mid(5).toInt(), AModifiers);
     else if (AWord == u"read-only")
         AEdit->SetReadOnly(true);
     else if (AWord == u"paint")
