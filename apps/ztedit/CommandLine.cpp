@@ -31,6 +31,17 @@ bool ReadSize(const QString &AText, QSize &ASize)
            ASize.height() <= MaxSide;
 }
 
+// Reads a line's number, and a column's where one is wanted and given.
+bool ReadPlace(const QString &AText, int &ALine, int *AColumn = nullptr)
+{
+    const qsizetype colon = AColumn ? AText.indexOf(u':') : -1;
+    bool column = true;
+    if (colon >= 0)
+        column = (*AColumn = AText.mid(colon + 1).toInt()) >= 1;
+    ALine = AText.left(colon).toInt();
+    return ALine >= 1 && column;
+}
+
 // Answers what is wrong: with the name, or with the file.
 std::optional<TCommandAnswer> ReadScheme(const QString &AName, QString &AScheme)
 {
@@ -152,13 +163,43 @@ struct TDbOptions {
     }
 };
 
+// What is shown in the texts.
+struct TTextOptions {
+    const QCommandLineOption Line{QStringLiteral("line"),
+                                  Tr("Put the caret on line N of the first file, in column C."),
+                                  QStringLiteral("N[:C]")};
+    const QCommandLineOption Bookmark{QStringLiteral("bookmark"),
+                                      Tr("Put a bookmark on line N of the first file; may be given "
+                                         "several times."),
+                                      QStringLiteral("N")};
+    const QCommandLineOption Diagnostics{QStringLiteral("diagnostics"),
+                                         Tr("Show what a compiler printed into FILE, in the texts "
+                                            "that it is about."),
+                                         QStringLiteral("FILE")};
+
+    // Answers what is wrong.
+    QString Read(const QCommandLineParser &AParser, TCommandLine &ALine) const
+    {
+        if (AParser.isSet(Line) && !ReadPlace(AParser.value(Line), ALine.Line, &ALine.Column))
+            return Tr("--line wants a number from 1 up, or two such as 12:5, not \"%1\".")
+                .arg(AParser.value(Line));
+        for (const QString &bookmark : AParser.values(Bookmark)) {
+            int line = 0;
+            if (!ReadPlace(bookmark, line))
+                return Tr("--bookmark wants a number from 1 up, not \"%1\".").arg(bookmark);
+            ALine.Bookmarks.append(line);
+        }
+        ALine.Diagnostics = AParser.value(Diagnostics);
+        if (AParser.isSet(Diagnostics) && ALine.Diagnostics.isEmpty())
+            return Tr("--diagnostics wants the name of a file.");
+        return {};
+    }
+};
+
 // How the window looks.
 struct TViewOptions {
     const QCommandLineOption Size{QStringLiteral("size"), Tr("The window's size in pixels."),
                                   QStringLiteral("WxH")};
-    const QCommandLineOption Line{QStringLiteral("line"),
-                                  Tr("Put the caret on line N of the first file."),
-                                  QStringLiteral("N")};
     const QCommandLineOption Scheme{
         QStringLiteral("scheme"),
         Tr("The colours: %1, or a JSON file.").arg(ZtSchemeNames().join(QStringLiteral(", "))),
@@ -175,12 +216,6 @@ struct TViewOptions {
                                  "not \"%2\".")
                                   .arg(MaxSide)
                                   .arg(AParser.value(Size)));
-        bool number = true;
-        if (AParser.isSet(Line))
-            ALine.Line = AParser.value(Line).toInt(&number);
-        if (!number || (AParser.isSet(Line) && ALine.Line < 1))
-            return UsageError(
-                Tr("--line wants a number from 1 up, not \"%1\".").arg(AParser.value(Line)));
         return AParser.isSet(Scheme) ? ReadScheme(AParser.value(Scheme), ALine.Scheme)
                                      : std::nullopt;
     }
@@ -199,6 +234,7 @@ std::optional<TCommandAnswer> ZtReadCommandLine(const QStringList &AArguments, T
                                     QStringLiteral("OUT.png"));
     const QCommandLineOption tokens(QStringLiteral("tokens"),
                                     Tr("Print the tokens of FILE, one a line, and leave."));
+    const TTextOptions text;
     const TViewOptions view;
     const TDbOptions database;
     QCommandLineParser parser;
@@ -206,9 +242,9 @@ std::optional<TCommandAnswer> ZtReadCommandLine(const QStringList &AArguments, T
         Tr("Edits source code. Without a display, and with --render, the window is drawn into a "
            "picture instead. The options of every Qt application are known too, such as -style, "
            "-platform and -reverse."));
-    parser.addOptions({help, version, render, tokens, view.Size, view.Line, view.Scheme, view.Plain,
-                       database.File, database.Table, database.Field, database.Key,
-                       database.Sample});
+    parser.addOptions({help, version, render, tokens, text.Line, text.Bookmark, text.Diagnostics,
+                       view.Size, view.Scheme, view.Plain, database.File, database.Table,
+                       database.Field, database.Key, database.Sample});
     parser.addPositionalArgument(QStringLiteral("FILE"), Tr("The files to open, a tab each."),
                                  QStringLiteral("[FILE...]"));
     QStringList arguments = AArguments;
@@ -227,6 +263,8 @@ std::optional<TCommandAnswer> ZtReadCommandLine(const QStringList &AArguments, T
     if (parser.isSet(render) && ALine.RenderTo.isEmpty())
         return UsageError(Tr("--render wants the name of a picture."));
     if (const QString fault = database.Read(parser, ALine); !fault.isEmpty())
+        return UsageError(fault);
+    if (const QString fault = text.Read(parser, ALine); !fault.isEmpty())
         return UsageError(fault);
     ALine.Tokens = parser.isSet(tokens);
     if (ALine.Tokens &&

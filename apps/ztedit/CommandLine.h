@@ -26,8 +26,13 @@ struct TCommandLine {
     QString Scheme;
     /// Whether the editors do without corrections, to compare.
     bool PlainControl = false;
-    /// The caret's line, counted from 1; 0 for none given.
+    /// The caret's line and column, counted from 1, columns in UTF-16 units; 0 for none given.
     int Line = 0;
+    int Column = 0;
+    /// The lines to mark in the first file, counted from 1.
+    QList<int> Bookmarks;
+    /// The file with what a compiler printed; empty for none.
+    QString Diagnostics;
 };
 
 /// What to print and the exit code to leave with, when there is nothing else to do.

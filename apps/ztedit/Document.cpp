@@ -7,6 +7,7 @@
 #include "uZtLossQuestion.h"
 #include "uZtMemory.h"
 #include "uZtPlatform.h"
+#include "uZtTextMarks.h"
 
 #include <QFileInfo>
 #include <QVBoxLayout>
@@ -18,6 +19,9 @@ namespace {
 
 // What a line takes in memory beside its characters.
 constexpr qint64 LineSize = 16;
+
+// Who says what `SetDiagnostics` shows.
+const QString CompilerSource = QStringLiteral("compiler");
 
 // The bytes of a text whose characters are none of the longer ones.
 qint64 LeastSize(const TStringList &ALines, const TZtTextFormat &AFormat)
@@ -80,6 +84,7 @@ void TDocument::SetEditor(TZtCodeEdit *AEditor)
     FEditor = AEditor;
     FEditorPlace->addWidget(FEditor);
     setFocusProxy(FEditor);
+    ShowDiagnostics();
     connect(FEditor, &TZtCodeEdit::textChanged, this, &TDocument::Changed);
     connect(FEditor, &TZtCodeEdit::cursorPositionChanged, this, &TDocument::Changed);
 }
@@ -205,6 +210,35 @@ QList<TStatusText> TDocument::StorageTexts() const
     return texts;
 }
 
+void TDocument::SetDiagnostics(const std::vector<TZtDiagnostic> &ADiagnostics)
+{
+    FDiagnostics = ADiagnostics;
+    ShowDiagnostics();
+    Q_EMIT Changed();
+}
+
+// An editor that knows nothing of marks has none to clear.
+void TDocument::ShowDiagnostics()
+{
+    if (!FDiagnostics.empty() || FEditor->HasTextMarks())
+        FEditor->GetTextMarks().Diagnostics.Set(CompilerSource, FDiagnostics);
+}
+
+QString TDocument::StatusNote() const
+{
+    if (!FEditor->HasTextMarks() || !FEditor->HasExtra(TZtExtra::zeDiagnostics))
+        return {};
+    TZtDiagnostics &diagnostics = FEditor->GetTextMarks().Diagnostics;
+    const QPoint caret(FEditor->GetCharPos(), FEditor->GetLinePos());
+    std::vector<TZtDiagnostic> said = diagnostics.At(caret);
+    if (said.empty())
+        said = diagnostics.InLine(caret.y());
+    if (said.empty())
+        return {};
+    const QString words[] = {tr("Error: %1"), tr("Warning: %1"), tr("Note: %1")}; // by severity
+    return words[size_t(said.front().Severity)].arg(said.front().Message);
+}
+
 QByteArray TDocument::Encode(const TZtTextFormat &AFormat, std::vector<TZtLostChar> &ALost) const
 {
     ALost.clear();
@@ -230,12 +264,21 @@ void TDocument::SetLanguage(const TLanguage &ALanguage)
     Q_EMIT Changed();
 }
 
-void TDocument::GoToLine(int ALine)
+void TDocument::SetBookmark(int ALine)
+{
+    if (ALine <= FEditor->GetLines()->GetCount())
+        FEditor->GetTextMarks().Marks.Set(ALine - 1, TZtLineMark::lmBookmark, true);
+}
+
+void TDocument::GoToLine(int ALine, int AColumn)
 {
     FEditor->show(); // a new editor gets its place, and its bars their range, only now
     FEditorPlace->activate();
     FEditor->SetCharPos(0);
     FEditor->SetLinePos(ALine - 1);
+    if (AColumn > 1)
+        FEditor->SetCharPos(
+            std::min(AColumn - 1, FEditor->GetLines()->GetLength(FEditor->GetLinePos())));
     TScrollBar *bar = FEditor->GetVScrollBar();
     const int last = qMax(FEditor->GetLines()->GetCount() - bar->GetPageSize(), 0);
     bar->SetPosition(qBound(0, FEditor->GetLinePos() - bar->GetPageSize() / 2, last));

@@ -6,6 +6,7 @@
 #include "StatusTexts.h"
 #include "ViewSettings.h"
 #include "uZtCorrections.h"
+#include "uZtDiagnostics.h"
 #include "uZtStringStream.h"
 
 #include <QStringList>
@@ -79,9 +80,18 @@ public:
 
     const TLanguage &Language() const { return *FLanguage; }
     void SetLanguage(const TLanguage &ALanguage);
-    /// Puts the caret at the start of a line, counted from 1; beyond the last, of the last. The
-    /// line comes into the middle of the view, unless the text begins or ends too near.
-    void GoToLine(int ALine);
+    /// Puts the caret into a line, counted from 1; beyond the last, into the last. So it is with
+    /// the column, in UTF-16 units. The line comes into the middle of the view, unless the text
+    /// begins or ends too near.
+    void GoToLine(int ALine, int AColumn = 1);
+    /// Marks a line, counted from 1, if there is one.
+    void SetBookmark(int ALine);
+    /// Shows what a compiler says of the file, instead of what was shown of it; again when the file
+    /// is loaded again.
+    void SetDiagnostics(const std::vector<TZtDiagnostic> &ADiagnostics);
+    /// What a status bar says of the caret's place: the worst that a compiler says of it, or else
+    /// of its line.
+    QString StatusNote() const;
 
 Q_SIGNALS:
     /// The text, the caret or anything that this class tells may be another now.
@@ -113,6 +123,7 @@ private:
                                           const TLanguage &ALanguage);
     void SetEditor(TZtCodeEdit *AEditor);
     TZtCodeEdit *CreateCorrectedEditor();
+    void ShowDiagnostics();
 
     QString FTitle;
     QString FPath;
@@ -121,6 +132,7 @@ private:
     TDocumentJournal FJournal;
     // What was loaded, kept only when the lines do not give it back.
     QByteArray FLoadedBytes;
+    std::vector<TZtDiagnostic> FDiagnostics; // as they were said, which was of the file
     const TLanguage *FLanguage;
     TZtCodeEdit *FEditor = nullptr;
     QLayout *FEditorPlace;

@@ -162,6 +162,7 @@ void TMainWindow::AddDocument(TDocument *ADocument)
     connect(ADocument, &TDocument::Changed, this, &TMainWindow::RefreshLater);
     connect(ADocument, &TDocument::Notice, this,
             [this](const QString &text) { FStatus->ShowMessage(text, MessageTime); });
+    ADocument->SetDiagnostics(FOutput.Of(ADocument->Path()));
     FTabs->setCurrentIndex(FTabs->addTab(ADocument, ADocument->Title()));
     Refresh();
 }
@@ -415,6 +416,31 @@ void TMainWindow::GoToLine()
         document->GoToLine(line);
 }
 
+void TMainWindow::LoadDiagnostics(const QString &APath)
+{
+    FOutput.Load(APath);
+    for (int i = 0; i < DocumentCount(); ++i)
+        Document(i)->SetDiagnostics(FOutput.Of(Document(i)->Path()));
+}
+
+void TMainWindow::ChooseDiagnostics()
+{
+    const TDocument *current = CurrentDocument();
+    const QString folder = current ? QFileInfo(current->Location()).path() : QString();
+    const QString path = QFileDialog::getOpenFileName(this, tr("Load diagnostics"), folder);
+    if (path.isEmpty())
+        return;
+    try {
+        LoadDiagnostics(path);
+        FStatus->ShowMessage(tr("Diagnostics: %1, of files: %2")
+                                 .arg(FOutput.MessageCount())
+                                 .arg(FOutput.FileCount()),
+                             MessageTime);
+    } catch (...) {
+        ShowError(ZtCurrentExceptionMessage());
+    }
+}
+
 void TMainWindow::NewEventHandler()
 {
     TDocument *document = CurrentDocument();
@@ -459,6 +485,7 @@ void TMainWindow::Refresh()
     RefreshCommands();
     const TDocument *document = CurrentDocument();
     FStatus->SetTexts(document ? document->StatusTexts() : QList<TStatusText>());
+    FStatus->SetNote(document ? document->StatusNote() : QString());
     FPages->setCurrentWidget(document ? static_cast<QWidget *>(FTabs) : FStart);
     setWindowTitle(document ? ZtPlainTitle(document->Title()) + QStringLiteral("[*]") : QString());
     setWindowModified(document && document->IsModified());

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "CompilerOutput.h"
+
 #include "uZtExtras.h"
 
 #include <QMainWindow>
@@ -52,6 +54,10 @@ public:
     /// something of it is missing or cannot be read.
     TDbDocument *OpenDatabase(const TDbPlace &APlace);
     TDocument *NewDocument();
+    /// Shows what a compiler printed into a file, in the documents that are open and in those that
+    /// will be, instead of what was shown before. Raises `EStreamError`, and all stays as it was,
+    /// when it cannot be read.
+    void LoadDiagnostics(const QString &APath);
 
     int DocumentCount() const;
     TDocument *Document(int AIndex) const;
@@ -111,6 +117,7 @@ private:
     void FindBefore();
     void SearchAgain(TZtSearchAgain AHow);
     void GoToLine();
+    void ChooseDiagnostics();
     void NewEventHandler();
     void ShowAllMethods();
     void OpenDatabaseTable();
@@ -138,6 +145,7 @@ private:
     QScrollArea *FStart = nullptr;
     TStatusTexts *FStatus;
     TViewMenu *FView = nullptr;
+    TCompilerOutput FOutput;
     std::vector<std::pair<QAction *, TZtExtras>> FNeeds; // commands for a document with these
     QActionGroup *FLanguages = nullptr;
     QMenu *FMethods = nullptr;

@@ -128,6 +128,7 @@ void TMainWindow::CreateSearchMenu()
          zeDiagnostics},
         {QT_TR_NOOP("Previous d&iagnostic\tShift+F8"), nullptr, nullptr,
          &TWin::PostExtra<ecPreviousDiagnostic>, zeDiagnostics},
+        {QT_TR_NOOP("&Load diagnostics…"), nullptr, nullptr, &TWin::ChooseDiagnostics},
     };
     CreateMenu(tr("&Search"), search);
 }

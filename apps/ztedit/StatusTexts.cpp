@@ -1,5 +1,7 @@
 #include "StatusTexts.h"
 
+#include "PlainText.h"
+
 #include <QEvent>
 #include <QLabel>
 #include <QStyle>
@@ -7,6 +9,8 @@
 #include <algorithm>
 
 namespace {
+
+constexpr int LeastNote = 200; // pixels in which a note says something
 
 // How wide it is in one line.
 int WidthOf(QLabel &ALabel)
@@ -30,7 +34,7 @@ int HeightIn(QLabel &ALabel, int AWidth)
 TStatusTexts::TStatusTexts(QWidget *AParent) : QWidget(AParent), FMessage(NewLabel())
 {
     FMessageTime.setSingleShot(true);
-    connect(&FMessageTime, &QTimer::timeout, this, [this] { ShowMessage({}); });
+    connect(&FMessageTime, &QTimer::timeout, this, &TStatusTexts::ShowNote);
     FHeight = FMessage->sizeHint().height();
 }
 
@@ -52,11 +56,50 @@ void TStatusTexts::SetTexts(const QList<TStatusText> &ATexts)
 
 void TStatusTexts::ShowMessage(const QString &AText, int ATime)
 {
+    if (AText.isEmpty())
+        return ShowNote();
+    FShowsNote = false;
     FMessage->setText(AText);
+    FMessage->setToolTip({});
     FMessageTime.stop();
     if (ATime > 0)
         FMessageTime.start(ATime);
     Arrange();
+}
+
+void TStatusTexts::SetNote(const QString &AText)
+{
+    if (AText == FNote)
+        return;
+    FNote = AText;
+    if (FShowsNote || (!FMessageTime.isActive() && !FNote.isEmpty()))
+        ShowNote();
+}
+
+void TStatusTexts::ShowNote()
+{
+    FMessageTime.stop();
+    FShowsNote = true;
+    Arrange();
+}
+
+// Beside the texts, or in a row of its own where that leaves too little. Answers how wide it is.
+int TStatusTexts::FitNote()
+{
+    const QString line = FNote.simplified();
+    FMessage->setText(line);
+    if (line.isEmpty())
+        return 0;
+    int room = width() - SetForm(false);
+    if (room < LeastNote)
+        room = width() - SetForm(true);
+    if (room < LeastNote)
+        room = width();
+    const QFontMetrics metrics = FMessage->fontMetrics();
+    const int margins = WidthOf(*FMessage) - metrics.horizontalAdvance(line);
+    FMessage->setText(metrics.elidedText(line, Qt::ElideRight, room - margins));
+    FMessage->setToolTip(FMessage->text() == FNote ? QString() : ZtPlainToolTip(FNote));
+    return WidthOf(*FMessage);
 }
 
 void TStatusTexts::resizeEvent(QResizeEvent *AEvent)
@@ -87,7 +130,7 @@ int TStatusTexts::SetForm(bool AShort)
 
 void TStatusTexts::Arrange()
 {
-    const int message = FMessage->text().isEmpty() ? 0 : WidthOf(*FMessage);
+    const int message = FShowsNote ? FitNote() : WidthOf(*FMessage);
     const bool beside = message + SetForm(false) <= width() || message + SetForm(true) <= width();
     if (!beside && SetForm(false) > width())
         SetForm(true);

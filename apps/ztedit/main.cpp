@@ -79,8 +79,12 @@ void Show(TMainWindow &AWindow, const TCommandLine &ALine)
     QCoreApplication::processEvents();
     TDocument *document = ALine.Files.isEmpty() ? AWindow.CurrentDocument()
                                                 : AWindow.DocumentOf(ALine.Files.constFirst());
-    if (ALine.Line > 0 && document)
-        document->GoToLine(ALine.Line);
+    if (!document)
+        return;
+    for (const int line : ALine.Bookmarks)
+        document->SetBookmark(line);
+    if (ALine.Line > 0)
+        document->GoToLine(ALine.Line, std::max(ALine.Column, 1));
 }
 
 void Render(TMainWindow &AWindow, const TCommandLine &ALine)
@@ -142,6 +146,14 @@ QStringList OpenAll(TMainWindow &AWindow, const TCommandLine &ALine, bool AOffSc
             AWindow.OpenFile(file);
     else
         messages = AWindow.OpenEach(ALine.Files, &TMainWindow::OpenOrBegin);
+    try {
+        if (!ALine.Diagnostics.isEmpty())
+            AWindow.LoadDiagnostics(ALine.Diagnostics);
+    } catch (const EStreamError &error) {
+        if (AOffScreen)
+            throw;
+        messages += error.Message();
+    }
     if (!ALine.Database.File.isEmpty())
         AWindow.OpenDatabase(ALine.Database);
     if (AWindow.DocumentCount() == 0)

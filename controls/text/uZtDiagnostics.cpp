@@ -139,18 +139,30 @@ std::optional<TZtDiagnostic> TZtDiagnostics::Next(const QPoint &APlace, bool AFo
     return std::nullopt;
 }
 
-std::vector<TZtDiagnostic> TZtDiagnostics::At(const QPoint &APlace)
+std::vector<TZtDiagnostic>
+TZtDiagnostics::Find(int ALine, const std::function<bool(const TZtPlacedDecoration &)> &AMatches)
 {
     std::vector<TZtDiagnostic> found;
-    for (const TZtPlacedDecoration &placed : FDecorations.GetAllInLines(APlace.y(), APlace.y())) {
-        const bool covers = !ZtIsBefore(APlace, placed.From) && ZtIsBefore(APlace, placed.To);
-        if (covers || (placed.IsEmpty() && placed.From == APlace))
+    for (const TZtPlacedDecoration &placed : FDecorations.GetAllInLines(ALine, ALine))
+        if (AMatches(placed))
             found.push_back(Diagnostic(placed));
-    }
     std::stable_sort(
         found.begin(), found.end(),
         [](const TZtDiagnostic &A, const TZtDiagnostic &B) { return A.Severity < B.Severity; });
     return found;
+}
+
+std::vector<TZtDiagnostic> TZtDiagnostics::At(const QPoint &APlace)
+{
+    return Find(APlace.y(), [&APlace](const TZtPlacedDecoration &placed) {
+        const bool covers = !ZtIsBefore(APlace, placed.From) && ZtIsBefore(APlace, placed.To);
+        return covers || (placed.IsEmpty() && placed.From == APlace);
+    });
+}
+
+std::vector<TZtDiagnostic> TZtDiagnostics::InLine(int ALine)
+{
+    return Find(ALine, [](const TZtPlacedDecoration &) { return true; });
 }
 
 std::optional<TZtSeverity> TZtDiagnostics::OfLine(int ALine)

@@ -46,6 +46,8 @@ public:
     std::optional<TZtDiagnostic> Next(const QPoint &APlace, bool AForward);
     /// All that cover the character at a place, or stand there empty, the worst first.
     std::vector<TZtDiagnostic> At(const QPoint &APlace);
+    /// All that touch a line, the worst first.
+    std::vector<TZtDiagnostic> InLine(int ALine);
     /// The worst of those that touch a line.
     std::optional<TZtSeverity> OfLine(int ALine);
 
@@ -70,6 +72,8 @@ private:
     TZtDiagnostic Diagnostic(const TZtPlacedDecoration &APlaced) const;
     QPoint Inside(const QPoint &APlace) const;
     TZtDecoration Decoration(const TZtDiagnostic &ADiagnostic) const;
+    std::vector<TZtDiagnostic>
+    Find(int ALine, const std::function<bool(const TZtPlacedDecoration &)> &AMatches);
     bool Replace(size_t ASource, const std::vector<TZtDiagnostic> &ADiagnostics);
     void Tell()
     {

@@ -404,17 +404,54 @@ TEST_F(SearchDialog, HasTwoFormsThatKeepTheirEntriesApart)
     EXPECT_FALSE(dialog.GetChkBxCaseSensitive()->isChecked());
 }
 
-TEST_F(SearchDialog, ItsColoursFollowThePalette)
+namespace {
+
+// As desktops give it: some colours are said, others follow from them.
+QPalette PaletteOf(QRgb AButton, QRgb AWindow, QRgb AText, QRgb ABase)
+{
+    QPalette palette{QColor(AButton), QColor(AWindow)};
+    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+        palette.setColor(role, QColor(AText));
+    palette.setColor(QPalette::Base, QColor(ABase));
+    palette.setColor(QPalette::Disabled, QPalette::Base, QColor(AWindow));
+    palette.setColor(QPalette::Disabled, QPalette::Text, QColor(0x808080));
+    return palette;
+}
+
+} // namespace
+
+TEST_F(SearchDialog, LooksAsMadeAnewWhenThePaletteIsAnother)
 {
     const QPalette before = QApplication::palette();
-    TDlg dialog;
-    dialog.show();
-    const QColor dark(0x202020);
-    QPalette palette(dark, QColor(0x808080));
-    palette.setColor(QPalette::Base, dark);
-    QApplication::setPalette(palette);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(dialog.grab().toImage().pixelColor(3, 3), dark);
+    const QPalette light = PaletteOf(0xE8E8E8, 0xF0F0F0, 0x101010, 0xFFFFFF);
+    const QPalette dark = PaletteOf(0x303030, 0x404040, 0xE0E0E0, 0x202020);
+    const QPalette flat = PaletteOf(0xE8E8E8, 0xFFF8F0, 0x400000, 0xFFF8F0);
+    const auto picture = [](TDlg &form) {
+        form.SetDlgType(ForReplace);
+        form.btnOK->setFocus();
+        return form.grab().toImage();
+    };
+    for (const QPalette &first : {before, light, dark, flat}) {
+        QApplication::setPalette(first);
+        TDlg open;
+        TDlg closed;
+        open.show();
+        for (const QPalette &next : {dark, light, flat, before, dark, before}) {
+            QApplication::setPalette(next);
+            QCoreApplication::processEvents();
+            TDlg anew;
+            for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
+                for (int i = 0; i < QPalette::NColorRoles; ++i)
+                    for (TDlg *form : {&open, &closed})
+                        for (const QWidget *control : {static_cast<QWidget *>(form), form->tsFind})
+                            EXPECT_EQ(
+                                control->palette().color(group, QPalette::ColorRole(i)).name(),
+                                anew.palette().color(group, QPalette::ColorRole(i)).name())
+                                << group << ' ' << i;
+            EXPECT_EQ(anew.grab().toImage().pixelColor(3, 3), next.color(QPalette::Base));
+            EXPECT_EQ(picture(closed), picture(anew));
+        }
+    }
     QApplication::setPalette(before);
 }
 

@@ -28,12 +28,18 @@ QString Read(const char *AArguments)
     const QStringList arguments = (u"ztedit "_s + QLatin1StringView(AArguments)).split(u' ');
     if (const auto answer = ZtReadCommandLine(arguments, line))
         return answer->ExitCode == ZtUsageTrouble ? u"error"_s : answer->Text;
+    QString places = QString::number(line.Line);
+    if (line.Column > 0)
+        places += u':' + QString::number(line.Column);
+    for (const int bookmark : line.Bookmarks)
+        places += u" marked "_s + QString::number(bookmark);
     return u"%1 %2x%3 to %4 line %5"_s.arg(line.Files.join(u' '))
                .arg(line.Size.width())
                .arg(line.Size.height())
                .arg(line.RenderTo)
-               .arg(line.Line) +
+               .arg(places) +
            (line.Scheme.isEmpty() ? QString() : u" in "_s + line.Scheme) +
+           (line.Diagnostics.isEmpty() ? QString() : u" with "_s + line.Diagnostics) +
            (line.ChoosesDisplay ? u" display"_s : QString());
 }
 
@@ -41,12 +47,16 @@ QString Read(const char *AArguments)
 
 TEST(CommandLine, OptionsAndFilesComeInAnyOrder)
 {
-    for (const char *wrong : {"--nonsense", "--size 0x5", "--size 5x99999", "--size=axb",
-                              "--line 0", "--line x", "--render ", "a -platform", "-reverse=1"})
+    for (const char *wrong :
+         {"--nonsense", "--size 0x5", "--size 5x99999", "--size=axb", "--line 0", "--line x",
+          "--line 3:0", "--line 3:x", "--line :3", "--bookmark 3:1", "--bookmark 1 --bookmark 0",
+          "--diagnostics ", "--render ", "a -platform", "-reverse=1"})
         EXPECT_EQ(Read(wrong), u"error"_s) << wrong;
     EXPECT_EQ(Read("a.pas --size 30x20 b --line=7 --render o.png -- -x"),
               u"a.pas b -x 30x20 to o.png line 7"_s);
     EXPECT_EQ(Read("--scheme dark"), u" -1x-1 to  line 0 in Dark"_s);
+    EXPECT_EQ(Read("--line 12:5 --bookmark 3 --bookmark=4 --diagnostics d"),
+              u" -1x-1 to  line 12:5 marked 3 marked 4 with d"_s);
     // Qt's own options are left to Qt.
     EXPECT_EQ(Read("-reverse a --style=fusion -qwindowtitle t -platform xcb -- -reverse"),
               u"a -reverse -1x-1 to  line 0 display"_s);
@@ -69,6 +79,7 @@ TEST(CommandLine, TokensAndSamplesAreMadeOrAnError)
         {"--scheme pink", "2||ztedit: ", "Desktop, Classic, Light, Dark"},
         {"--scheme ~/a.js", "1||ztedit: ", "a.js:1:1"},
         {"--tokens ~/a.js -style", "2||ztedit: ", "-style"},
+        {"--render ~/o.png --diagnostics ~/none ~/a.js", "1||ztedit: ", "none"},
         {"--make-sample ~/b", "0|", "is made"},
         {"--make-sample ~/b", "1||ztedit: ", "there already"},
         {"--make-sample ~/c", "1||ztedit: ", "there already"},
