@@ -324,14 +324,20 @@ void TFrmCodeEditSearchReplaceDlg::resizeEvent(QResizeEvent *AEvent)
     Arrange();
 }
 
-// The form has the colour of a text's background, also after the desktop has got other colours.
+// The form has the colour of a text's background, also after the desktop has got other colours. A
+// window behind others may have one of its own: which of them the form takes must not depend on
+// where it was when the colours came.
 void TFrmCodeEditSearchReplaceDlg::ColourForm()
 {
+    static constexpr std::pair<QPalette::ColorGroup, QPalette::ColorGroup> groups[] = {
+        {QPalette::Active, QPalette::Active},
+        {QPalette::Inactive, QPalette::Inactive},
+        {QPalette::Disabled, QPalette::Active}};
     QPalette colours = palette();
-    if (colours.color(QPalette::Window) == colours.color(QPalette::Base))
-        return;
-    colours.setColor(QPalette::Window, colours.color(QPalette::Base));
-    setPalette(colours);
+    for (const auto &[group, of] : groups)
+        colours.setColor(group, QPalette::Window, colours.color(of, QPalette::Base));
+    if (colours != palette())
+        setPalette(colours);
 }
 
 void TFrmCodeEditSearchReplaceDlg::changeEvent(QEvent *AEvent)

@@ -9,7 +9,7 @@ var GREETINGS = [
 	{ language: "Русский",	cells: 16,	word: "Добро пожаловать" }
 ];
 
-// Letters with marks of their own, written as one character and as two or three.
+// Letters with marks of their own, as one character and as several.
 var sameWord = "café" === "café".normalize();
 var name = "Việt" + " Việt" + " ö ñ m̄";
 

@@ -413,6 +413,7 @@ QPalette PaletteOf(QRgb AButton, QRgb AWindow, QRgb AText, QRgb ABase)
     for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
         palette.setColor(role, QColor(AText));
     palette.setColor(QPalette::Base, QColor(ABase));
+    palette.setColor(QPalette::Inactive, QPalette::Base, QColor(ABase).darker(110));
     palette.setColor(QPalette::Disabled, QPalette::Base, QColor(AWindow));
     palette.setColor(QPalette::Disabled, QPalette::Text, QColor(0x808080));
     return palette;

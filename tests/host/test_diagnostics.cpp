@@ -97,7 +97,7 @@ TEST(CompilerOutput, IsShownInTheTextsThatItIsAbout)
              "{1:3-6,1:7-10} {1:0-10} <Warning: l>"},
             {"compiled:out open:d/a.pas compiled:none places", "! {0:2-5,0:6-9}", "none"},
             {"compiled:out open:d/a.pas write:d/a.pas=%20%20onetwo menu:Reload places",
-             "+ {0:2-8,0:7-8}"},
+             "+ {0:2-8,0:2-8}"},
             {"compiled:out open:b.pas go:2/1 note menu:Diagnostics note", "<Note: n> + <>"},
             {"open:b.pas compiled:out write:out= compiled:out go:2/1 note", "<>"},
         },
