@@ -4,6 +4,7 @@
 
 #include "uZtCodeEdit.h"
 #include "uZtException.h"
+#include "uZtIndentation.h"
 #include "uZtLossQuestion.h"
 #include "uZtMemory.h"
 #include "uZtPlatform.h"
@@ -19,6 +20,14 @@ namespace {
 
 // What a line takes in memory beside its characters.
 constexpr qint64 LineSize = 16;
+
+// What is said of a line begins with its text.
+void LeaveIndentOut(TZtDiagnostic &ADiagnostic, const QString &ALine)
+{
+    const int indent = int(ZtIndentOf(ALine));
+    if (ADiagnostic.From.x() == 0 && ADiagnostic.To.x() > indent && indent < ALine.size())
+        ADiagnostic.From.setX(indent);
+}
 
 // Who says what `SetDiagnostics` shows.
 const QString CompilerSource = QStringLiteral("compiler");
@@ -220,8 +229,13 @@ void TDocument::SetDiagnostics(const std::vector<TZtDiagnostic> &ADiagnostics)
 // An editor that knows nothing of marks has none to clear.
 void TDocument::ShowDiagnostics()
 {
-    if (!FDiagnostics.empty() || FEditor->HasTextMarks())
-        FEditor->GetTextMarks().Diagnostics.Set(CompilerSource, FDiagnostics);
+    if (FDiagnostics.empty() && !FEditor->HasTextMarks())
+        return;
+    std::vector<TZtDiagnostic> shown = FDiagnostics;
+    for (TZtDiagnostic &said : shown)
+        if (said.From.y() < FEditor->GetLines()->GetCount())
+            LeaveIndentOut(said, FEditor->GetLines()->GetStrings(said.From.y()));
+    FEditor->GetTextMarks().Diagnostics.Set(CompilerSource, shown);
 }
 
 QString TDocument::StatusNote() const

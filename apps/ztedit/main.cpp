@@ -92,7 +92,8 @@ void Render(TMainWindow &AWindow, const TCommandLine &ALine)
     // The picture has the size that was asked for, also when the menus do not fit.
     AWindow.layout()->setSizeConstraint(QLayout::SetNoConstraint);
     Show(AWindow, ALine);
-    QCoreApplication::processEvents();
+    for (int i = 0; i < 3; ++i) // the heights of the status bar's rows follow one after the other
+        QCoreApplication::processEvents();
     QByteArray picture;
     QBuffer buffer(&picture);
     AWindow.grab().save(&buffer, "PNG");

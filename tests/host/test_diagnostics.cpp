@@ -98,6 +98,7 @@ TEST(CompilerOutput, IsShownInTheTextsThatItIsAbout)
             {"compiled:out open:d/a.pas compiled:none places", "! {0:2-5,0:6-9}", "none"},
             {"compiled:out open:d/a.pas write:d/a.pas=%20%20onetwo menu:Reload places",
              "+ {0:2-8,0:2-8}"},
+            {"write:d/a.pas=%0A%20%09two open:d/a.pas compiled:d/log places", "{1:2-5}"},
             {"compiled:out open:b.pas go:2/1 note menu:Diagnostics note", "<Note: n> + <>"},
             {"open:b.pas compiled:out write:out= compiled:out go:2/1 note", "<>"},
         },
