@@ -58,7 +58,7 @@ public:
             if (!painter.isActive())
                 painter.begin(&FImage);
             painter.resetTransform();
-            painter.translate(0, shown * FPitch);
+            painter.translate(0, TopOf(shown));
             ADraw(painter, std::as_const(strip.Row));
         }
     }
@@ -94,6 +94,14 @@ private:
         bool Known = false; // whether the image shows the row
         bool Taken = false; // by a row of this picture
     };
+
+    // Where a strip is drawn. Where the pitch is no whole number its top is not quite on a device
+    // pixel, by rounding: a little more, in all strips, makes half pixels fall to the same side.
+    qreal TopOf(int AStrip) const
+    {
+        constexpr qreal little = 1.0 / 1024;
+        return AStrip * FPitch + (FPitch == std::floor(FPitch) ? 0 : little);
+    }
 
     // Gives the rows that are drawn already their strips. Rows that scrolled, or stand below an
     // inserted or removed line, follow each other strip by strip: the search mostly ends at its
