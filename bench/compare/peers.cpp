@@ -89,7 +89,7 @@ public:
         return ReplaceCount;
     }
     void Paste() override { ZtSendMessage(&FEdit, TZtMsg::wmPaste); }
-    void ColourAll() override
+    bool ColourAll() override
     {
         TStringList *lines = FEdit.GetLines();
         int next = 0;
@@ -108,6 +108,7 @@ public:
         while (FParser->GetNextToken(token, back, fore, style, lineBreak)) {
         }
         FParser->OnGetNewBuffer = nullptr;
+        return true;
     }
     void RepaintUnchanged() override { FEdit.Invalidate(); }
     void MarkLines() override
@@ -321,7 +322,11 @@ public:
         return ReplaceCount;
     }
     void Paste() override { FEdit.paste(); }
-    void ColourAll() override { FHighlighter.rehighlight(); }
+    bool ColourAll() override
+    {
+        FHighlighter.rehighlight();
+        return true;
+    }
     void RepaintUnchanged() override
     {
         FEdit.viewport()->update();
@@ -389,10 +394,11 @@ public:
         return count;
     }
     void Paste() override { FEdit.paste(); }
-    void ColourAll() override
+    bool ColourAll() override
     {
         FEdit.SendScintilla(QsciScintilla::SCI_CLEARDOCUMENTSTYLE);
         FEdit.SendScintilla(QsciScintilla::SCI_COLOURISE, 0UL, -1L);
+        return true;
     }
     void RepaintUnchanged() override { FEdit.viewport()->update(); }
 

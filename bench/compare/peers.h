@@ -26,8 +26,8 @@ public:
     /// how many it did; one that takes too long may stop early.
     virtual int ReplaceAll(const QString &S, const QString &AWith) = 0;
     virtual void Paste() = 0;
-    /// Colours the whole text once.
-    virtual void ColourAll() = 0;
+    /// Colours the whole text once; false when it cannot be told to.
+    virtual bool ColourAll() = 0;
     virtual void RepaintUnchanged() = 0;
     /// Marks the text with 100,000 diagnostics and marks on 10,000 lines; asked of own kinds alone.
     virtual void MarkLines() {}
