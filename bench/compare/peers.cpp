@@ -21,6 +21,9 @@
 #include <QTemporaryDir>
 #include <QTextBlock>
 
+#include <algorithm>
+#include <type_traits>
+
 #ifdef ZT_HAVE_QSCINTILLA
 #include <Qsci/qscilexerjavascript.h>
 #include <Qsci/qscilexersql.h>
