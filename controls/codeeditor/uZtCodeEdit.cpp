@@ -196,7 +196,9 @@ void TZtCodeEdit::PositionScollBars()
     const int h = FHScrollBar->height();
 
     FHScrollBar->SetKind(TScrollBarKind::sbHorizontal);
-    Place(FHScrollBar, QRect(origin.x() + g, origin.y() + height - h, width - h - g, h));
+    // Below columns too, whose width changes with the count of lines.
+    const int left = HasColumns() ? 0 : g;
+    Place(FHScrollBar, QRect(origin.x() + left, origin.y() + height - h, width - h - left, h));
     const int columns = (width - g - BarsWidth() - FCharWidth) / FCharWidth;
     const int lines = int((height - FHScrollBar->height() - RowPitch()) / RowPitch());
     SetRanges(columns, lines);

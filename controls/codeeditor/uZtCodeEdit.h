@@ -129,6 +129,7 @@ class TZtCodeEdit : public TCustomControl, public TZtUndoTarget, public TZtViewH
     Q_PROPERTY(TZtCorrections Corrections READ GetCorrections WRITE SetCorrections)
     Q_PROPERTY(TZtExtras Extras READ GetExtras WRITE SetExtras)
     Q_PROPERTY(int Zoom READ GetZoom WRITE SetZoom STORED false)
+    Q_PROPERTY(int WordMarkDelay READ GetWordMarkDelay WRITE SetWordMarkDelay)
     Q_PROPERTY(int TabWidth READ GetTabWidth WRITE SetTabWidth)
     Q_PROPERTY(qint64 UndoBytes READ GetUndoBytes WRITE SetUndoBytes)
     Q_PROPERTY(bool UndoLoads READ GetUndoLoads WRITE SetUndoLoads)
@@ -313,6 +314,10 @@ public:
     int GetZoom() const { return FZoom; }
     /// The size of the font in per cent of what the host has set, 20 to 500.
     void SetZoom(int Value);
+    int GetWordMarkDelay() const final { return FWordMarkDelay; }
+    /// With `zeWordMarks`: how long the caret rests before its word is marked, in milliseconds, so
+    /// that what is typed does not flicker; 0: at once.
+    void SetWordMarkDelay(int Value) { FWordMarkDelay = qMax(Value, 0); }
     /// Marks all matches of a text with `zeMatchMarks`, as a search does; an empty one marks none.
     void MarkMatches(const QString &AText, TZtSearchFlags AFlags);
     /// How many there are; -1 until the whole text was looked through, which is done in idle time.
@@ -617,6 +622,7 @@ private:
     void DeleteLines(TZtChangeType AChangeType, const QString &ADeleted);
     void Load(const QString &aFileName);
     void MarkSaved();
+    void ForgetChanges();
     void CheckFits(qsizetype AMore) const;
     void BackSpaceAtCaret();
     void BackSpaceInLine(QString &&ALine);
@@ -712,6 +718,7 @@ private:
     std::shared_ptr<const TZtColorScheme> FScheme;
     TZtGuttorClickEvent FOnGuttorClick;
     int FZoom = 100;
+    int FWordMarkDelay = 200;
     QFont FUnzoomed;          // the host's
     int FGuttorDrag = -1;     // the line where the numbers were pressed
     bool FOverGuttor = false; // the mouse, of which this is the pointer elsewhere

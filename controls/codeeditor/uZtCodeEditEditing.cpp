@@ -598,6 +598,7 @@ void TZtCodeEdit::SetLines(const TStringList *Value)
     Operate([&] {
         FLines->Assign(Value);
         MarkSaved();
+        ForgetChanges();
     });
     Redraw();
 }
@@ -610,10 +611,18 @@ void TZtCodeEdit::MarkSaved()
     SetModified(false);
 }
 
+// A text that was loaded begins without changed lines.
+void TZtCodeEdit::ForgetChanges()
+{
+    if (FText->Marks)
+        FText->Marks->Changes.Reset();
+}
+
 void TZtCodeEdit::SetText(const QString &S)
 {
     Operate([&] {
         FLines->SetText(S);
+        ForgetChanges();
         InitSelectionAndPosition();
     });
 }
@@ -639,7 +648,6 @@ void TZtCodeEdit::Load(const QString &aFileName)
         FLines->SetText(stream.GetWString());
     if (IsCorrected(zcEvents))
         MarkSaved();
-    if (FText->Marks)
-        FText->Marks->Changes.Reset();
+    ForgetChanges();
     Redraw();
 }

@@ -116,7 +116,7 @@ bool TZtCodeEdit::BeginFrame()
                   own ? color(FRightMarginColor) : GetViewRgb(vcRightMargin), GetViewRgb(vcGuttor),
                   FScheme || columns ? GetViewRgb(vcGuttor) : color(clBtnHighlight),
                   FScheme || columns ? GetViewRgb(vcGuttorEdge) : color(clBtnShadow),
-                  IsCorrected(TZtCorrection::zcPicture), GetViewRgb(vcBlank),
+                  IsCorrected(TZtCorrection::zcPicture),
                   columns ? FExtras->GetGuttorLook() : TZtGuttorLook()},
                  columns ? &FExtras->Guttor() : nullptr);
     return FCharWidth > 0 && FLineWidth > 0;
@@ -153,7 +153,9 @@ void TZtCodeEdit::BeginPass(TPaintPass &APass) const
     const bool reversed = ZtIsBefore(FSelEnd, FSelStart);
     APass.Begin = reversed ? FSelEnd : FSelStart;
     APass.End = reversed ? FSelStart : FSelEnd;
-    APass.Left = RealGuttorWidth() - FHScrollBar->GetPosition() * FCharWidth + ZtTextLeft;
+    APass.Guttor = RealGuttorWidth();
+    APass.Blank = GetViewRgb(TZtViewColor::vcBlank);
+    APass.Left = APass.Guttor - FHScrollBar->GetPosition() * FCharWidth + ZtTextLeft;
     APass.Right = GetClientWidth();
     APass.X = APass.Left;
     for (quint32 i = 0; i < APass.SystemColours.size(); ++i)

@@ -14,7 +14,9 @@ inline constexpr int ZtTextLeft = 2; // between the gutter and the first column,
 struct TZtCodeEdit::TPaintPass {
     QPoint Begin; // the selection, in order
     QPoint End;
-    int Row = 0; // the screen line
+    int Row = 0;    // the screen line
+    int Guttor = 0; // its width
+    QRgb Blank = 0; // the colour of blanks that are seen
     int Left = 0;
     int Right = 0; // of the client area: what stands there is out of sight
     int X = 0;

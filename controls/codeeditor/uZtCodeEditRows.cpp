@@ -15,6 +15,11 @@ constexpr int LexSlice = 4;            // milliseconds of idle time
 constexpr int IdleDelay = 30;          // milliseconds after a key or a paint
 constexpr int LongestMeasured = 65536; // units of a line that is measured in cells at each paint
 
+QRgb HalfWay(QRgb A, QRgb B)
+{
+    return qRgb((qRed(A) + qRed(B)) / 2, (qGreen(A) + qGreen(B)) / 2, (qBlue(A) + qBlue(B)) / 2);
+}
+
 const TZtColourRun Plain{0, 0, clWindowText, clWindow, {}};
 
 } // namespace
@@ -79,19 +84,19 @@ void TZtCodeEdit::DecorateRow(TPaintPass &APass, int ALine)
     const int length = FLines->GetLength(ALine);
     const int first = FHScrollBar->GetPosition();
     const int from = length > LongestMeasured && first > 0 ? ColumnAt(ALine, first) : 0;
-    const int cells = (APass.Right - RealGuttorWidth()) / FCharWidth + 1;
+    const int cells = (APass.Right - APass.Guttor) / FCharWidth + 1;
     // A cell shows a few units where marks stand on letters.
     const int to = qMin(length, from + (from > 0 ? 0 : first) + 4 * cells);
     APass.Look = &FExtras->LookOf(ALine, from, to);
     if (APass.Look->Back && !APass.LineColoured)
-        FFrame.ColourRow(APass.Row, RealGuttorWidth(), APass.Rgb(*APass.Look->Back));
+        FFrame.ColourRow(APass.Row, APass.Guttor, APass.Rgb(*APass.Look->Back));
     for (const TZtLineLook::TGuide &guide : APass.Look->Guides) {
         const int left = APass.Left + guide.Cell * FCharWidth;
-        if (left >= RealGuttorWidth() && left < APass.Right)
+        if (left >= APass.Guttor && left < APass.Right)
             FFrame.AddGuide(APass.Row, {left, APass.Rgb(guide.Colour)});
     }
     if (APass.HasColumns)
-        FFrame.SetCells(APass.Row, FExtras->Guttor().GetCells(ALine, APass.Sight));
+        FExtras->Guttor().GetCells(ALine, APass.Sight, FFrame.Cells(APass.Row));
 }
 
 // Where the attributes of a line's text change next behind a column.
@@ -118,7 +123,7 @@ void TZtCodeEdit::AddColumns(TPaintPass &APass, int ALine, const TZtCellSpan &AS
     const int end = ASpan.Start + ASpan.Length;
     int column = ASpan.Start;
     if (!ASpan.IsCluster)
-        column += std::clamp((RealGuttorWidth() - left(column)) / FCharWidth, 0, ASpan.Length);
+        column += std::clamp((APass.Guttor - left(column)) / FCharWidth, 0, ASpan.Length);
     while (column < end && left(column) < APass.Right) {
         while (APass.Run < APass.Runs.size() &&
                APass.Runs[APass.Run].Start + APass.Runs[APass.Run].Length <= column)
@@ -156,11 +161,13 @@ void TZtCodeEdit::AddStretch(TPaintPass &APass, int ALine, const TZtCellSpan &AS
         fore = APass.LineFore;
         back = APass.LineBack;
     }
-    const TZtPieceMarks marks = MarksOf(APass, style, fore, AColumn, AStop);
+    TZtPieceMarks marks = MarksOf(APass, style, fore, AColumn, AStop);
+    if (marks.AreBlanksSeen)
+        marks.BlankColour = selected ? HalfWay(APass.Rgb(fore), APass.Rgb(back)) : APass.Blank;
     APass.Token.resize(0);
     FLines->AppendTo(ALine, AColumn, AStop - AColumn, APass.Token);
     const bool tab = ASpan.IsCluster && APass.Token == QLatin1StringView("\t");
-    if (tab && !marks.Blanks)
+    if (tab && !marks.AreBlanksSeen)
         APass.Token.fill(u' ', ASpan.Width);
     const bool cluster = ASpan.IsCluster && APass.Token.front() != u' ';
     if (cluster)
@@ -188,7 +195,7 @@ TZtPieceMarks TZtCodeEdit::MarksOf(const TPaintPass &APass, const TZtDecorationS
     marks.IsStruck = AStyle.StrikeOut.has_value();
     if (marks.IsStruck)
         marks.StrikeColour = APass.Rgb(*AStyle.StrikeOut);
-    marks.Blanks = APass.Look->BlanksFrom <= AColumn && AColumn < APass.Look->BlanksTo;
+    marks.AreBlanksSeen = APass.Look->BlanksFrom <= AColumn && AColumn < APass.Look->BlanksTo;
     return marks;
 }
 

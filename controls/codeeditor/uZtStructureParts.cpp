@@ -93,25 +93,51 @@ void TZtMatchesPart::Survey(std::vector<quint32> &ARows)
         FMarks->Survey(ARows, Bit());
 }
 
-void TZtWordPart::BeginRows(int, int)
+QString TZtWordPart::WordAtCaret() const
 {
     const TStringList &lines = *Edit().GetLines();
     const int line = Edit().GetLinePos();
+    if (line >= lines.GetCount())
+        return {};
+    const auto [start, end] = ZtWordAt(lines.View(line), Edit().GetCharPos());
     QString word;
-    if (line < lines.GetCount()) {
-        const auto [start, end] = ZtWordAt(lines.View(line), Edit().GetCharPos());
-        if (start < end)
-            lines.AppendTo(line, start, end - start, word);
-    }
-    using enum TZtSearchFlag;
-    if (SetSearch(word.size() > 1 ? word : QString(), sfDown | sfMatchCase | sfWholeWord))
+    if (end - start > 1)
+        lines.AppendTo(line, start, end - start, word);
+    return word;
+}
+
+void TZtWordPart::BeginRows(int, int)
+{
+    const QString word = WordAtCaret();
+    if (word != std::exchange(FWord, word))
+        FSince.start();
+    if (FWord != FMarked && Edit().GetWordMarkDelay() == 0 && Mark())
         Edit().OverviewChanged();
 }
 
-// Rows in sight are looked through when they are drawn.
+bool TZtWordPart::Mark()
+{
+    using enum TZtSearchFlag;
+    FMarked = FWord;
+    return SetSearch(FMarked, sfDown | sfMatchCase | sfWholeWord);
+}
+
+// Rows in sight are looked through when they are drawn, the whole text for the ruler alone.
 int TZtWordPart::GetWorkDelay() const
 {
+    if (FWord != FMarked)
+        return int(qMax<qint64>(Edit().GetWordMarkDelay() - FSince.elapsed(), 0));
     return Edit().HasExtra(TZtExtra::zeRuler) ? TZtMatchesPart::GetWorkDelay() : -1;
+}
+
+void TZtWordPart::Advance(int AMilliseconds)
+{
+    if (FWord == FMarked)
+        return TZtMatchesPart::Advance(AMilliseconds);
+    if (!Mark())
+        return;
+    Edit().OverviewChanged();
+    Edit().ExtrasChanged();
 }
 
 // --- brackets ------------------------------------------------------------------------------------

@@ -57,10 +57,19 @@ public:
     using TZtMatchesPart::TZtMatchesPart;
     void BeginRows(int AFirst, int ALast) override;
     int GetWorkDelay() const override;
+    void Advance(int AMilliseconds) override;
 
 protected:
     TZtViewColor Colour() const override { return TZtViewColor::vcWord; }
     quint32 Bit() const override { return TZtOverviewBit::Word; }
+
+private:
+    QString WordAtCaret() const;
+    bool Mark();
+
+    QString FWord;   // at the caret
+    QString FMarked; // the one that is marked
+    QElapsedTimer FSince;
 };
 
 /// The bracket at the caret and its pair.

@@ -30,6 +30,8 @@ public:
     virtual const TZtCellRules &GetCellRules() const = 0;
     /// The cells of a step of indentation, 1 or more.
     virtual int GetIndentStep() const = 0;
+    /// How long the caret rests before its word is marked, in milliseconds; 0: at once.
+    virtual int GetWordMarkDelay() const = 0;
     virtual TZtTextMarks &GetTextMarks() = 0;
     virtual bool HasTextMarks() const = 0;
     /// The colour of a part of the view, of the scheme or of the desktop.

@@ -168,6 +168,8 @@ std::vector<TZtDiagnostic> TZtDiagnostics::InLine(int ALine)
 std::optional<TZtSeverity> TZtDiagnostics::OfLine(int ALine)
 {
     std::optional<TZtSeverity> worst;
+    if (GetCount() == 0)
+        return worst; // as is most often asked
     for (const TZtPlacedDecoration &placed : FDecorations.GetAllInLines(ALine, ALine)) {
         const TZtSeverity severity = SeverityOf(placed.Owner);
         worst = worst ? std::min(*worst, severity) : severity;

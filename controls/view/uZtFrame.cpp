@@ -74,10 +74,10 @@ void TZtFrame::AddButton(int ARow, bool AExpanded)
     FGuttorRows[size_t(ARow)].IsExpanded = AExpanded;
 }
 
-void TZtFrame::SetCells(int ARow, std::vector<quint64> ACells)
+std::vector<quint64> &TZtFrame::Cells(int ARow)
 {
     Row(ARow);
-    FGuttorRows[size_t(ARow)].Cells = std::move(ACells);
+    return FGuttorRows[size_t(ARow)].Cells;
 }
 
 int TZtFrame::AddText(int ARow, int ALeft, QStringView S, QRgb AFore, QRgb ABack,
@@ -245,7 +245,7 @@ void TZtFrame::DrawMarks(QPainter &APainter, const TZtPaintRow &ARow)
 {
     for (const TZtPaintPiece &piece : ARow.Pieces) {
         const TZtPieceMarks &marks = piece.Marks;
-        if (marks.Blanks)
+        if (marks.AreBlanksSeen)
             DrawBlanks(APainter, ARow, piece);
         ZtPaintUnderline(APainter, marks.Line, piece.Left, piece.Width, FText.Baseline() + 2,
                          QColor(marks.LineColour));
@@ -276,13 +276,13 @@ void TZtFrame::DrawBlanks(QPainter &APainter, const TZtPaintRow &ARow, const TZt
     if (APiece.IsCluster) {
         if (text.startsWith(u'\t'))
             ZtPaintTabArrow(APainter, {APiece.Left, 0, APiece.Width, FText.LineHeight()},
-                            QColor(FLook.Blank));
+                            QColor(APiece.Marks.BlankColour));
         return;
     }
     int x = APiece.Left + (cell - dot) / 2;
     for (qsizetype i = 0; i < text.size(); ++i) {
         if (text[i] == u' ')
-            APainter.fillRect(x, top, dot, dot, QColor(FLook.Blank));
+            APainter.fillRect(x, top, dot, dot, QColor(APiece.Marks.BlankColour));
         if (!text[i].isLowSurrogate()) // the other half of a character of one cell
             x += cell;
     }

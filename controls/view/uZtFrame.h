@@ -20,7 +20,8 @@ struct TZtPieceMarks {
     QRgb BoxColour = 0;
     bool IsStruck = false; ///< a line through the text
     QRgb StrikeColour = 0;
-    bool Blanks = false; ///< blanks and tabs are seen
+    bool AreBlanksSeen = false; ///< as dots, and tabs as arrows
+    QRgb BlankColour = 0;
     bool operator==(const TZtPieceMarks &) const = default;
 };
 
@@ -74,7 +75,6 @@ struct TZtFrameLook {
     QRgb Margin;
     QRgb GuttorFace, GuttorLight, GuttorShadow;
     bool Exact = false;        ///< whether text stands on the exact grid of `TZtTextPainter`
-    QRgb Blank = 0;            ///< the colour of blanks that are seen
     TZtGuttorLook Guttor = {}; ///< of its columns
     bool operator==(const TZtFrameLook &) const = default;
 };
@@ -106,8 +106,8 @@ public:
     void AddGuide(int ARow, const TZtPaintGuide &AGuide) { Row(ARow).Guides.push_back(AGuide); }
     /// A box in the gutter beside a row that can be folded.
     void AddButton(int ARow, bool AExpanded);
-    /// Says what the columns of the gutter show beside a row.
-    void SetCells(int ARow, std::vector<quint64> ACells);
+    /// What the columns of the gutter show beside a row; none before it is said.
+    std::vector<quint64> &Cells(int ARow);
     /// Draws what differs from the picture before.
     void Finish();
 

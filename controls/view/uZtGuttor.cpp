@@ -156,13 +156,11 @@ int TZtGuttor::ColumnAt(int AX, const TZtGuttorSight &ASight) const
     return -1;
 }
 
-std::vector<quint64> TZtGuttor::GetCells(int ALine, const TZtGuttorSight &ASight) const
+void TZtGuttor::GetCells(int ALine, const TZtGuttorSight &ASight,
+                         std::vector<quint64> &ACells) const
 {
-    std::vector<quint64> cells;
-    cells.reserve(FColumns.size());
     for (const auto &column : FColumns)
-        cells.push_back(column->GetVisible() ? column->GetCell(ALine, ASight) : 0);
-    return cells;
+        ACells.push_back(column->GetVisible() ? column->GetCell(ALine, ASight) : 0);
 }
 
 void TZtGuttor::Arrange(const TZtGuttorSight &ASight)

@@ -127,8 +127,8 @@ public:
     int GetWidth(const TZtGuttorSight &ASight) const;
     /// The index of the column at a pixel from the gutter's left edge, -1 right of the last.
     int ColumnAt(int AX, const TZtGuttorSight &ASight) const;
-    /// What the columns show beside a line, 0 for one that is not visible.
-    std::vector<quint64> GetCells(int ALine, const TZtGuttorSight &ASight) const;
+    /// Appends to `ACells` what the columns show beside a line, 0 for one that is not visible.
+    void GetCells(int ALine, const TZtGuttorSight &ASight, std::vector<quint64> &ACells) const;
 
     /// Measures the columns for `Draw`.
     void Arrange(const TZtGuttorSight &ASight);

@@ -49,7 +49,11 @@ protected:
     QString Search;
     QStringList Did;
 
-    TExtrasPicture() { QApplication::setCursorFlashTime(0); }
+    TExtrasPicture()
+    {
+        QApplication::setCursorFlashTime(0);
+        Edit.SetWordMarkDelay(0);
+    }
     ~TExtrasPicture() override { QApplication::setCursorFlashTime(1000); }
     int Below(int n) { return int(Random() % unsigned(n)); }
     void Start(TZtCorrections ACorrections);
@@ -199,6 +203,7 @@ void TExtrasPicture::PutIntoState(TZtCodeEdit &AFresh)
 {
     AFresh.SetCorrections(Edit.GetCorrections());
     AFresh.ShareText(&Edit);
+    AFresh.SetWordMarkDelay(0);
     AFresh.SetExtras(Edit.GetExtras());
     AFresh.SetFont(Font);
     AFresh.SetZoom(Edit.GetZoom());
