@@ -6,7 +6,9 @@
 #include "uZtCodeEdit.h"
 #include "uZtCodeJSParser.h"
 #include "uZtCodePascalParser.h"
+#include "uZtOverviewRuler.h"
 #include "uZtPlatform.h"
+#include "uZtTextMarks.h"
 #include "uZtTokenDump.h"
 
 #include <QApplication>
@@ -268,6 +270,28 @@ void BM_KeyWithAnchors(benchmark::State &AState)
     });
 }
 
+// The overview ruler from nothing, with so many diagnostics and a tenth as many bookmarks in a
+// million lines.
+void BM_OverviewRuler(benchmark::State &AState)
+{
+    TBench bench(QByteArray("a line\n").repeated(1'000'000));
+    bench.Edit.SetCorrections(ZtAllCorrections());
+    bench.Edit.SetExtras(ZtAllExtras());
+    const int count = int(AState.range(0));
+    std::vector<TZtDiagnostic> diagnostics;
+    for (int i = 0; i < count; ++i) {
+        const int line = int(qint64(i) * 1'000'000 / count);
+        diagnostics.push_back({{2, line}, {4, line}, TZtSeverity(i % 3), {}, {}});
+        if (i % 10 == 0)
+            bench.Edit.GetTextMarks().Marks.Set(line, TZtLineMark::lmBookmark, true);
+    }
+    bench.Edit.GetTextMarks().Diagnostics.Set(QStringLiteral("bench"), diagnostics);
+    auto *ruler = bench.Edit.findChild<TZtOverviewRuler *>();
+    int height = ruler->height();
+    Measure(
+        AState, [&] { ruler->repaint(); }, [&] { ruler->resize(14, height ^= 1); });
+}
+
 // Everything is selected and deleted in so many megabytes, and comes back by an undo.
 void BM_DeleteAllAndBack(benchmark::State &AState)
 {
@@ -447,6 +471,12 @@ BENCHMARK(BM_KeyWithAnchors)
     ->UseManualTime()
     ->Unit(benchmark::kMicrosecond)
     ->Iterations(300);
+BENCHMARK(BM_OverviewRuler)
+    ->Arg(0)
+    ->Arg(100'000)
+    ->Iterations(100)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_DeleteAllAndBack)
     ->Args({100, 0})
     ->Args({100, 1})

@@ -109,6 +109,9 @@ try {
     std::unique_ptr<TZtCodeEdit> editor = EditorOf(stream, language);
     QString path = QFileInfo(APath).absoluteFilePath();
     const bool focused = FEditor->hasFocus();
+    if (!FPath.isEmpty() && FEditor->HasTextMarks()) // it is read again
+        editor->GetTextMarks().Marks.Take(FEditor->GetTextMarks().Marks);
+    editor->SetZoom(FPath.isEmpty() ? 100 : FEditor->GetZoom());
     SetEditor(editor.release());
     FLanguage = &language;
     FPath = std::move(path);
@@ -233,7 +236,7 @@ void TDocument::ShowDiagnostics()
         return;
     std::vector<TZtDiagnostic> shown = FDiagnostics;
     for (TZtDiagnostic &said : shown)
-        if (said.From.y() < FEditor->GetLines()->GetCount())
+        if (said.From.x() == 0 && said.From.y() < FEditor->GetLines()->GetCount())
             LeaveIndentOut(said, FEditor->GetLines()->GetStrings(said.From.y()));
     FEditor->GetTextMarks().Diagnostics.Set(CompilerSource, shown);
 }

@@ -536,14 +536,17 @@ private:
     bool HasColumns() const;
     int BarsWidth() const;
     qreal RowPitch() const;
+    void WatchText();
     void JumpTo(const QPoint &APlace);
     void SelectLines(int AFrom, int ATo);
+    void TrackMouse();
     void PointAt(int X);
     bool PressGuttor(TMouseButton Button, int X, int Y);
     bool ShowToolTip(const QHelpEvent &AEvent);
     bool GoToBookmark(bool AForward);
     bool GoToDiagnostic(bool AForward);
     bool GoToBracket(bool ASelect);
+    TZtElementKind KindAt(const QPoint &APlace) const;
     bool TypePaired(const QString &S);
     void Surround(const QString &AOpening, QChar AClosing);
     bool EraseEmptyPair();
@@ -571,6 +574,7 @@ private:
     void DecorateRow(TPaintPass &APass, int ALine);
     TColor Shaded(TColor AColor, bool AReadOnly) const;
     void LexAhead();
+    void StartIdle(int ADelay);
     void PutOffIdle();
     void AddPiece(TPaintPass &APass, QStringView S, TColor AFore, TColor ABack);
     QRect PictureArea() const;
@@ -723,6 +727,7 @@ private:
     int FGuttorDrag = -1;     // the line where the numbers were pressed
     bool FOverGuttor = false; // the mouse, of which this is the pointer elsewhere
     QCursor FTextCursor;
+    bool FTracksMouse = false; // which the host has not asked for
     bool FGuttorPressed = false;
     QPointF FWheelRests; // of a cell and a line, in pixels
     double FPinch = 1;   // what was zoomed by and is less than a per cent
@@ -741,6 +746,7 @@ private:
     int FLongest = 0;          // of the lines shown so far, in cells
     bool FRedraws = false;     // the editor itself asks for a paint
     QBasicTimer FIdle;         // while there are states to be found
+    int FIdleDelay = 0;        // that it was started with
     quint64 FShownColours = 0; // the highlighter's revision at the last paint
     QElapsedTimer FSinceDblClick;
     QPoint FPressPlace;

@@ -81,6 +81,7 @@ void TZtCodeEdit::SetCorrections(TZtCorrections Value)
     FExtras->TextAttached();
     KeepCaretInText();
     PositionScollBars();
+    TrackMouse();
     ResetCaret();
     Redraw();
 }
@@ -156,6 +157,7 @@ void TZtCodeEdit::ShareText(TZtCodeEdit *AOther)
     FUndoList->Clear();
     FModified = AOther->FModified;
     SetCorrections(corrections);
+    WatchText();
     FExtras->Show(FShownExtras);
     InitSelectionAndPosition();
     PositionScollBars();

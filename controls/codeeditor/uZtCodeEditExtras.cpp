@@ -32,16 +32,22 @@ void TZtCodeEdit::SetExtras(TZtExtras Value)
     if (Value & ~(zeZoom | zeFineWheel))
         SetCorrections(FCorrections | TZtCorrection::zcPicture);
     FShownExtras = Value;
-    if (Value & (zeMarks | zeChangeBars | zeDiagnostics))
-        GetTextMarks(); // from now on
+    WatchText();
     FExtras->Show(Value);
-    setMouseTracking(HasColumns());
     PointAt(RealGuttorWidth());
     ExtrasChanged();
 }
 
+// Changes are known from now on.
+void TZtCodeEdit::WatchText()
+{
+    if (FShownExtras & (zeMarks | zeChangeBars | zeDiagnostics))
+        GetTextMarks();
+}
+
 void TZtCodeEdit::ExtrasChanged()
 {
+    TrackMouse();
     PositionScollBars();
     ResetCaret();
     Redraw();
@@ -185,6 +191,16 @@ void TZtCodeEdit::SelectLines(int AFrom, int ATo)
     MoveTo(down ? behind(ATo) : QPoint(0, ATo));
     SetSelEnd(down ? QPoint(0, AFrom) : behind(AFrom));
     SetSelStart({FCharPos, FLinePos});
+}
+
+// For the pointer, where the host has not asked for it anyway.
+void TZtCodeEdit::TrackMouse()
+{
+    if (HasColumns() && !hasMouseTracking())
+        FTracksMouse = true;
+    if (FTracksMouse)
+        setMouseTracking(HasColumns());
+    FTracksMouse &= HasColumns();
 }
 
 // The gutter has a pointer of its own.
@@ -335,7 +351,7 @@ void TZtCodeEdit::ScrollFinely(const QWheelEvent &AEvent)
 
 void TZtCodeEdit::MarkMatches(const QString &AText, TZtSearchFlags AFlags)
 {
-    auto *part = FExtras->Find<TZtMatchesPart>(zeMatchMarks);
+    const auto part = FExtras->Find<TZtMatchesPart>(zeMatchMarks);
     if (!part || !part->SetSearch(AText, AFlags))
         return;
     OverviewChanged();
@@ -344,7 +360,7 @@ void TZtCodeEdit::MarkMatches(const QString &AText, TZtSearchFlags AFlags)
 
 qint64 TZtCodeEdit::GetMatchCount() const
 {
-    const auto *part = FExtras->Find<TZtMatchesPart>(zeMatchMarks);
+    const auto part = FExtras->Find<TZtMatchesPart>(zeMatchMarks);
     return part && part->GetMarks().IsComplete() ? part->GetMarks().GetCount() : -1;
 }
 
@@ -407,15 +423,16 @@ bool TZtCodeEdit::GoToDiagnostic(bool AForward)
 // On the same side of the pair as it stands of the bracket.
 bool TZtCodeEdit::GoToBracket(bool ASelect)
 {
-    auto *part = FExtras->Find<TZtBracketsPart>(zeBrackets);
-    TZtBrackets *brackets = part ? part->Find() : nullptr;
-    if (!brackets)
+    const auto part = FExtras->Find<TZtBracketsPart>(zeBrackets);
+    const auto highlighter = FHighlighter; // a handler of the lexer may exchange it
+    const auto brackets = part ? part->Find() : nullptr;
+    if (!brackets || !highlighter)
         return false;
     QElapsedTimer time;
     time.start();
     while (brackets->GetState() == TZtBracketState::bsSearching &&
            time.elapsed() < BracketPatience) {
-        FHighlighter->Advance(20);
+        highlighter->Advance(20);
         brackets->Advance(20);
     }
     if (brackets->GetState() != TZtBracketState::bsFound)
@@ -434,18 +451,29 @@ bool TZtCodeEdit::GoToBracket(bool ASelect)
 
 // --- pairs ---------------------------------------------------------------------------------------
 
+// What stands around a place; code where nothing is known.
+TZtElementKind TZtCodeEdit::KindAt(const QPoint &APlace) const
+{
+    const auto highlighter = FHighlighter; // a handler of the lexer may exchange it
+    if (!highlighter || APlace.y() >= FLines->GetCount())
+        return TZtElementKind::ekCode;
+    bool exact = false;
+    const auto runs = highlighter->Peek(APlace.y(), APlace.y(), APlace.x() + 2, exact);
+    if (runs.empty() || APlace.y() >= FLines->GetCount())
+        return TZtElementKind::ekCode;
+    return ZtKindAround(runs.front(), FLines->View(APlace.y()), APlace.x());
+}
+
 // Answers whether a character was typed in the way of pairs.
 bool TZtCodeEdit::TypePaired(const QString &S)
 {
-    TZtTypedPairs *pairs = FExtras->Pairs();
-    if (!pairs || GetReadOnly() || S.size() != 1 || !FHighlighter)
+    const auto pairs = FExtras->Pairs();
+    if (!pairs || GetReadOnly() || S.size() != 1 || !TZtTypedPairs::MayPair(S.front()))
         return false;
     const bool selected = SelectionGiven();
     const QPoint caret =
         selected ? (SelectionReversed() ? FSelEnd : FSelStart) : QPoint(FCharPos, FLinePos);
-    TZtElementKind kind = TZtElementKind::ekCode;
-    if (caret.y() < FLines->GetCount())
-        kind = ZtKindAround(FHighlighter->GetRuns(caret.y()), FLines->View(caret.y()), caret.x());
+    const TZtElementKind kind = KindAt(caret);
     const TZtPairEdit edit =
         pairs->OnCharacter(S.front(), caret, selected, kind, GetParser()->GetLanguage());
     switch (edit.Action) {
@@ -457,7 +485,8 @@ bool TZtCodeEdit::TypePaired(const QString &S)
     case TZtPairAction::paInsert:
         AddTxt(S + edit.Closing);
         SetCharPos(FCharPos - 1);
-        pairs->Inserted({FCharPos, FLinePos});
+        if (pairs == FExtras->Pairs()) // no handler has brought another text
+            pairs->Inserted({FCharPos, FLinePos});
         break;
     case TZtPairAction::paSurround:
         Surround(S, edit.Closing);
@@ -480,13 +509,20 @@ void TZtCodeEdit::Surround(const QString &AOpening, QChar AClosing)
     SetSelEnd(start + QPoint(1, 0));
 }
 
-// Answers whether the caret stood in an empty pair, which is gone.
+// Answers whether the caret stood in an empty pair, which is gone. Two quotes are a string of their
+// own.
 bool TZtCodeEdit::EraseEmptyPair()
 {
-    const TZtTypedPairs *pairs = FExtras->Pairs();
+    const auto pairs = FExtras->Pairs();
     const QPoint caret(FCharPos, FLinePos);
     if (!pairs || GetReadOnly() || SelectionGiven() ||
         !pairs->OnBackspace(caret, GetParser()->GetLanguage()))
+        return false;
+    QString opening;
+    FLines->AppendTo(FLinePos, FCharPos - 1, 1, opening);
+    const bool bracket = QStringLiteral("([{").contains(opening);
+    const TZtElementKind kind = KindAt(caret);
+    if (kind == TZtElementKind::ekRemark || (kind == TZtElementKind::ekText && bracket))
         return false;
     FSelStart = caret - QPoint(1, 0);
     FSelEnd = caret + QPoint(1, 0);

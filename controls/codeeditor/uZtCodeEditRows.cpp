@@ -206,15 +206,21 @@ void TZtCodeEdit::LexAhead()
     const int delay = lexes ? 0 : FExtras->GetWorkDelay();
     if (delay < 0)
         FIdle.stop();
-    else if (!FIdle.isActive())
-        FIdle.start(qMax(IdleDelay, delay), this);
+    else if (!FIdle.isActive() || qMax(IdleDelay, delay) < FIdleDelay)
+        StartIdle(qMax(IdleDelay, delay));
+}
+
+void TZtCodeEdit::StartIdle(int ADelay)
+{
+    FIdleDelay = ADelay;
+    FIdle.start(ADelay, this);
 }
 
 // What is typed goes first.
 void TZtCodeEdit::PutOffIdle()
 {
     if (FIdle.isActive())
-        FIdle.start(IdleDelay, this);
+        StartIdle(IdleDelay);
 }
 
 void TZtCodeEdit::timerEvent(QTimerEvent *AEvent)
@@ -235,7 +241,7 @@ void TZtCodeEdit::timerEvent(QTimerEvent *AEvent)
         if (delay < 0)
             FIdle.stop();
         else
-            FIdle.start(delay, this);
+            StartIdle(delay);
         if (highlighter->GetRevision() != FShownColours)
             Redraw();
     });

@@ -1,5 +1,6 @@
 #include "uZtEditExtras.h"
 
+#include "uZtGuarded.h"
 #include "uZtStringList.h"
 #include "uZtStructureParts.h"
 #include "uZtTextMarks.h"
@@ -13,14 +14,14 @@ using enum TZtViewColor;
 
 namespace {
 
-template <typename TPart> std::unique_ptr<TZtViewPart> Make(TZtViewHost &AEdit)
+template <typename TPart> std::shared_ptr<TZtViewPart> Make(TZtViewHost &AEdit)
 {
-    return std::make_unique<TPart>(AEdit);
+    return std::make_shared<TPart>(AEdit);
 }
 
 struct TPartKind {
     TZtExtras For; // shown for any of these; for all, always
-    std::unique_ptr<TZtViewPart> (*Make)(TZtViewHost &AEdit);
+    std::shared_ptr<TZtViewPart> (*Make)(TZtViewHost &AEdit);
 };
 
 // The lowest first.
@@ -91,10 +92,9 @@ TZtEditExtras::TZtEditExtras(TZtViewHost &AEdit, QWidget *AWidget)
     FChanges = Add(FGuttor, std::make_unique<TZtChangeColumn>(state));
     FMarks->OnToolTip = [&AEdit](int line) {
         QStringList texts;
-        TZtTextMarks &text = AEdit.GetTextMarks();
-        for (const TZtPlacedDecoration &placed :
-             text.Diagnostics.GetDecorations().GetAllInLines(line, line))
-            texts += *placed.ToolTip;
+        if (AEdit.HasExtra(zeDiagnostics))
+            for (const TZtDiagnostic &said : AEdit.GetTextMarks().Diagnostics.InLine(line))
+                texts += said.Message;
         return texts.join(u'\n');
     };
     FGuttor.OnChange = [&AEdit] { AEdit.ExtrasChanged(); };
@@ -129,7 +129,11 @@ void TZtEditExtras::ShowRuler(bool AShow)
         return;
     FRuler = std::make_unique<TZtOverviewRuler>(FWidget);
     FRuler->OnSurvey = [this](std::vector<quint32> &rows) { Survey(rows); };
-    FRuler->OnGoTo = [this](double place) { GoTo(place); };
+    // Behind the event of the ruler, which a handler of the editor may take away.
+    FRuler->OnGoTo = [this](double place) {
+        QMetaObject::invokeMethod(FWidget, TZtGuarded([this, place] { GoTo(place); }),
+                                  Qt::QueuedConnection);
+    };
     FRuler->show();
     TakeColours();
 }
@@ -179,9 +183,11 @@ TZtGuttorLook TZtEditExtras::GetGuttorLook() const
             rgb(vcWarning),    rgb(vcInformation), FMarks->GetRevision() + FGuttor.GetRevision()};
 }
 
+// A lexer's handlers may show other parts meanwhile.
 void TZtEditExtras::BeginRows(int AFirst, int ALast)
 {
-    for (const auto &part : FParts)
+    const auto parts = FParts;
+    for (const auto &part : parts)
         if (part)
             part->BeginRows(AFirst, ALast);
 }
@@ -195,11 +201,11 @@ const TZtLineLook &TZtEditExtras::LookOf(int ALine, int AFrom, int ATo)
     return FLook;
 }
 
-TZtViewPart *TZtEditExtras::FindPart(TZtExtra AFor) const
+std::shared_ptr<TZtViewPart> TZtEditExtras::FindPart(TZtExtra AFor) const
 {
     for (size_t i = 0; i < PartKinds.size(); ++i)
         if (PartKinds[i].For.testFlag(AFor))
-            return FParts[i].get();
+            return FParts[i];
     return nullptr;
 }
 
@@ -209,7 +215,7 @@ void TZtEditExtras::TextAttached()
     ShowRuler(drawn && FEdit.HasExtra(zeRuler));
     FPairs.reset();
     if (drawn && FEdit.HasExtra(zeTypedPairs))
-        FPairs = std::make_unique<TZtTypedPairs>(FEdit.GetLines());
+        FPairs = std::make_shared<TZtTypedPairs>(FEdit.GetLines());
     for (const auto &part : FParts)
         if (part)
             part->TextAttached();
@@ -251,7 +257,8 @@ int TZtEditExtras::GetWorkDelay() const
 
 void TZtEditExtras::Advance(int AMilliseconds)
 {
-    for (const auto &part : FParts)
+    const auto parts = FParts;
+    for (const auto &part : parts)
         if (part && part->GetWorkDelay() == 0)
             part->Advance(AMilliseconds);
 }

@@ -27,11 +27,11 @@ public:
     /// Null while there is none.
     TZtOverviewRuler *Ruler() const { return FRuler.get(); }
     /// Null while there are none.
-    TZtTypedPairs *Pairs() const { return FPairs.get(); }
+    std::shared_ptr<TZtTypedPairs> Pairs() const { return FPairs; }
     /// The part that is shown for an extra; null if it is not.
-    template <typename TPart> TPart *Find(TZtExtra AFor) const
+    template <typename TPart> std::shared_ptr<TPart> Find(TZtExtra AFor) const
     {
-        return static_cast<TPart *>(FindPart(AFor));
+        return std::static_pointer_cast<TPart>(FindPart(AFor));
     }
 
     void BeginRows(int AFirst, int ALast);
@@ -54,7 +54,7 @@ public:
     TZtGuttorLook GetGuttorLook() const;
 
 private:
-    TZtViewPart *FindPart(TZtExtra AFor) const;
+    std::shared_ptr<TZtViewPart> FindPart(TZtExtra AFor) const;
     void ShowRuler(bool AShow);
     void GoTo(double APlace) const;
     void Survey(std::vector<quint32> &ARows) const;
@@ -66,8 +66,8 @@ private:
     TZtNumberColumn *FNumbers;
     TZtChangeColumn *FChanges;
     std::unique_ptr<TZtOverviewRuler> FRuler;
-    std::unique_ptr<TZtTypedPairs> FPairs;
-    std::vector<std::unique_ptr<TZtViewPart>> FParts; // the lowest first; null: not shown
+    std::shared_ptr<TZtTypedPairs> FPairs;
+    std::vector<std::shared_ptr<TZtViewPart>> FParts; // the lowest first; null: not shown
     TZtLineLook FLook;
     bool FFollowsCaret = false;
 };

@@ -9,15 +9,28 @@ using enum TZtViewColor;
 
 // --- guides --------------------------------------------------------------------------------------
 
+// A line that is indented by a tab has a guide at each tab stop.
+int TZtGuidesPart::StepOf(int ALine) const
+{
+    const QAnyStringView line = Edit().GetLines()->View(ALine);
+    const bool tab = !line.isEmpty() && line.front() == u'\t';
+    return tab ? Edit().GetCellRules().TabWidth : Edit().GetIndentStep();
+}
+
 void TZtGuidesPart::BeginRows(int AFirst, int ALast)
 {
     const TStringList &lines = *Edit().GetLines();
+    const TZtCellRules &rules = Edit().GetCellRules();
     FFirst = AFirst;
-    FCells = ZtGuideCells(lines, AFirst, ALast, Edit().GetCellRules());
+    FCells = ZtGuideCells(lines, AFirst, ALast, rules);
+    FSteps.clear();
+    for (int line = AFirst; line <= ALast; ++line) {
+        const bool blank = lines.GetLength(line) == 0 && !FSteps.empty();
+        FSteps.push_back(blank ? FSteps.back() : StepOf(line));
+    }
     const int caret = Edit().GetLinePos();
-    FCurrent = caret < lines.GetCount()
-                   ? ZtCurrentGuide(lines, caret, Edit().GetIndentStep(), Edit().GetCellRules())
-                   : TZtGuide();
+    FCurrent =
+        caret < lines.GetCount() ? ZtCurrentGuide(lines, caret, StepOf(caret), rules) : TZtGuide();
 }
 
 void TZtGuidesPart::AddToLine(int ALine, int, int, TZtLineLook &ALook)
@@ -26,8 +39,8 @@ void TZtGuidesPart::AddToLine(int ALine, int, int, TZtLineLook &ALook)
     if (at >= FCells.size())
         return;
     // The gutter's edge is the one at cell 0.
-    for (int i = 1; i < ZtGuideCount(FCells[at], Edit().GetIndentStep()); ++i) {
-        const int cell = i * Edit().GetIndentStep();
+    for (int i = 1; i < ZtGuideCount(FCells[at], FSteps[at]); ++i) {
+        const int cell = i * FSteps[at];
         const bool current =
             cell == FCurrent.Cell && FCurrent.First <= ALine && ALine <= FCurrent.Last;
         ALook.Guides.push_back({cell, Edit().GetViewColor(current ? vcCurrentGuide : vcGuide)});
@@ -146,14 +159,15 @@ void TZtBracketsPart::TextAttached()
 {
     FBrackets.reset();
     if (TZtHighlighter *colours = Edit().GetHighlighter())
-        FBrackets = std::make_unique<TZtBrackets>(Edit().GetLines(), *colours);
+        FBrackets = std::make_shared<TZtBrackets>(Edit().GetLines(), *colours);
 }
 
-TZtBrackets *TZtBracketsPart::Find()
+std::shared_ptr<TZtBrackets> TZtBracketsPart::Find()
 {
-    if (FBrackets)
-        FBrackets->Find({Edit().GetCharPos(), Edit().GetLinePos()});
-    return FBrackets.get();
+    const auto brackets = FBrackets;
+    if (brackets)
+        brackets->Find({Edit().GetCharPos(), Edit().GetLinePos()});
+    return brackets;
 }
 
 void TZtBracketsPart::BeginRows(int, int) { Find(); }
@@ -181,7 +195,8 @@ int TZtBracketsPart::GetWorkDelay() const
 
 void TZtBracketsPart::Advance(int AMilliseconds)
 {
-    FBrackets->Advance(AMilliseconds);
-    if (FBrackets->GetState() != TZtBracketState::bsSearching)
+    const auto brackets = FBrackets;
+    brackets->Advance(AMilliseconds);
+    if (brackets->GetState() != TZtBracketState::bsSearching)
         Edit().ExtrasChanged();
 }

@@ -18,8 +18,11 @@ public:
     void AddToLine(int ALine, int AFrom, int ATo, TZtLineLook &ALook) override;
 
 private:
+    int StepOf(int ALine) const;
+
     int FFirst = 0;
     std::vector<int> FCells; // of the lines from FFirst on
+    std::vector<int> FSteps;
     TZtGuide FCurrent;
 };
 
@@ -82,8 +85,8 @@ public:
     int GetWorkDelay() const override;
     void Advance(int AMilliseconds) override;
     /// Looks for the pair of the bracket at the caret; null without a highlighter.
-    TZtBrackets *Find();
+    std::shared_ptr<TZtBrackets> Find();
 
 private:
-    std::unique_ptr<TZtBrackets> FBrackets;
+    std::shared_ptr<TZtBrackets> FBrackets; // held while the lexer runs, whose handler may end it
 };

@@ -11,7 +11,15 @@ struct TZtTextMarks {
         : Decorations(AText), Diagnostics(AText), Marks(AText), Changes(AText)
     {
     }
-    TZtDecorations Decorations; ///< the host's
+    /// The text is another one, whose lines are not those that were marked.
+    void Forget()
+    {
+        Marks.Clear();
+        Diagnostics.Clear();
+        Changes.Reset();
+    }
+
+    TZtDecorations Decorations; ///< the host's; those of a text that is replaced are empty
     TZtDiagnostics Diagnostics;
     TZtLineMarks Marks;
     TZtLineChanges Changes;

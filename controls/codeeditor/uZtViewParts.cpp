@@ -55,13 +55,15 @@ void TZtDecorationsPart::BeginRows(int AFirst, int ALast)
         FShown.push_back({placed, *placed.Style});
 }
 
-void TZtDecorationsPart::AddToLine(int ALine, int, int ATo, TZtLineLook &ALook)
+void TZtDecorationsPart::AddToLine(int ALine, int AFrom, int ATo, TZtLineLook &ALook)
 {
     for (const auto &[placed, style] : FShown) {
         if (ALine < placed.From.y() || ALine > placed.To.y())
             continue;
-        ALook.Spans.push_back({ALine == placed.From.y() ? placed.From.x() : -1,
-                               ALine == placed.To.y() ? placed.To.x() : ATo + 1, style});
+        const int from = ALine == placed.From.y() ? placed.From.x() : -1;
+        const int to = ALine == placed.To.y() ? placed.To.x() : ATo + 1;
+        if (from <= ATo && to >= AFrom)
+            ALook.Spans.push_back({from, to, style});
     }
 }
 

@@ -3,6 +3,7 @@
 #include "uZtDbCodeEdit.h"
 
 #include "uZtPlatform.h"
+#include "uZtTextMarks.h"
 
 #include <QCoreApplication>
 
@@ -58,6 +59,8 @@ void TZtDbCodeEdit::LoadRecord()
     });
     ClearUndo(); // it would change another text than the one it was made of
     SetModified(false);
+    if (HasTextMarks())
+        GetTextMarks().Forget();
     raised.Raise();
     if (GetField())
         Fire(OnLoadData, this);

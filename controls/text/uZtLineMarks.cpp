@@ -63,6 +63,22 @@ bool TZtLineMarks::Toggle(int ALine, TZtLineMark AKind)
     return on;
 }
 
+void TZtLineMarks::Clear()
+{
+    for (int kind = 0; kind <= int(TZtLineMark::lmLast); ++kind)
+        Clear(TZtLineMark(kind));
+}
+
+void TZtLineMarks::Take(const TZtLineMarks &AOther)
+{
+    Clear();
+    const int last = FListening.GetLines() - 1;
+    for (const TMarked &marked : AOther.GetInLines(0, AOther.FListening.GetLines() - 1))
+        for (int kind = 0; kind <= int(TZtLineMark::lmLast); ++kind)
+            if (marked.Marks & ZtMarkBit(TZtLineMark(kind)))
+                Set(std::min(marked.Line, last), TZtLineMark(kind), true);
+}
+
 void TZtLineMarks::Clear(TZtLineMark AKind)
 {
     if (GetCount(AKind) == 0)

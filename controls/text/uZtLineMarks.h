@@ -45,6 +45,9 @@ public:
     bool Toggle(int ALine, TZtLineMark AKind);
     /// Takes all marks of a kind away.
     void Clear(TZtLineMark AKind);
+    void Clear();
+    /// Has the marks of another text, line by line; those behind the end go to the last line.
+    void Take(const TZtLineMarks &AOther);
 
     /// The marks of a line, none for one that there is not.
     TZtLineMarkSet GetMarks(int ALine) const;

@@ -63,6 +63,11 @@ QChar TZtTypedPairs::At(int ALine, int AColumn) const
     return character.front();
 }
 
+bool TZtTypedPairs::MayPair(QChar C)
+{
+    return IsIn(C, AllBrackets) || IsIn(C, TCharacters("'\"`"));
+}
+
 TZtPairEdit TZtTypedPairs::OnCharacter(QChar C, const QPoint &ACaret, bool ASelected,
                                        TZtElementKind AKind, QStringView ALanguage)
 {

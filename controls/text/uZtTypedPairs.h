@@ -30,6 +30,9 @@ public:
     /// The text may go before the object.
     explicit TZtTypedPairs(TStringList *AText);
 
+    /// Whether a character belongs to a pair in some language: others are never asked for.
+    static bool MayPair(QChar C);
+
     /// What becomes of `C`, typed at the caret (behind the line's end too) or, with `ASelected`,
     /// over a selection that begins there. `AKind` is what stands around the caret; in comments and
     /// strings nothing is paired. A bracket is paired at the line's end and before a blank, a

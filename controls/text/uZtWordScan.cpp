@@ -204,6 +204,7 @@ bool ZtIsPair(const TStringList &ALines, int ALine, int AColumn)
 {
     if (AColumn < 0 || AColumn + 1 >= ALines.GetLength(ALine))
         return false;
-    const QString line = ALines.GetStrings(ALine);
-    return line.at(AColumn).isHighSurrogate() && line.at(AColumn + 1).isLowSurrogate();
+    QString pair;
+    ALines.AppendTo(ALine, AColumn, 2, pair);
+    return pair.at(0).isHighSurrogate() && pair.at(1).isLowSurrogate();
 }

@@ -174,7 +174,8 @@ void TZtGuttor::Draw(QPainter &APainter, TZtTextPainter &AText, qreal AHeight,
                      const std::vector<quint64> &ACells, const TZtGuttorLook &ALook) const
 {
     int left = 0;
-    for (size_t i = 0; i < std::min(ACells.size(), FWidths.size()); ++i) {
+    // A handler may have taken columns away since the widths were measured.
+    for (size_t i = 0; i < std::min({ACells.size(), FWidths.size(), FColumns.size()}); ++i) {
         if (FWidths[i] > 0) {
             APainter.save(); // for the next one, whatever a host's column sets
             FColumns[i]->Draw(APainter, AText, QRectF(left, 0, FWidths[i], AHeight), ACells[i],

@@ -30,7 +30,8 @@ public:
 
     /// Asked for the bits of the rows, which are 0 then.
     std::function<void(std::vector<quint32> &ARows)> OnSurvey;
-    /// Told the place in the text, from 0 to less than 1, that was pressed or dragged to.
+    /// Told the place in the text, from 0 to less than 1, that was pressed or dragged to. It
+    /// neither raises nor deletes the ruler.
     std::function<void(double APlace)> OnGoTo;
 
     /// The background and what the bits are drawn as, later ones over earlier ones.
