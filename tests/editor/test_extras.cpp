@@ -6,13 +6,14 @@
 #include "uZtCodeJSParser.h"
 #include "uZtOverviewRuler.h"
 #include "uZtTextMarks.h"
+#include "uZtTokenDump.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QHelpEvent>
 #include <QTemporaryDir>
 #include <QToolTip>
 #include <QWheelEvent>
+#include <qtestsupport_core.h>
 
 using enum TZtExtra;
 using enum TZtCorrection;
@@ -46,12 +47,6 @@ protected:
         for (int i = 0; i < Edit.GetLines()->GetCount(); ++i)
             states += u"-cs"[int(Edit.GetTextMarks().Changes.GetState(i))];
         return states;
-    }
-    template <typename TUntil> static void Wait(TUntil AUntil)
-    {
-        QElapsedTimer time;
-        for (time.start(); !AUntil() && time.elapsed() < 5000;)
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
     }
 };
 
@@ -115,13 +110,11 @@ TEST_F(TExtras, MatchesAreMarkedUntilEscape)
     TZtMessage message(1027, 0, 0);
     const QImage before = Picture();
     Edit.WMSearchReplace(message);
-    Wait([&] { return Edit.GetMatchCount() >= 0; });
-    EXPECT_EQ(Edit.GetMatchCount(), 2);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Edit.GetMatchCount() == 2; }));
     Rig.Do("Ctrl+Home");
     EXPECT_NE(Picture(), before);
     Edit.GetLines()->Add("one");
-    Wait([&] { return Edit.GetMatchCount() >= 0; });
-    EXPECT_EQ(Edit.GetMatchCount(), 3);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Edit.GetMatchCount() == 3; }));
     Edit.GetLines()->Delete(2);
     Rig.Do("Escape");
     EXPECT_EQ(Picture(), before);
@@ -137,12 +130,10 @@ TEST_F(TExtras, TheWordIsMarkedWhenTheCaretRests)
         return Edit.PaintedRows()[0].Pieces.back().Back == Edit.GetViewRgb(TZtViewColor::vcWord);
     };
     EXPECT_FALSE(marked());
-    Wait(marked);
-    EXPECT_TRUE(marked());
+    EXPECT_TRUE(QTest::qWaitFor(marked));
     Rig.Do("Right x"); // another word, which stands nowhere else
     EXPECT_TRUE(marked());
-    Wait([&] { return !marked(); });
-    EXPECT_FALSE(marked());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !marked(); }));
 }
 
 // --- gutter --------------------------------------------------------------------------------------
@@ -286,8 +277,8 @@ TEST_F(TExtras, ToolTipsTellOfDiagnostics)
     for (const auto &[at, told] : rows) {
         QHelpEvent event(QEvent::ToolTip, at, Edit.mapToGlobal(at));
         QCoreApplication::sendEvent(&Edit, &event);
-        Wait([&, wanted = told] { return QToolTip::isVisible() == wanted; });
-        EXPECT_EQ(QToolTip::isVisible(), told) << at.x() << ',' << at.y();
+        EXPECT_TRUE(QTest::qWaitFor([wanted = told] { return QToolTip::isVisible() == wanted; }))
+            << at.x() << ',' << at.y();
         EXPECT_TRUE(!told || QToolTip::text().contains("&lt;")) << "plain text";
     }
 }
@@ -297,30 +288,54 @@ TEST_F(TExtras, ToolTipsTellOfDiagnostics)
 TEST_F(TExtras, PairsAreTyped)
 {
     const struct {
-        const char *Text, *Keys, *Typed;
-        bool IsOneStep = true;
+        const char *Extension, *Text, *Keys, *Typed;
     } rows[] = {
-        {"a|", "(", "a(|)"},
-        {"|", "( )", "()|", false},
-        {"|", "( x )", "(x)|", false},
-        {"|", "( Backspace", "|", false},
-        {"x(|)", "Backspace", "x|"},
-        {"[ab]c", "(", "([ab])c"},
-        {"a[b\nc]d", "{", "a{[b\nc]}d"},
-        {"x = |", "\"", "x = \"|\""},
-        {"|x", "(", "(|x"},
-        {"a|", "'", "a'|"},
-        {"// |", "(", "// (|"},
-        {"x = 'a |'", "(", "x = 'a (|'"},
+        {"js", "a|", "(", "a(|)"},
+        {"js", "|", "( x )", "(x)|"},
+        {"js", "|", "( [ { } ] )", "([{}])|"},
+        {"js", "|", "( ) )", "())|"},
+        {"js", "|", "( Backspace", "|"},
+        {"js", "x(|)", "Backspace", "x|"}, // one that stood there
+        {"js", "|", "( a Right Backspace", "(a|"},
+        {"js", "|x", "(", "(|x"},
+        {"js", "f(|)", "{", "f({|})"},
+        {"js", "|, b", "(", "(|), b"},
+        {"js", "(|)", ")", "()|)"}, // no typing over what others put there
+        {"js", "|\nx", "( Down Up )", "()|)\nx"},
+        {"js", "f(|)", "( Delete )", "f(()|)"},
+        {"js", "[ab]c", "(", "([ab])c"},
+        {"js", "a[b\nc]d", "{", "a{[b\nc]}d"},
+        {"js", "a [bc] d", ")", "a )| d"},
+        {"js", "// [bc] d", "(", "// (| d"},
+        {"js", "// a |", "( '", "// a ('|"},
+        {"js", "x = |", "\"", "x = \"|\""},
+        {"js", "a = |", "\" b \"", "a = \"b\"|"},
+        {"js", "|", "`", "`|`"},
+        {"js", "|", "' Backspace", "|"},
+        {"js", "a|", "'", "a'|"},
+        {"js", "''|", "'", "'''|"},
+        {"pas", "a := 'b''|'", "Backspace", "a := 'b'|'"}, // a doubled quote in a string
+        {"pas", "'a | b'", "( '", "'a ('| b'"},
+        {"pas", "'a |", "( '", "'a ('|"},
+        {"pas", "'a' |", "(", "'a' (|)"},
+        {"pas", "|", "\" '", "\"'|'"},
+        {"vbs", "|", "' (", "'(|"}, // an apostrophe begins a comment
+        {"txt", "|", "( ' \"", "('\"|\")"},
+        {"txt", "don|", "' t Space ( \" a \" )", "don't (\"a\")|"},
+        {"xml", "<a b=|>", "\" c \"", "<a b=\"c\"|>"},
+        {"xml", "|", "< (", "<(|"},
+        {"sql", "a [bc] d", "'", "a '[bc]' d"},
     };
     // The first row also where nothing was painted with the lexer yet.
     for (const TZtCorrections corrections : {ZtAllCorrections(), TZtCorrections(zcPicture)})
         for (const auto &row : rows) {
-            TZtCodeJSParser lexer;
+            SCOPED_TRACE(testing::Message() << row.Text << " : " << row.Keys);
+            const auto *language = ZtTokenLanguageOf(QStringLiteral("a.") + row.Extension);
+            const auto lexer = language ? language->CreateParser() : nullptr;
             Edit.SetCorrections(corrections);
             Edit.SetExtras(zeTypedPairs);
             Rig.SetMarked(row.Text);
-            Edit.SetParser(&lexer);
+            Edit.SetParser(lexer.get());
             Edit.SetReadOnly(true);
             const QString before = Edit.GetText();
             if (Edit.IsCorrected(zcReadOnly))
@@ -330,13 +345,20 @@ TEST_F(TExtras, PairsAreTyped)
             Rig.SetMarked(row.Text);
             Edit.ClearUndo();
             Rig.Do(row.Keys);
-            EXPECT_EQ(Rig.Marked(), row.Typed) << row.Text;
+            EXPECT_EQ(Rig.Marked(), row.Typed);
             // The first version's undo has one for what was selected, too.
-            if (!row.IsOneStep || (!Edit.IsCorrected(zcUndo) && strchr(row.Text, '[')))
+            if (strchr(row.Keys, ' ') || (!Edit.IsCorrected(zcUndo) && strchr(row.Text, '[')))
                 continue;
             Edit.Undo();
-            EXPECT_EQ(Edit.GetText(), before) << row.Text;
+            EXPECT_EQ(Edit.GetText(), before) << "undone";
         }
+    Edit.SetParser(&Lexer);
+    Edit.SetCorrections(ZtAllCorrections());
+    Rig.SetMarked("|");
+    Rig.Do("(");
+    Edit.GetLines()->ReplaceInLine(0, 0, 0, u"x");
+    Rig.Do(")");
+    EXPECT_EQ(Rig.Marked(), "x()|") << "what was typed moves with the text";
 }
 
 TEST_F(TExtras, ChangesAreFollowed)
@@ -386,7 +408,6 @@ TEST_F(TExtras, SmallStepsOfTheWheelAddUp)
         {zeFineWheel, {-1, 0}, {-1, 0}, Qt::NoModifier, 2 * cell, 0, 2},
         {zeFineWheel, {0, -cell}, {0, -8}, Qt::ShiftModifier, 2, 0, 2},
         {zeFineWheel, {0, -1}, {0, -1}, Qt::ControlModifier, pitch, 1, 0},
-        {{}, {}, {0, -40}, Qt::NoModifier, 3, lines, 0},
         {{}, {}, {0, -120}, Qt::ControlModifier, 1, lines, 0},
         {{}, {}, {-120, 0}, Qt::NoModifier, 1, 0, 0},
     };

@@ -3,9 +3,11 @@
 #include "uZtIndentGuides.h"
 #include "uZtMatchMarks.h"
 #include "uZtTokenDump.h"
-#include "uZtTypedPairs.h"
 
 #include <gtest/gtest.h>
+
+#include <map>
+#include <optional>
 
 namespace {
 
@@ -112,44 +114,38 @@ TEST_F(Structure, FarPairsAreFoundWhileNothingElseIsDone)
 {
     Use("js", "{\n" + QString("f(x)[1] // )\n").repeated(6000) + "}\n");
     const int last = Text.GetCount() - 1;
-    for (const auto &[caret, pair] :
-         {std::pair(QPoint(0, 0), QPoint(0, last)), std::pair(QPoint(0, last), QPoint(0, 0))}) {
-        EXPECT_EQ(Brackets.Find(caret), bsSearching);
+    const QPoint top, bottom(0, last), nowhere(-1, -1);
+    const struct {
+        std::map<int, const char *> Lines; // that are changed before
+        QPoint Caret;
+        std::optional<TZtBracketState> Key; // what is known at once
+        TZtBracketState Idle;
+        QPoint Pair;
+    } rows[] = {
+        {{}, top, bsSearching, bsFound, bottom},
+        {{}, {1, 0}, bsFound, bsFound, bottom}, // another place at the bracket
+        {{}, bottom, bsSearching, bsFound, top},
+        {{}, {1, last}, bsFound, bsFound, top},
+        {{}, top, {}, bsFound, bottom},
+        {{{last + 1, "a"}}, top, bsFound, bsFound, bottom}, // what is below does not matter
+        {{{4000, "("}}, top, bsSearching, bsUnmatched, bottom},
+        {{}, bottom, bsSearching, bsUnmatched, {0, 4000}},
+        // What begins a comment far above is known later.
+        {{{10, "/*"}, {5000, "*/"}}, bottom, {}, bsFound, top},
+        {{{0, ""}}, bottom, {}, bsUnmatched, nowhere},
+        {{{last + 2, "("}}, {0, last + 2}, bsUnmatched, bsUnmatched, nowhere},
+        {{{last + 3, ")"}}, {0, last + 2}, bsFound, bsFound, {0, last + 3}},
+    };
+    for (const auto &row : rows) {
+        SCOPED_TRACE(&row - rows);
+        for (const auto &[line, text] : row.Lines)
+            line < Text.GetCount() ? Text.SetStrings(line, text) : Text.Insert(line, text);
+        const TZtBracketState known = Brackets.Find(row.Caret);
+        EXPECT_EQ(known, row.Key.value_or(known));
         Finish();
-        EXPECT_EQ(Brackets.GetState(), bsFound);
-        EXPECT_EQ(Brackets.GetPair(), pair);
-        // Another place at the bracket changes nothing.
-        EXPECT_EQ(Brackets.Find(caret + QPoint(1, 0)), bsFound);
+        EXPECT_EQ(Brackets.GetState(), row.Idle);
+        EXPECT_EQ(Brackets.GetPair(), row.Pair);
     }
-    Brackets.Find({0, 0});
-    Finish();
-    Text.Add("a");
-    EXPECT_EQ(Brackets.Find({0, 0}), bsFound); // what is below does not matter
-    Text.SetStrings(4000, "(");
-    EXPECT_EQ(Brackets.Find({0, 0}), bsSearching);
-    Finish();
-    EXPECT_EQ(Brackets.GetState(), bsUnmatched);
-    EXPECT_EQ(Brackets.GetPair(), QPoint(0, last));
-    EXPECT_EQ(Brackets.Find({0, last}), bsSearching);
-    Finish();
-    EXPECT_EQ(Brackets.GetPair(), QPoint(0, 4000));
-    // What begins a comment far above is known later.
-    Text.SetStrings(10, "/*");
-    Text.SetStrings(5000, "*/");
-    Brackets.Find({0, last});
-    Finish();
-    EXPECT_EQ(Brackets.GetState(), bsFound);
-    EXPECT_EQ(Brackets.GetPair(), QPoint(0, 0));
-    Text.SetStrings(0, "");
-    Brackets.Find({0, last});
-    Finish();
-    EXPECT_EQ(Brackets.GetState(), bsUnmatched);
-    EXPECT_EQ(Brackets.GetPair(), QPoint(-1, -1));
-    Text.Add("(");
-    Brackets.Find({0, last + 2});
-    EXPECT_EQ(Brackets.GetState(), bsUnmatched);
-    Text.Add(")");
-    EXPECT_EQ(Brackets.Find({0, last + 2}), bsFound);
 }
 
 TEST_F(Structure, LongLinesAreLexedAsFarAsIsGood)
@@ -426,120 +422,6 @@ TEST(MatchMarks, AChangedTextKeepsWhatWasFound)
     marks.Clear();
     EXPECT_EQ(rowsOf(), std::vector<quint32>(1000, 4));
     EXPECT_TRUE(marks.GetInLine(0, 0, 9).empty());
-}
-
-// What an editor does with the decisions. "\b" is Backspace, ">" a step to the right, "~" to the
-// line below and back, "^" deletes the character behind the caret, "_" types "x" before the line.
-// A selection goes from the caret to "@".
-struct TTypist {
-    TTypist(TStringList &AText, TZtHighlighter &AColours, const QPoint &ACaret)
-        : Text(AText), Colours(AColours), Caret(ACaret)
-    {
-    }
-    QString Language() const
-    {
-        return Colours.GetParser() ? Colours.GetParser()->GetLanguage() : QString();
-    }
-    void Put(int AColumn, int ALength, const QString &S)
-    {
-        Text.ReplaceInLine(Caret.y(), AColumn, ALength, S);
-    }
-    void Type(QChar C)
-    {
-        const TZtElementKind kind =
-            ZtKindAround(Colours.GetRuns(Caret.y()), Text.View(Caret.y()), Caret.x());
-        const TZtPairEdit edit = Pairs.OnCharacter(C, Caret, Selected > 0, kind, Language());
-        using enum TZtPairAction;
-        if (edit.Action == paSurround)
-            Put(Caret.x() + Selected, 0, edit.Closing);
-        else if (edit.Action != paTypeOver)
-            Put(Caret.x(), Selected, edit.Action == paInsert ? edit.Closing : QString());
-        if (edit.Action != paTypeOver)
-            Put(Caret.x(), 0, C);
-        ++Caret.rx();
-        Selected = 0;
-        if (edit.Action == paInsert)
-            Pairs.Inserted(Caret);
-    }
-    void Press(QChar C)
-    {
-        if (C == u'\b') {
-            const bool both = Pairs.OnBackspace(Caret, Language());
-            Put(--Caret.rx(), both ? 2 : 1, QString());
-        } else if (C == u'>') {
-            ++Caret.rx();
-            Pairs.CaretMoved(Caret);
-        } else if (C == u'~') {
-            Pairs.CaretMoved(Caret + QPoint(0, 1));
-        } else if (C == u'^') {
-            Put(Caret.x(), 1, QString());
-        } else if (C == u'_') {
-            Put(0, 0, "x");
-            ++Caret.rx();
-        } else {
-            Type(C);
-        }
-    }
-    TStringList &Text;
-    TZtHighlighter &Colours;
-    QPoint Caret;
-    int Selected = 0;
-    TZtTypedPairs Pairs{&Text};
-};
-
-TEST_F(Structure, BracketsAndQuotesComeAndGoInPairs)
-{
-    const struct {
-        const char *Name, *Extension, *Before, *Keys, *After;
-    } rows[] = {
-        {"a pair and over it", "js", "f|", "(a)", "f(a)|"},
-        {"pairs in pairs", "js", "|", "([{}])", "([{}])|"},
-        {"an empty pair goes", "js", "|", "(\b", "|"},
-        {"one that stood there goes", "js", "(|)", "\b", "|"},
-        {"one with a text stays", "js", "|", "(a>\b", "(a|"},
-        {"a bracket before a word", "js", "|a", "(", "(|a"},
-        {"before a closing one", "js", "f(|)", "[", "f([|])"},
-        {"before a comma", "js", "|, b", "(", "(|), b"},
-        {"no typing over others", "js", "(|)", ")", "()|)"},
-        {"none after leaving the line", "js", "|\n", "(~)", "()|)\n"},
-        {"none when it was deleted", "js", "f(|)", "(^)", "f(()|)"},
-        {"moves with the text", "js", "|", "(_)", "x()|"},
-        {"once only", "js", "|", "())", "())|"},
-        {"quotes", "js", "a = |", "\"b\"", "a = \"b\"|"},
-        {"a backquote", "js", "|", "`", "`|`"},
-        {"an empty string goes", "js", "|", "'\b", "|"},
-        {"quote behind a word", "js", "a|", "'", "a'|"},
-        {"quote behind the same", "js", "''|", "'", "'''|"},
-        {"a doubled quote in a string", "pas", "a := 'b''|'", "\b", "a := 'b'|'"},
-        {"none in a string", "pas", "'a | b'", "('", "'a ('| b'"},
-        {"none in an open string", "pas", "'a |", "('", "'a ('|"},
-        {"behind a string", "pas", "'a' |", "(", "'a' (|)"},
-        {"none in a comment", "js", "// a |", "('", "// a ('|"},
-        {"Pascal's quotes", "pas", "|", "\"'", "\"'|'"},
-        {"an apostrophe begins a comment", "vbs", "|", "'(", "'(|"},
-        {"plain text", "txt", "|", "('\"", "('\"|\")"},
-        {"plain brackets", "txt", "don|", "'t (\"a\")", "don't (\"a\")|"},
-        {"XML", "xml", "<a b=|>", "\"c\"", "<a b=\"c\"|>"},
-        {"no brackets in XML", "xml", "|", "<(", "<(|"},
-        {"a selection in brackets", "js", "a |bc@ d", "(", "a (|bc) d"},
-        {"a selection in quotes", "sql", "a |bc@ d", "'", "a '|bc' d"},
-        {"a selection replaced", "js", "a |bc@ d", ")", "a )| d"},
-        {"a selection in a comment", "js", "// |bc@ d", "(", "// (| d"},
-    };
-    for (const auto &row : rows) {
-        SCOPED_TRACE(row.Name);
-        QString text = row.Before;
-        const QPoint caret = TakeMark(text, '|');
-        const int selected = text.contains('@') ? TakeMark(text, '@').x() - caret.x() : 0;
-        Use(row.Extension, text + "\n");
-        TTypist typist(Text, Colours, caret);
-        typist.Selected = selected;
-        for (const char *key = row.Keys; *key; ++key)
-            typist.Press(QLatin1Char(*key));
-        QString line = Text.GetStrings(0);
-        line.insert(typist.Caret.x(), '|');
-        EXPECT_EQ(line.toStdString(), QString(row.After).remove('\n').toStdString());
-    }
 }
 
 } // namespace
