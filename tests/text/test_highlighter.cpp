@@ -185,32 +185,6 @@ bool ReadAhead(THostLexer &AThis, QString &AToken, bool &ALineBreak)
 
 } // namespace
 
-TEST_F(Highlighter, TokensOverLines)
-{
-    const struct {
-        const char *Extension;
-        bool Closed;
-        const char *Text;
-        const char *Looks;
-    } rows[] = {
-        {"xml", false, "<a>|<!-- b|c|\t-->d", "aba|accccc|c|cccad"},
-        {"xml", true, "<!-- b||c --> d", "aaaaaa||aaaaabb"},
-        {"js", false, "a /* b|c */ d", "..aaaa|aaaaaa"}, // its ends are found in one line
-        {"js", true, "a /* b|c */ d // e|f", "..aaaa|aaaa...aaaa|."},
-        {"sql", true, "a /*|b*/ 'c|d", "..aa|aaa.bb|b"},
-        {"sql", false, "a 'c|d", "..aa|."},
-        {"pas", false, "a { b|c } d", "a.bbb|bbb.a"},
-        {"pas", true, "a (* b|*) d", "a.bbbb|bb.a"},
-        {"vbs", true, "a ' b|c", "..aaa|."},
-    };
-    for (const auto &row : rows) {
-        const TParser parser = ParserOf(row.Extension);
-        parser->SetClosedRemarks(row.Closed);
-        Use(parser.get(), QString(row.Text).replace('|', '\n'));
-        EXPECT_EQ(Shape(AllLooks(Colours)), row.Looks) << row.Text;
-    }
-}
-
 TEST_F(Highlighter, AHostsLexerStaysInItsLines)
 {
     const char *const words = "aaaaaaa||aaa", *const plain = ".......||...";
@@ -267,34 +241,16 @@ TEST_F(Highlighter, AHostsLexerStaysInItsLines)
 
 TEST_F(Highlighter, AfterAnyEditsAllIsAsIfLexedAnew)
 {
-    const QStringList pieces = {"x",
-                                "/*",
-                                "*/",
-                                "{",
-                                "}",
-                                "(*",
-                                "*)",
-                                "'",
-                                "\"",
-                                "<!--",
-                                "-->",
-                                "<a b=\"",
-                                ">",
-                                "<![CDATA[",
-                                "]]>",
-                                "\\",
-                                "//",
-                                "12 ",
-                                "end ",
-                                " ",
-                                "\t",
-                                "\u00E9",
-                                QString(30, u'y')};
+    QStringList pieces =
+        QString("x /* */ { } (* *) ' \" <!-- --> > <![CDATA[ ]]> \\ // \t \u00E9").split(' ');
+    pieces += {"<a b=\"", "12 ", "end ", " ", QString(30, u'y')};
     const int rounds = qEnvironmentVariableIntValue("ZT_RANDOM_STEPS") / 100 + 30;
     for (const auto &[name, parser] : AllParsers()) {
         SCOPED_TRACE(name + (parser->GetClosedRemarks() ? ", closed" : ""));
         TRandomEdits edits(Text, 4711, 400, pieces);
-        Use(parser.get(), "\ta\u00E9 12x /* \x01 */ 'q\n<!-- a\n\n b --> (* {\n } *)\n");
+        Use(parser.get(),
+            "\ta\u00E9 12x /* \x01 */ 'q\n<!-- a\n\n b\n\t--> (* {\n } *)\na /* b\nc */ "
+            "d // e\na { b\nc } d\n(* b\n*) d 'c\nd ' b\n<a>\n");
         const QDir folder(QStringLiteral(ZT_SOURCE_DIR "/examples/") + name.c_str());
         for (const QFileInfo &info : folder.entryInfoList(QDir::Files)) {
             QFile file(info.filePath());
