@@ -6,8 +6,7 @@
 #include "uZtCodeSqlParser.h"
 #include "uZtCodeXmlParser.h"
 
-#include <QCoreApplication>
-#include <QElapsedTimer>
+#include <qtestsupport_core.h>
 
 using enum TZtCorrection;
 
@@ -121,11 +120,8 @@ TEST_F(TCorrectedPicture, AJumpIntoACommentIsColouredRight)
         Edit.SetCorrections(with ? zcStates | zcRemarks : zcPicture | zcRemarks);
         Edit.SetText("/* open\n" + QStringLiteral("var x = 1;\n").repeated(30'000) + "*/ end");
         Rig.Do("Ctrl+End");
-        const QColor first = ForeAt(Edit, 0, 0);
-        QElapsedTimer time;
-        for (time.start(); ForeAt(Edit, 0, 0) == first && time.elapsed() < (with ? 20'000 : 300);)
-            QCoreApplication::processEvents();
-        EXPECT_EQ(ForeAt(Edit, 0, 0) == QColor(0, 128, 0), with);
+        const auto isRemark = [this] { return ForeAt(Edit, 0, 0) == QColor(0, 128, 0); };
+        EXPECT_EQ(QTest::qWaitFor(isRemark, with ? 20'000 : 300), with);
     }
 }
 

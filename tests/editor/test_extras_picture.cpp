@@ -10,9 +10,9 @@
 #include "uZtTextMarks.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QPainter>
 #include <QScreen>
+#include <qtestsupport_core.h>
 
 #include <random>
 
@@ -241,9 +241,7 @@ void TExtrasPicture::Compare(bool ARulerToo)
     ASSERT_EQ(image, other);
     auto *ruler = Edit.findChild<TZtOverviewRuler *>();
     if (ARulerToo && ruler) {
-        QElapsedTimer time;
-        for (time.start(); time.elapsed() < 300;)
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        QTest::qWait(300);
         Edit.grab();
         fresh.grab();
         ASSERT_EQ(ruler->GetRows(), fresh.findChild<TZtOverviewRuler *>()->GetRows());

@@ -7,9 +7,9 @@
 #include "uZtStringStream.h"
 
 #include <QApplication>
-#include <QDeadlineTimer>
 #include <QPushButton>
 #include <QThread>
+#include <qtestsupport_core.h>
 
 #include <chrono>
 #include <csignal>
@@ -92,9 +92,7 @@ TEST(Journals, TheDialogShowsWhatComesBack)
     after.SetText(u"one\n2\nthree\n"_s);
     TRestoreDialog dialog({u"Note"_s, &before, &after});
     const auto *view = dialog.findChild<TZtCodeEdit *>();
-    const QDeadlineTimer patience(20'000);
-    while (view->GetText().isEmpty() && !patience.hasExpired())
-        QApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !view->GetText().isEmpty(); }, 20'000));
     EXPECT_EQ(view->GetText(), u"--- in the file\r\n+++ restored\r\n@@ -1,3 +1,3 @@\r\n one\r\n"
                                "-two\r\n+2\r\n three\r\n"_s);
     for (const auto *button : dialog.findChildren<QPushButton *>())
