@@ -61,8 +61,6 @@ private:
     }
 };
 
-const QString Ini = u"ztedit/ztedit.ini"_s;
-
 } // namespace
 
 TEST(View, IsThatOfAllEditorsAndOfTheNextStart)
@@ -82,24 +80,20 @@ TEST(View, IsThatOfAllEditorsAndOfTheNextStart)
 
 TEST(View, SettingsThatMeanNothingAreNoSettings)
 {
-    const QString start = u"write:"_s + Ini + u"="_s;
-    const struct {
-        const char *Contents, *Look;
-    } rows[] = {
-        {"[View]%0AGutter=false%0ARuler=true%0A", "Light"},
-        {"[View]%0AGutter=0%0ARuler=%0AMarks=@Point(1 2)%0A", "Light,gutter"},
-        {"[View]%0AScheme=Pink%0ABlanks=true%0AOther=true%0A", "Light,gutter,1024"},
-        {"[View]%0AScheme=dark%0A", "Light,gutter"},
-        {"%00%FF[View%0AGutter=false", "Light,gutter"},
-    };
-    for (const auto &row : rows) {
-        TWindowSession session;
-        const QString contents = QString::fromLatin1(row.Contents).replace(u' ', u"%20"_s);
-        EXPECT_EQ(session.Do(start + contents + u" remember new look"_s), row.Look) << row.Contents;
-    }
-    TWindowSession session; // a folder in the way of the file
-    EXPECT_EQ(session.Do(u"dir:"_s + Ini + u" remember new menu:Gutter look names"_s),
-              u"+ Light ztedit"_s);
+    CheckSessions<TWindowSession>(
+        {
+            {"[View]%0AGutter=false%0ARuler=true%0A remember new look", "Light"},
+            {"[View]%0AGutter=0%0ARuler=%0AMarks=@Point(1%202)%0A remember new look",
+             "Light,gutter"},
+            {"[View]%0AScheme=Pink%0ABlanks=true%0AOther=true%0A remember new look",
+             "Light,gutter,1024"},
+            {"[View]%0AScheme=dark%0A remember new look", "Light,gutter"},
+            {"%00%FF[View%0AGutter=false remember new look", "Light,gutter"},
+        },
+        u"write:ztedit/ztedit.ini="_s);
+    // A folder in the way of the file.
+    CheckSessions<TWindowSession>(
+        {{"dir:ztedit/ztedit.ini remember new menu:Gutter look names", "+ Light ztedit"}});
 }
 
 TEST(Menus, EachLetterLeadsToOneCommand)

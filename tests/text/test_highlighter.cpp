@@ -42,19 +42,6 @@ TParser ParserOf(const char *AExtension)
     return ZtTokenLanguageOf(QStringLiteral("a.") + QLatin1String(AExtension))->CreateParser();
 }
 
-// Each lexer, without closed remarks and with them.
-std::vector<std::pair<std::string, TParser>> AllParsers()
-{
-    std::vector<std::pair<std::string, TParser>> parsers;
-    for (const TZtTokenLanguage &language : ZtTokenLanguages()) {
-        for (const bool closed : {false, true}) {
-            parsers.emplace_back(language.Name, language.CreateParser());
-            parsers.back().second->SetClosedRemarks(closed);
-        }
-    }
-    return parsers;
-}
-
 struct Highlighter : testing::Test {
     void Use(TZtLangParser *AParser, const QString &AText)
     {
@@ -245,40 +232,43 @@ TEST_F(Highlighter, AfterAnyEditsAllIsAsIfLexedAnew)
         QString("x /* */ { } (* *) ' \" <!-- --> > <![CDATA[ ]]> \\ // \t \u00E9").split(' ');
     pieces += {"<a b=\"", "12 ", "end ", " ", QString(30, u'y')};
     const int rounds = qEnvironmentVariableIntValue("ZT_RANDOM_STEPS") / 100 + 30;
-    for (const auto &[name, parser] : AllParsers()) {
-        SCOPED_TRACE(name + (parser->GetClosedRemarks() ? ", closed" : ""));
-        TRandomEdits edits(Text, 4711, 400, pieces);
-        Use(parser.get(),
-            "\ta\u00E9 12x /* \x01 */ 'q\n<!-- a\n\n b\n\t--> (* {\n } *)\na /* b\nc */ "
-            "d // e\na { b\nc } d\n(* b\n*) d 'c\nd ' b\n<a>\n");
-        const QDir folder(QStringLiteral(ZT_SOURCE_DIR "/examples/") + name.c_str());
-        for (const QFileInfo &info : folder.entryInfoList(QDir::Files)) {
-            QFile file(info.filePath());
-            ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-            Text.SetUtf8Text(Text.GetText().toUtf8() + file.readAll());
-        }
-        const QStringList lexed = LooksOf(*parser, Text);
-        EXPECT_GT(lexed.join(QString()).remove('.').size(), 300);
-        EXPECT_EQ(AllLooks(Colours).join('\n').toStdString(), lexed.join('\n').toStdString());
-        for (int round = 0; round < rounds && !HasFailure(); ++round) {
-            for (int i = edits.Below(4); i >= 0; --i) {
-                edits.One();
-                if (edits.Below(2))
-                    Colours.Advance(0);
-                const int top = edits.Place().y();
-                Colours.Prepare(top, top + edits.Below(60), 1 + edits.Below(100));
+    for (const TZtTokenLanguage &language : ZtTokenLanguages())
+        for (const bool closed : {false, true}) {
+            SCOPED_TRACE(testing::Message() << language.Name << (closed ? ", closed" : ""));
+            const TParser parser = language.CreateParser();
+            parser->SetClosedRemarks(closed);
+            TRandomEdits edits(Text, 4711, 400, pieces);
+            Use(parser.get(),
+                "\ta\u00E9 12x /* \x01 */ 'q\n<!-- a\n\n b\n\t--> (* {\n } *)\na /* b\nc */ "
+                "d // e\na { b\nc } d\n(* b\n*) d 'c\nd ' b\n<a>\n");
+            const QDir folder(QStringLiteral(ZT_SOURCE_DIR "/examples/") + language.Name);
+            for (const QFileInfo &info : folder.entryInfoList(QDir::Files)) {
+                QFile file(info.filePath());
+                ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+                Text.SetUtf8Text(Text.GetText().toUtf8() + file.readAll());
             }
-            Finish();
-            TZtHighlighter fresh;
-            fresh.SetText(&Text);
-            fresh.SetParser(parser.get());
-            const QStringList expected = AllLooks(fresh);
-            const int top = edits.Place().y();
-            Colours.Prepare(top, top + 50, 200);
-            for (int i = top; i < std::min(top + 50, Text.GetCount()); ++i)
-                EXPECT_EQ(Looks(Colours.GetRuns(i)), expected[i]) << i;
+            const QStringList lexed = LooksOf(*parser, Text);
+            EXPECT_GT(lexed.join(QString()).remove('.').size(), 300);
+            EXPECT_EQ(AllLooks(Colours).join('\n').toStdString(), lexed.join('\n').toStdString());
+            for (int round = 0; round < rounds && !HasFailure(); ++round) {
+                for (int i = edits.Below(4); i >= 0; --i) {
+                    edits.One();
+                    if (edits.Below(2))
+                        Colours.Advance(0);
+                    const int top = edits.Place().y();
+                    Colours.Prepare(top, top + edits.Below(60), 1 + edits.Below(100));
+                }
+                Finish();
+                TZtHighlighter fresh;
+                fresh.SetText(&Text);
+                fresh.SetParser(parser.get());
+                const QStringList expected = AllLooks(fresh);
+                const int top = edits.Place().y();
+                Colours.Prepare(top, top + 50, 200);
+                for (int i = top; i < std::min(top + 50, Text.GetCount()); ++i)
+                    EXPECT_EQ(Looks(Colours.GetRuns(i)), expected[i]) << i;
+            }
         }
-    }
 }
 
 TEST_F(Highlighter, RunsTellTheirElements)
