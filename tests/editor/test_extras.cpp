@@ -296,6 +296,8 @@ TEST_F(TExtras, PairsAreTyped)
         {"js", "|", "( ) )", "())|"},
         {"js", "|", "( Backspace", "|"},
         {"js", "x(|)", "Backspace", "x|"}, // one that stood there
+        {"js", "// x(|)", "Backspace", "// x|)"},
+        {"js", "x = \"|\"", "Backspace", "x = |"},
         {"js", "|", "( a Right Backspace", "(a|"},
         {"js", "|x", "(", "(|x"},
         {"js", "f(|)", "{", "f({|})"},

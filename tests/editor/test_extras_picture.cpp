@@ -14,6 +14,7 @@
 #include <QScreen>
 #include <qtestsupport_core.h>
 
+#include <cmath>
 #include <random>
 
 using enum TZtExtra;
@@ -263,6 +264,22 @@ TEST_F(TExtrasPicture, EqualsADrawFromNothing)
                 << Did.join(QStringLiteral(" | ")).toStdString();
         }
     }
+}
+
+// In device pixels, at every ratio, and so equal lines look alike.
+TEST_F(TExtrasPicture, AllLinesHaveOneHeight)
+{
+    Edit.SetCorrections(TZtCorrection::zcPicture);
+    Edit.SetText(QStringLiteral("Hxg_|\n").repeated(9));
+    const QImage image = Edit.grab().toImage();
+    const qreal ratio = image.devicePixelRatio();
+    const int height = int(std::ceil(Edit.GetLineWidth() * ratio - 1e-6));
+    const int top = qRound(Edit.ClientArea().top() * ratio);
+    const auto line = [&](int i) {
+        return image.copy(image.width() / 20, top + i * height, image.width() / 2, height);
+    };
+    for (int i = 2; i < 9; ++i) // the caret is in the first
+        EXPECT_EQ(line(i), line(1)) << i;
 }
 
 } // namespace
