@@ -29,7 +29,7 @@ constexpr int BracketPatience = 5000; // milliseconds that a jump to a far brack
 
 void TZtCodeEdit::SetExtras(TZtExtras Value)
 {
-    if (Value & ~(zeZoom | zeFineWheel))
+    if (Value & ZtDrawnExtras())
         SetCorrections(FCorrections | TZtCorrection::zcPicture);
     FShownExtras = Value;
     WatchText();

@@ -26,9 +26,12 @@ enum class TZtCorrection : quint32 {
     zcCells = 1u << 18,
     zcRecords = 1u << 19,
     zcUndo = 1u << 20,
+    zcComposition = 1u << 21,
+    zcText = 1u << 22,
+    zcDialogs = 1u << 23,
 };
 Q_DECLARE_FLAGS(TZtCorrections, TZtCorrection)
 Q_DECLARE_OPERATORS_FOR_FLAGS(TZtCorrections)
 
 /// The whole set.
-inline TZtCorrections ZtAllCorrections() { return TZtCorrections::fromInt((1u << 21) - 1); }
+inline TZtCorrections ZtAllCorrections() { return TZtCorrections::fromInt((1u << 24) - 1); }

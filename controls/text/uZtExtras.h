@@ -2,8 +2,8 @@
 
 #include <QFlags>
 
-/// What the editor shows and offers beside the text. None of it unless the host says so. All but
-/// the last two bring `zcPicture` with them.
+/// What the editor shows and offers beside the text. None of it unless the host says so. `ZtDrawnExtras`
+/// bring `zcPicture` with them.
 enum class TZtExtra : quint32 {
     zeLineNumbers = 1 << 0,     ///< a gutter column of line numbers
     zeMarks = 1 << 1,           ///< one of bookmarks and a host's marks; Ctrl+F2, F2, Shift+F2
@@ -20,6 +20,10 @@ enum class TZtExtra : quint32 {
     zeTypedPairs = 1 << 12,     ///< brackets and quotes come and go in pairs
     zeZoom = 1 << 13,           ///< Ctrl+wheel, Ctrl+Plus, Ctrl+Minus, Ctrl+0, a pinch
     zeFineWheel = 1 << 14,      ///< small steps of a touchpad count, and sideways ones
+    zeDragText = 1 << 15,       ///< selected text is dragged with the mouse, and text is dropped
+    zePrimary = 1 << 16,        ///< the desktop's primary selection, where it has one
+    zeContextMenu = 1 << 17,    ///< a menu of the usual commands where the host has set none
+    zeRichCopy = 1 << 18,       ///< what is copied is also there with its colours
 };
 Q_DECLARE_FLAGS(TZtExtras, TZtExtra)
 Q_DECLARE_OPERATORS_FOR_FLAGS(TZtExtras)
@@ -27,8 +31,11 @@ Q_DECLARE_OPERATORS_FOR_FLAGS(TZtExtras)
 /// All of them, but `zeBlanks`, which few people want to see all the time.
 constexpr TZtExtras ZtAllExtras()
 {
-    return TZtExtras::fromInt(0x7FFF & ~quint32(TZtExtra::zeBlanks));
+    return TZtExtras::fromInt(0x7FFFF & ~quint32(TZtExtra::zeBlanks));
 }
+
+/// Those that are drawn, line by line.
+constexpr TZtExtras ZtDrawnExtras() { return TZtExtras::fromInt(0x1FFF); }
 
 /// What the keys of the extras do, and the `WParam` of message 1029, which hosts post for it.
 enum class TZtExtraCommand : quint8 {
