@@ -2,8 +2,8 @@
 
 #include <QFlags>
 
-/// What the editor shows and offers beside the text. None of it unless the host says so. `ZtDrawnExtras`
-/// bring `zcPicture` with them.
+/// What the editor shows and offers beside the text. None of it unless the host says so.
+/// `ZtDrawnExtras` bring `zcPicture` with them.
 enum class TZtExtra : quint32 {
     zeLineNumbers = 1 << 0,     ///< a gutter column of line numbers
     zeMarks = 1 << 1,           ///< one of bookmarks and a host's marks; Ctrl+F2, F2, Shift+F2
