@@ -25,13 +25,28 @@ function(zt_precompile name)
   endif()
 endfunction()
 
-# zt_library(NAME SOURCES ... LINK ...): a layer. Its folder is its public include path, so that a
-# unit can include only the layers that its target links.
+# zt_library(NAME [PART part] SOURCES ... LINK ...): a layer. Its folder is its public include path,
+# so that a unit can include only the layers that its target links. A layer is always static, so that
+# tests see what is not exported; its objects make the library of its PART, whose declarations it
+# exports (uZtExport.h).
 function(zt_library name)
-  cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
+  cmake_parse_arguments(arg "" "PART" "SOURCES;LINK" ${ARGN})
   add_library(${name} STATIC ${arg_SOURCES})
   target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
   target_link_libraries(${name} PUBLIC ${arg_LINK} PRIVATE zt_options)
+  target_compile_features(${name} PUBLIC cxx_std_20)
+  set_target_properties(${name} PROPERTIES
+    POSITION_INDEPENDENT_CODE ON
+    CXX_VISIBILITY_PRESET hidden
+    VISIBILITY_INLINES_HIDDEN ON)
+  if(NOT BUILD_SHARED_LIBS)
+    target_compile_definitions(${name} PUBLIC ZT_STATIC)
+  elseif(arg_PART)
+    string(TOUPPER ${arg_PART} part)
+    target_compile_definitions(${name} PRIVATE ZT_BUILDS_${part})
+    # Nobody puts a function of his own in the place of an exported one.
+    target_compile_options(${name} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fno-semantic-interposition>)
+  endif()
   zt_precompile(${name})
 endfunction()
 

@@ -7,6 +7,7 @@
 #include "uZtColorScheme.h"
 #include "uZtCorrections.h"
 #include "uZtCustomControl.h"
+#include "uZtExport.h"
 #include "uZtExtras.h"
 #include "uZtFrame.h"
 #include "uZtScrollBar.h"
@@ -45,7 +46,7 @@ using TZtParserLineChangeEvent =
 
 /// An inert shell: it holds nothing and answers empty strings. The editor's text is a
 /// `TStringList`.
-class TZtCodeList : public QObject {
+class ZT_EDITOR_EXPORT TZtCodeList : public QObject {
     Q_OBJECT
 
 public:
@@ -57,7 +58,7 @@ public:
 enum class TZtSearchOrigin : quint8 { SearchFromCursor, SearchEntireScope };
 
 /// What is looked for, where, and what is done with it. Lines and positions are 0-based.
-struct TZtSearchReplaceOptions {
+struct ZT_EDITOR_EXPORT TZtSearchReplaceOptions {
     QString SearchString;
     bool CaseSensitive = false;
     bool WholeWordsOnly = false;
@@ -114,7 +115,9 @@ using TZtGuttorClickEvent = std::function<void(int ALine, int AColumn, TMouseBut
 /// prevents the change that it announces. What any other handler raises in the middle of an
 /// operation is raised when the operation has come to its end: it is done then, with its undo item.
 /// An operation that finds a line gone which a handler took away raises `EStringListError`.
-class TZtCodeEdit : public TCustomControl, public TZtUndoTarget, public TZtViewHost {
+class ZT_EDITOR_EXPORT TZtCodeEdit : public TCustomControl,
+                                     public TZtUndoTarget,
+                                     public TZtViewHost {
     Q_OBJECT
     Q_PROPERTY(TBorderStyle BorderStyle READ GetBorderStyle WRITE SetBorderStyle)
     Q_PROPERTY(TStringList *Lines READ GetLines WRITE SetLines)

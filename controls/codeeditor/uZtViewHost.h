@@ -2,6 +2,7 @@
 
 #include "uZtCells.h"
 #include "uZtColorScheme.h"
+#include "uZtExport.h"
 #include "uZtExtras.h"
 
 #include <QColor>
@@ -14,7 +15,7 @@ struct TZtTextMarks;
 
 /// The editor as the parts of its view know it. Places are (column, line), 0-based, columns in
 /// UTF-16 units.
-class TZtViewHost {
+class ZT_EDITOR_EXPORT TZtViewHost {
 public:
     virtual TStringList *GetLines() const = 0;
     /// The caret's.

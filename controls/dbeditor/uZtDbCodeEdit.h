@@ -1,6 +1,7 @@
 #pragma once
 
 #include "uZtCodeEdit.h"
+#include "uZtExport.h"
 #include "uZtFieldDataLink.h"
 #include "uZtShownRecord.h"
 #include "uZtStringStream.h"
@@ -15,7 +16,7 @@
 /// With `zcRecords`, to be switched on before a field is shown, lines end in the record as they
 /// did, what the user changed and what others store into the field are never overwritten unseen,
 /// and only what changes the text enters edit state.
-class TZtDbCodeEdit : public TZtCodeEdit {
+class ZT_DBEDITOR_EXPORT TZtDbCodeEdit : public TZtCodeEdit {
     Q_OBJECT
     Q_PROPERTY(QString DataField READ GetDataField WRITE SetDataField)
     Q_PROPERTY(TDataSource *DataSource READ GetDataSource WRITE SetDataSource)

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "uZtExport.h"
 #include "uZtScriptLexer.h"
 
 // In a namespace of its own for the sake of Qt's reflection, which gives the names of the kinds.
 namespace ZtJS {
-Q_NAMESPACE
+Q_NAMESPACE_EXPORT(ZT_PARSERS_EXPORT)
 
 /// The token kinds of JavaScript. Braces are `vtBegin` and `vtEnd`. `vtExit`, `vtThen`, `vtUntil`,
 /// `vtRem`, `vtColon` and `vtHexNumber` are never produced, `vtUnitil` only with more reserved
@@ -100,7 +101,7 @@ using TZtJSInfo = TZtScriptInfo<TJSToken>;
 /// Lexer for JavaScript. A "/*" comment that is open at a line end goes on in the next line through
 /// `RemarkEnd` and `LineKind`, when `EndLines` is on. With `ClosedRemarks` a `LineKind` of 1 is
 /// such a comment, 2 a template literal, 3 and 4 a string with an escaped line break.
-class TZtCodeJSParser : public TZtScriptLexer<TJSToken> {
+class ZT_PARSERS_EXPORT TZtCodeJSParser : public TZtScriptLexer<TJSToken> {
     Q_OBJECT
 
 public:

@@ -3,6 +3,7 @@
 #include "uZtColorScheme.h"
 #include "uZtElements.h"
 #include "uZtException.h"
+#include "uZtExport.h"
 #include "uZtGrammar.h"
 #include "uZtMethodDescription.h"
 #include "uZtNotifier.h"
@@ -25,7 +26,7 @@
 class QIODevice;
 
 /// What a lexer raises.
-class EZtParser : public EZtException {
+class ZT_PARSERS_EXPORT EZtParser : public EZtException {
     using EZtException::EZtException;
 };
 
@@ -117,7 +118,7 @@ struct TZtLexerState {
 /// a time, on the thread of the user interface.
 ///
 /// A handler may change the lexer, or delete it: it then goes when nobody lexes with it any more.
-class TZtLangParser : public QObject, public TZtNotifier {
+class ZT_PARSERS_EXPORT TZtLangParser : public QObject, public TZtNotifier {
     Q_OBJECT
     Q_PROPERTY(int LineNr READ GetLineNr)
     Q_PROPERTY(bool InRemark READ GetInRemark WRITE SetInRemark)
@@ -432,14 +433,16 @@ using TZtLangParserClass = TZtLangParser *(*)(QObject *AOwner);
 
 /// Whether the IDE of major version `AVersion` has left its settings for this user: a non-empty
 /// value "App" under "software\borland\delphi\%d.0\".
-bool DelphiKnown(int AVersion);
+ZT_PARSERS_EXPORT bool DelphiKnown(int AVersion);
 
 /// `GetPaintInfoFromReg` on the editor colours of the IDE of major version `AVersion`.
-void GetPaintInfoFromDelphi(int AVersion, const QString &AElement, TColor &ABackGround,
-                            TColor &ATextColor, TFontStyles &AFontStyle);
+ZT_PARSERS_EXPORT void GetPaintInfoFromDelphi(int AVersion, const QString &AElement,
+                                              TColor &ABackGround, TColor &ATextColor,
+                                              TFontStyles &AFontStyle);
 
 /// Reads one element's colours and style from the settings key `AKey` (which ends with a
 /// backslash). Strike-out is left as it was. Raises when the older colour value is looked up in an
 /// existing key and is missing or no integer; what was read before it stays written.
-void GetPaintInfoFromReg(const QString &AKey, const QString &AElement, TColor &ABackGround,
-                         TColor &ATextColor, TFontStyles &AFontStyle);
+ZT_PARSERS_EXPORT void GetPaintInfoFromReg(const QString &AKey, const QString &AElement,
+                                           TColor &ABackGround, TColor &ATextColor,
+                                           TFontStyles &AFontStyle);

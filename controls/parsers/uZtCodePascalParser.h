@@ -1,11 +1,12 @@
 #pragma once
 
 #include "uZtCodeParser.h"
+#include "uZtExport.h"
 #include "uZtSet.h"
 
 // In a namespace of its own for the sake of Qt's reflection, which gives the names of the kinds.
 namespace ZtPascal {
-Q_NAMESPACE
+Q_NAMESPACE_EXPORT(ZT_PARSERS_EXPORT)
 
 /// The token kinds of Pascal. `ptRepeat`, `ptHexNumber` and `ptSoapComment` are declared for hosts;
 /// the lexer never gives them. `ptKeyword` is a reserved word that only `AllKeyWords` or
@@ -101,7 +102,7 @@ struct TZtPascalInfo {
 
 /// The Pascal lexer. What crosses a line end is a comment that is still open: `LineKind` is 1 for
 /// "(*", 2 for "{" and 0 for none, and is all that a restart at a line needs.
-class TZtCodePascalParser : public TZtLangParser {
+class ZT_PARSERS_EXPORT TZtCodePascalParser : public TZtLangParser {
     Q_OBJECT
     Q_PROPERTY(int DelphiVersion READ GetDelphiVersion WRITE SetDelphiVersion)
     Q_PROPERTY(int SoapCommentLineStart READ GetSoapCommentLineStart WRITE SetSoapCommentLineStart)
@@ -192,7 +193,7 @@ private:
 };
 
 /// The lexer under the name by which forms store it.
-class TztCodePasParser : public TZtCodePascalParser {
+class ZT_PARSERS_EXPORT TztCodePasParser : public TZtCodePascalParser {
     Q_OBJECT
 
 public:

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "uZtCodeParser.h"
+#include "uZtExport.h"
 #include "uZtSet.h"
 
 #include <array>
@@ -9,7 +10,7 @@
 
 // In a namespace of its own for the sake of Qt's reflection, which gives the names of the kinds.
 namespace ZtSql {
-Q_NAMESPACE
+Q_NAMESPACE_EXPORT(ZT_PARSERS_EXPORT)
 
 /// The token kinds of SQL. `vtInvalid` is never produced, `vtFieldName` only with `ClosedRemarks`,
 /// for a name in quotes.
@@ -44,12 +45,12 @@ struct TZtSqlTokenInfo {
 
 /// The keywords of SQL. A lexer takes them over when it is created. They may hold the characters
 /// "A" to "_" (in either case of the letters); the empty one stands for nothing.
-extern QString ZtSqlKeyWords[176];
+extern ZT_PARSERS_EXPORT QString ZtSqlKeyWords[176];
 
 /// Lexer for SQL: keywords after a blank, a comma or a parenthesis, quoted values, numbers, "@"
 /// parameters and comments. All else is text, a character a token. No input is rejected. With
 /// `ClosedRemarks` a `LineKind` of 1 is an open comment, 2 an open value, 3 an open name in quotes.
-class TZtCodeSqlParser : public TZtLangParser {
+class ZT_PARSERS_EXPORT TZtCodeSqlParser : public TZtLangParser {
     Q_OBJECT
 
 public:

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "uZtExport.h"
 #include "uZtScriptLexer.h"
 
 // In a namespace of its own for the sake of Qt's reflection, which gives the names of the kinds.
 namespace ZtVB {
-Q_NAMESPACE
+Q_NAMESPACE_EXPORT(ZT_PARSERS_EXPORT)
 
 /// The token kinds of Visual Basic script. `vtRem`, `vtColon` and `vtHexNumber` are never produced,
 /// `vtUnitil` only with more reserved words than the lexer's table has; `vtInvalid` is none that a
@@ -97,7 +98,7 @@ using TVBTokens = TZtSet<TVBToken>;
 using TZtVBInfo = TZtScriptInfo<TVBToken>;
 
 /// Lexer for Visual Basic script. Every line is read from scratch: nothing crosses a line end.
-class TZtCodeVBParser : public TZtScriptLexer<TVBToken> {
+class ZT_PARSERS_EXPORT TZtCodeVBParser : public TZtScriptLexer<TVBToken> {
     Q_OBJECT
 
 public:

@@ -1,11 +1,12 @@
 #pragma once
 
 #include "uZtCodeParser.h"
+#include "uZtExport.h"
 #include "uZtSet.h"
 
 // In a namespace of its own for the sake of Qt's reflection, which gives the names of the kinds.
 namespace ZtXml {
-Q_NAMESPACE
+Q_NAMESPACE_EXPORT(ZT_PARSERS_EXPORT)
 
 /// The token kinds of XML. `vtUnknown`, `vtInvalid` and `vtProlog` are never produced.
 enum class TZtXmlToken : quint8 {
@@ -60,7 +61,7 @@ struct TZtXmlTokenInfo {
 /// markup; comments, processing instructions and the ends of CDATA sections are read whole. No
 /// input is rejected. With `ClosedRemarks` a `LineKind` of 1 is an open comment, 2 an open
 /// processing instruction.
-class TZtCodeXMLParser : public TZtLangParser {
+class ZT_PARSERS_EXPORT TZtCodeXMLParser : public TZtLangParser {
     Q_OBJECT
 
 public:

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "uZtException.h"
+#include "uZtExport.h"
 #include "uZtTypes.h"
 
 #include <QByteArray>
@@ -15,7 +16,7 @@
 #include <utility>
 
 /// A scheme that cannot be read. The message names the file, the line and column and the reason.
-class EZtColorScheme : public EZtException {
+class ZT_PARSERS_EXPORT EZtColorScheme : public EZtException {
 public:
     /// `ALine` and `AColumn` (in UTF-16 units) are 1-based, 0 when the file could not be opened.
     EZtColorScheme(const QString &AName, int ALine, int AColumn, const QString &AReason);
@@ -31,7 +32,7 @@ private:
 
 // In a namespace of its own for the sake of Qt's reflection, which gives the names of the parts.
 namespace ZtScheme {
-Q_NAMESPACE
+Q_NAMESPACE_EXPORT(ZT_PARSERS_EXPORT)
 
 /// The parts of the view that have a colour. In a file they are named without the prefix.
 enum class TZtViewColor : quint8 {
@@ -79,7 +80,7 @@ struct TZtTextStyle {
 };
 
 /// The colours of a view and the styles of the elements of its language. Immutable once made.
-class TZtColorScheme {
+class ZT_PARSERS_EXPORT TZtColorScheme {
 public:
     static constexpr size_t ViewColorCount = size_t(TZtViewColor::vcCaret) + 1;
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "uZtExport.h"
+
 #include <QLatin1StringView>
 #include <QStringView>
 
@@ -13,7 +15,7 @@ enum class TZtElementKind : quint8 {
 };
 
 /// The kind of an element of that name, `ekCode` when no lexer has it.
-TZtElementKind ZtElementKind(QStringView AElement);
+ZT_PARSERS_EXPORT TZtElementKind ZtElementKind(QStringView AElement);
 
 /// A language under the name that its lexer answers, and its elements in the order of the rows that
 /// draw them. The second of two rows of one name is "Symbol 2".
@@ -23,4 +25,4 @@ struct TZtLanguageElements {
 };
 
 /// Every language with a lexer.
-std::span<const TZtLanguageElements> ZtLanguageElements();
+ZT_PARSERS_EXPORT std::span<const TZtLanguageElements> ZtLanguageElements();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "uZtException.h"
+#include "uZtExport.h"
 
 #include <QString>
 
@@ -42,7 +43,7 @@ private:
 };
 
 /// The signature of an event. It owns its parameters.
-class TZtMethodDescription {
+class ZT_PARSERS_EXPORT TZtMethodDescription {
 public:
     /// Appends a parameter, which stays where it is until the description goes.
     TZtMethodParam *AddParam() { return &FParams.emplace_back(); }
@@ -76,7 +77,7 @@ private:
 };
 
 /// A signature's text that cannot be read.
-class EZtEventSignature : public EZtException {
+class ZT_PARSERS_EXPORT EZtEventSignature : public EZtException {
 public:
     EZtEventSignature(const QString &AMessage, int APosition)
         : EZtException(AMessage), FPosition(APosition)
@@ -97,11 +98,12 @@ private:
 /// so may the type of a parameter that is marked var, const or out. "array of T" is a type as well,
 /// known by its elements' type T. Raises `EZtEventSignature` for any other text, and `EZtException`
 /// without a class or an event name.
-void ZtRegisterEvent(const QMetaObject *AClass, const QString &AEventName,
-                     const QString &ASignature);
+ZT_PARSERS_EXPORT void ZtRegisterEvent(const QMetaObject *AClass, const QString &AEventName,
+                                       const QString &ASignature);
 /// The same with the signature field by field; `ProcName` is the event's name. `ResultType` counts
 /// for functions and class functions alone.
-void ZtRegisterEvent(const QMetaObject *AClass, const TZtMethodDescription &AEvent);
+ZT_PARSERS_EXPORT void ZtRegisterEvent(const QMetaObject *AClass,
+                                       const TZtMethodDescription &AEvent);
 
 /// A new description of an event of `AObject`, or none when there is no object or no such event.
 ///
@@ -110,5 +112,5 @@ void ZtRegisterEvent(const QMetaObject *AClass, const TZtMethodDescription &AEve
 /// ("Arg1" and so on for one without) and types, but not whether one is a constant reference: that
 /// reads as passed by value. `AEventName` is taken with the blanks around it, so one that has any
 /// is not found.
-std::unique_ptr<TZtMethodDescription> GetMethodDescription(QObject *AObject,
-                                                           const QString &AEventName);
+ZT_PARSERS_EXPORT std::unique_ptr<TZtMethodDescription>
+GetMethodDescription(QObject *AObject, const QString &AEventName);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "uZtCodeParser.h"
+#include "uZtExport.h"
 
 #include <QList>
 #include <QMetaEnum>
@@ -10,7 +11,7 @@
 #include <span>
 
 /// One token of a source text.
-struct TZtTokenRecord {
+struct ZT_PARSERS_EXPORT TZtTokenRecord {
     int Line = 0;          ///< 1-based line on which it starts
     int Column = 0;        ///< 1-based UTF-16 unit of that line
     const char *Kind = ""; ///< the name of its kind, such as "ptIdentifier"
@@ -25,7 +26,7 @@ struct TZtTokenRecord {
 };
 
 /// A lexer whose token kinds can be asked for by name, and which knows where it stands.
-class TZtTokenReader {
+class ZT_PARSERS_EXPORT TZtTokenReader {
 public:
     virtual ~TZtTokenReader() = default;
     virtual TZtLangParser &Parser() = 0;
@@ -40,7 +41,7 @@ public:
     virtual qsizetype Consumed() const = 0;
 };
 
-struct TZtTokenLanguage {
+struct ZT_PARSERS_EXPORT TZtTokenLanguage {
     const char *Name;      ///< also the folder of its example texts
     const char *Extension; ///< of its source files, in lower case
     std::unique_ptr<TZtLangParser> (*CreateParser)();
@@ -48,22 +49,23 @@ struct TZtTokenLanguage {
 };
 
 /// Every language with a lexer, and the one for a file's name (null for none).
-std::span<const TZtTokenLanguage> ZtTokenLanguages();
-const TZtTokenLanguage *ZtTokenLanguageOf(const QString &AFileName);
+ZT_PARSERS_EXPORT std::span<const TZtTokenLanguage> ZtTokenLanguages();
+ZT_PARSERS_EXPORT const TZtTokenLanguage *ZtTokenLanguageOf(const QString &AFileName);
 
 /// The lines of a text, whatever ends them (CR LF or LF), without the empty one after a last line
 /// break.
-QStringList ZtTokenLines(const QString &AText);
+ZT_PARSERS_EXPORT QStringList ZtTokenLines(const QString &AText);
 
 /// The tokens of `ALines` from `AFirst` (0-based), each line followed by CR LF, read as the editor
 /// reads them: with `EndLines` set, no `RemarkEnd`, and `ALineKinds[AFirst]` as the state there
 /// when the list has it. The state at the start of each line is stored in `ALineKinds`, which
 /// grows to the number of lines read. At most `AMaxLines` lines are read.
-QList<TZtTokenRecord> ZtReadTokens(TZtTokenReader &AReader, const QStringList &ALines,
-                                   QList<int> &ALineKinds, int AFirst = 0,
-                                   int AMaxLines = 0x7FFFFFFF);
+ZT_PARSERS_EXPORT QList<TZtTokenRecord> ZtReadTokens(TZtTokenReader &AReader,
+                                                     const QStringList &ALines,
+                                                     QList<int> &ALineKinds, int AFirst = 0,
+                                                     int AMaxLines = 0x7FFFFFFF);
 
 /// The tokens from where `AReader` stands to the end of its input, which is `ALines` from `AFirst`
 /// (0-based), each line followed by CR LF.
-QList<TZtTokenRecord> ZtDrainTokens(TZtTokenReader &AReader, const QStringList &ALines,
-                                    int AFirst = 0);
+ZT_PARSERS_EXPORT QList<TZtTokenRecord> ZtDrainTokens(TZtTokenReader &AReader,
+                                                      const QStringList &ALines, int AFirst = 0);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "uZtExport.h"
 #include "uZtListening.h"
 
 #include <algorithm>
@@ -11,7 +12,7 @@
 /// An anchor stands at a place until it is removed; a change before it moves it, and one around it
 /// leaves it at an end of what came instead. A change costs what the anchors in its own lines do: a
 /// hundred thousand elsewhere are not looked at, unless the change before was far away.
-class TZtAnchors final : public TZtTextListener {
+class ZT_EDITOR_EXPORT TZtAnchors final : public TZtTextListener {
 public:
     /// An anchor as a visitor sees it.
     struct TAnchor {

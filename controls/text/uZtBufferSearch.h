@@ -1,5 +1,7 @@
 #pragma once
 
+#include "uZtExport.h"
+
 #include <QAnyStringView>
 #include <QFlags>
 #include <QString>
@@ -19,7 +21,7 @@ Q_DECLARE_OPERATORS_FOR_FLAGS(TZtSearchFlags)
 /// Without case, single UTF-16 units are compared by Unicode's simple case folding. Word delimiters
 /// are the characters that are neither letters nor digits in Unicode; what stands outside the run
 /// is not looked at. An empty string is found nowhere.
-class TZtBufferSearch {
+class ZT_EDITOR_EXPORT TZtBufferSearch {
 public:
     TZtBufferSearch(const QString &ASearchString, TZtSearchFlags AOptions);
 
@@ -54,5 +56,6 @@ private:
 
 /// One search of one run; see `TZtBufferSearch`. `ASelLength` is added to `ASelStart` when
 /// searching downwards.
-qsizetype ZtSearchBuf(QAnyStringView ABuf, qsizetype ASelStart, qsizetype ASelLength,
-                      const QString &ASearchString, TZtSearchFlags AOptions);
+ZT_EDITOR_EXPORT qsizetype ZtSearchBuf(QAnyStringView ABuf, qsizetype ASelStart,
+                                       qsizetype ASelLength, const QString &ASearchString,
+                                       TZtSearchFlags AOptions);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "uZtExport.h"
+
 #include <QAnyStringView>
 
 /// How the characters of a line stand on the grid of cells.
@@ -27,7 +29,7 @@ struct TZtCellSpan {
 /// Wide and fullwidth characters of East Asia and emoji, their sequences included, take two cells;
 /// control characters one, marks none; a cluster of several letters at most two. Marks without a
 /// base are drawn as if on a blank and take one. A cluster ends after 2048 units at the latest.
-class TZtCellReader {
+class ZT_EDITOR_EXPORT TZtCellReader {
 public:
     /// `ALine` has to outlive the reader. A UTF-8 line is not accepted.
     TZtCellReader(QAnyStringView ALine, const TZtCellRules &ARules);
@@ -52,17 +54,18 @@ private:
 };
 
 /// The cell (0-based) of the cluster at a column; each column behind the line's end is one more.
-int ZtCellOf(QAnyStringView ALine, int AColumn, const TZtCellRules &ARules);
+ZT_EDITOR_EXPORT int ZtCellOf(QAnyStringView ALine, int AColumn, const TZtCellRules &ARules);
 
 /// The column where the cluster begins that covers a cell; each cell behind the line's end is one
 /// more.
-int ZtColumnAt(QAnyStringView ALine, int ACell, const TZtCellRules &ARules);
+ZT_EDITOR_EXPORT int ZtColumnAt(QAnyStringView ALine, int ACell, const TZtCellRules &ARules);
 
 /// Where the cluster ends that covers a column. Behind the line's end each column is one.
-int ZtNextCluster(QAnyStringView ALine, int AColumn, const TZtCellRules &ARules);
+ZT_EDITOR_EXPORT int ZtNextCluster(QAnyStringView ALine, int AColumn, const TZtCellRules &ARules);
 
 /// Where the cluster begins that covers the unit before a column; 0 at the start.
-int ZtPreviousCluster(QAnyStringView ALine, int AColumn, const TZtCellRules &ARules);
+ZT_EDITOR_EXPORT int ZtPreviousCluster(QAnyStringView ALine, int AColumn,
+                                       const TZtCellRules &ARules);
 
 /// Calls `AEmit(start, length, cell, width)` for each cluster of a line.
 template <typename TEmit>

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "uZtAnchors.h"
+#include "uZtExport.h"
 #include "uZtListening.h"
 #include "uZtTypes.h"
 
@@ -12,7 +13,7 @@
 enum class TZtUnderline : quint8 { ulNone, ulStraight, ulDotted, ulWavy };
 
 /// How text is decorated. What is not set is left as it is below.
-struct TZtDecorationStyle {
+struct ZT_EDITOR_EXPORT TZtDecorationStyle {
     /// Without a colour of its own it has the text's; `ulNone` takes away one that lies below.
     std::optional<TZtUnderline> Underline = std::nullopt;
     std::optional<TColor> UnderlineColor = std::nullopt;
@@ -61,7 +62,7 @@ struct TZtPlacedDecoration {
 /// was all removed is empty: it stands for a place, is not drawn, and stays empty until it is
 /// removed, whatever is inserted there; undo does not bring it back either. A change costs what the
 /// ranges in its own lines do.
-class TZtDecorations final : public TZtTextListener {
+class ZT_EDITOR_EXPORT TZtDecorations final : public TZtTextListener {
 public:
     /// The text may go before the decorations.
     explicit TZtDecorations(TStringList *AText);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "uZtDecorations.h"
+#include "uZtExport.h"
 
 #include <QPointer>
 
@@ -22,7 +23,7 @@ struct TZtDiagnostic {
 /// What is wrong in a text, by who found it. Each keeps its range through every change
 /// (`TZtDecorations`); one whose text was all removed still counts, at its place, until its source
 /// takes it back.
-class TZtDiagnostics {
+class ZT_EDITOR_EXPORT TZtDiagnostics {
 public:
     static constexpr int Severities = 3;
 

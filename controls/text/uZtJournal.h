@@ -1,5 +1,6 @@
 #pragma once
 
+#include "uZtExport.h"
 #include "uZtJournalFormat.h"
 #include "uZtStringList.h"
 
@@ -20,7 +21,7 @@ class TZtJournalWriter;
 /// replaced as a whole, the file must be as it was.
 ///
 /// All operations are for the thread of the text.
-class TZtJournal final : public TZtTextListener {
+class ZT_EDITOR_EXPORT TZtJournal final : public TZtTextListener {
 public:
     /// Says why the journal cannot be written; called in the thread of the text, once.
     using TFault = std::function<void(const QString &AReason)>;

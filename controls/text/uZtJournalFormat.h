@@ -1,5 +1,7 @@
 #pragma once
 
+#include "uZtExport.h"
+
 #include <QByteArray>
 #include <QCryptographicHash>
 #include <QPoint>
@@ -13,7 +15,7 @@
 // the record before it, so that nothing can be missing in between. Numbers are little-endian.
 
 /// A process of this or of an earlier run of the system.
-struct TZtJournalProcess {
+struct ZT_EDITOR_EXPORT TZtJournalProcess {
     qint64 Pid = 0;
     quint64 Start = 0; ///< when it began, in ticks of the system's clock: a pid is used again
     QByteArray Boot;   ///< which run of the system
@@ -62,10 +64,10 @@ struct TZtJournalRecord {
 };
 
 /// What tells the bytes of a file from others.
-QByteArray ZtJournalHash(const QByteArray &ABytes);
+ZT_EDITOR_EXPORT QByteArray ZtJournalHash(const QByteArray &ABytes);
 
 /// What tells a text from others, line by line. A text ends with a line that has no break.
-class TZtJournalTextHash {
+class ZT_EDITOR_EXPORT TZtJournalTextHash {
 public:
     void AddLine(QStringView ALine);
     QByteArray Result() { return FHash.result(); }
@@ -74,12 +76,13 @@ private:
     QCryptographicHash FHash{QCryptographicHash::Blake2b_256};
 };
 
-QByteArray ZtEncodeJournalHeader(const TZtJournalHeader &AHeader);
-QByteArray ZtEncodeJournalBase(const QByteArray &ABytes);
-QByteArray ZtEncodeJournalSaving(const QByteArray &AHash, const QByteArray &ATextHash);
+ZT_EDITOR_EXPORT QByteArray ZtEncodeJournalHeader(const TZtJournalHeader &AHeader);
+ZT_EDITOR_EXPORT QByteArray ZtEncodeJournalBase(const QByteArray &ABytes);
+ZT_EDITOR_EXPORT QByteArray ZtEncodeJournalSaving(const QByteArray &AHash,
+                                                  const QByteArray &ATextHash);
 
 /// A change's record, line by line.
-class TZtJournalChangeEncoder {
+class ZT_EDITOR_EXPORT TZtJournalChangeEncoder {
 public:
     TZtJournalChangeEncoder(const QPoint &AStart, const QPoint &ARemovedEnd, bool AIsWholeText);
     void AddLine(QStringView ALine);
@@ -90,7 +93,7 @@ private:
 };
 
 /// Puts length and checksum before records, in the order in which they stand in the journal.
-class TZtJournalFramer {
+class ZT_EDITOR_EXPORT TZtJournalFramer {
 public:
     QByteArray Frame(const QByteArray &ARecord);
 
@@ -99,7 +102,7 @@ private:
 };
 
 /// Takes the records out of a journal's bytes, until one is cut short or damaged.
-class TZtJournalUnframer {
+class ZT_EDITOR_EXPORT TZtJournalUnframer {
 public:
     explicit TZtJournalUnframer(QByteArrayView ABytes) : FLeft(ABytes) {}
     /// The next record, as long as the bytes are; nothing behind the last sound one.
@@ -113,4 +116,4 @@ private:
 };
 
 /// Nothing when the bytes are no record.
-std::optional<TZtJournalRecord> ZtDecodeJournalRecord(QByteArrayView ARecord);
+ZT_EDITOR_EXPORT std::optional<TZtJournalRecord> ZtDecodeJournalRecord(QByteArrayView ARecord);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "uZtExport.h"
 #include "uZtJournalFormat.h"
 #include "uZtStringList.h"
 
@@ -24,7 +25,7 @@ struct TZtRestored {
 };
 
 /// Reads what a `TZtJournal` wrote. Neither changes nor removes it.
-class TZtJournalReader {
+class ZT_EDITOR_EXPORT TZtJournalReader {
 public:
     /// Makes the lines of a text from the bytes of its file.
     using TLoad = std::function<void(const QByteArray &ABytes, TStringList &AText)>;

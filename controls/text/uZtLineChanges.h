@@ -1,5 +1,6 @@
 #pragma once
 
+#include "uZtExport.h"
 #include "uZtLineItems.h"
 #include "uZtListening.h"
 
@@ -22,7 +23,7 @@ enum class TZtLineState : quint8 {
 ///
 /// A change of the whole text (`TZtTextChange::IsWholeText`) is taken for a load, after which no
 /// line is changed; `SetIsWholeTextMarked` says otherwise.
-class TZtLineChanges final : public TZtTextListener {
+class ZT_EDITOR_EXPORT TZtLineChanges final : public TZtTextListener {
 public:
     /// The text may go before this.
     explicit TZtLineChanges(TStringList *AText);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "uZtExport.h"
 #include "uZtLineItems.h"
 #include "uZtListening.h"
 
@@ -31,7 +32,7 @@ constexpr TZtLineMarkSet ZtMarkBit(TZtLineMark AKind) { return 1u << quint32(AKi
 /// its place, at the end of the text to the last one, and is one with a mark of its kind there.
 /// Where lines are replaced by others in one change, as the whole text is by a load, the first
 /// stands for the first, and so on. A change costs what the marks in its own lines do.
-class TZtLineMarks final : public TZtTextListener {
+class ZT_EDITOR_EXPORT TZtLineMarks final : public TZtTextListener {
 public:
     /// The text may go before the marks.
     explicit TZtLineMarks(TStringList *AText);

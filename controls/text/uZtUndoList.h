@@ -1,5 +1,7 @@
 #pragma once
 
+#include "uZtExport.h"
+
 #include <QPoint>
 #include <QString>
 
@@ -13,7 +15,7 @@ enum class TZtChangeType : quint8 { ctNone, ctCut, ctPaste, ctDelete, ctInsert }
 
 /// What an undo acts on: a text with a caret and a selection. Positions are (character, line),
 /// 0-based.
-class TZtUndoTarget {
+class ZT_EDITOR_EXPORT TZtUndoTarget {
 public:
     virtual ~TZtUndoTarget() = default;
     virtual TStringList *GetLines() const = 0;
@@ -28,7 +30,7 @@ public:
 };
 
 /// One change of the text. Positions are (character, line), 0-based.
-class TZtUndoItem {
+class ZT_EDITOR_EXPORT TZtUndoItem {
 public:
     TZtUndoItem(TZtChangeType AChangeType, const QPoint &AStartPos, const QPoint &AEndPos,
                 const QPoint &ACaretPos, const QString &AValue)
@@ -55,7 +57,7 @@ private:
 };
 
 /// The last 100 changes of an editor, each undone by itself. There is no redo.
-class TZtUndoList {
+class ZT_EDITOR_EXPORT TZtUndoList {
 public:
     explicit TZtUndoList(TZtUndoTarget *AOwner) : FOwner(AOwner) {}
 

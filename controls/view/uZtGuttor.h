@@ -1,5 +1,6 @@
 #pragma once
 
+#include "uZtExport.h"
 #include "uZtGuttorLook.h"
 #include "uZtLineChanges.h"
 #include "uZtLineMarks.h"
@@ -25,7 +26,7 @@ struct TZtGuttorSight {
 };
 
 /// A column of the gutter. A host may derive one of its own.
-class TZtGuttorColumn {
+class ZT_EDITOR_EXPORT TZtGuttorColumn {
 public:
     virtual ~TZtGuttorColumn() = default;
     /// In pixels.
@@ -47,7 +48,7 @@ private:
 };
 
 /// 1-based numbers; that of the caret's line stands out.
-class TZtNumberColumn final : public TZtGuttorColumn {
+class ZT_EDITOR_EXPORT TZtNumberColumn final : public TZtGuttorColumn {
 public:
     int GetWidth(const TZtGuttorSight &ASight) const override;
     quint64 GetCell(int ALine, const TZtGuttorSight &ASight) const override;
@@ -56,7 +57,7 @@ public:
 };
 
 /// Marks, each of a shape of its own. Of several on a line those that matter most are seen.
-class TZtMarkColumn final : public TZtGuttorColumn {
+class ZT_EDITOR_EXPORT TZtMarkColumn final : public TZtGuttorColumn {
 public:
     /// `AMarks` answers a line's.
     explicit TZtMarkColumn(std::function<TZtLineMarkSet(int ALine)> AMarks)
@@ -86,7 +87,7 @@ private:
 };
 
 /// Bars beside lines that were changed.
-class TZtChangeColumn final : public TZtGuttorColumn {
+class ZT_EDITOR_EXPORT TZtChangeColumn final : public TZtGuttorColumn {
 public:
     /// `AState` answers a line's.
     explicit TZtChangeColumn(std::function<TZtLineState(int ALine)> AState)
@@ -104,7 +105,7 @@ private:
 
 /// The columns beside the text, from the left to the right. Where none is visible the gutter is the
 /// empty strip that it was in the first version.
-class TZtGuttor {
+class ZT_EDITOR_EXPORT TZtGuttor {
 public:
     /// Told when there are other columns.
     std::function<void()> OnChange;

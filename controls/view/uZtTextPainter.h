@@ -1,5 +1,6 @@
 #pragma once
 
+#include "uZtExport.h"
 #include "uZtTypes.h"
 
 #include <QFont>
@@ -20,7 +21,7 @@ class QRect;
 ///
 /// On the exact grid each character takes one cell whatever the font says, in the order in which
 /// the characters are stored, whatever their script; what takes other room is drawn as a cluster.
-class TZtTextPainter {
+class ZT_EDITOR_EXPORT TZtTextPainter {
 public:
     /// Measures the font, whose own style is added to that of each text; nothing happens when it is
     /// the current one.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "uZtExport.h"
+
 #include <QObject>
 
 #include <functional>
@@ -10,11 +12,11 @@ class QWidget;
 using TZtObjectFactory = std::function<QObject *(QObject *AOwner)>;
 
 /// Makes `AFactory` answer for `AClassName`; a second registration of the same name is ignored.
-void ZtRegisterFactory(const QString &AClassName, TZtObjectFactory AFactory);
+ZT_PARSERS_EXPORT void ZtRegisterFactory(const QString &AClassName, TZtObjectFactory AFactory);
 
 /// A new object of the registered class, owned by `AOwner`, or null for an unknown name or an
 /// owner of the wrong kind (a control wants a widget, or none).
-QObject *ZtCreateObject(const QString &AClassName, QObject *AOwner);
+ZT_PARSERS_EXPORT QObject *ZtCreateObject(const QString &AClassName, QObject *AOwner);
 
 /// Registers `T` under its class name, so that a stored form can create it by name.
 template <typename T> bool ZtRegisterClass()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "uZtExport.h"
 #include "uZtGapBuffer.h"
 
 #include <QAnyStringView>
@@ -12,7 +13,7 @@
 
 /// A line as it is stored: a view into a block of memory, one byte or two a character, or a string
 /// of its own. With it goes a 32-bit number, its object slot.
-struct TZtStoredLine {
+struct ZT_PARSERS_EXPORT TZtStoredLine {
     quintptr Text; ///< of an owned string with the lowest bit set
     quint32 Length : 31;
     quint32 Wide : 1; ///< not one byte a character
@@ -33,7 +34,7 @@ struct TZtStoredLine {
 ///
 /// Lines change hands without a copy of their characters: a few become strings of their own, many
 /// share the blocks, which live as long as one store has them. Indexes are 0-based and not checked.
-class TZtLineStore {
+class ZT_PARSERS_EXPORT TZtLineStore {
 public:
     static constexpr int MaxLength = std::numeric_limits<int>::max();
 

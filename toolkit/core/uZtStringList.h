@@ -1,6 +1,7 @@
 #pragma once
 
 #include "uZtException.h"
+#include "uZtExport.h"
 #include "uZtLineStore.h"
 #include "uZtNotifier.h"
 #include "uZtTextChange.h"
@@ -33,7 +34,7 @@ using TNotifyEvent = std::function<void(QObject *Sender)>;
 ///
 /// A line holds at most `MaxLength` units and a list as many lines; more of either raises
 /// `EStringListError`. Whatever a whole-text operation raises, the text is then as it was.
-class TStringList : public QObject, public TZtNotifier {
+class ZT_PARSERS_EXPORT TStringList : public QObject, public TZtNotifier {
     Q_OBJECT
     Q_PROPERTY(int Count READ GetCount)
     Q_PROPERTY(QString Text READ GetText WRITE SetText)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "uZtExport.h"
+
 #include <QAnyStringView>
 #include <QByteArray>
 #include <QString>
@@ -37,15 +39,15 @@ struct TZtTextFormat {
 };
 
 /// The name that people know an encoding by, such as "UTF-16 LE".
-QString ZtEncodingName(TZtEncoding AEncoding);
+ZT_PARSERS_EXPORT QString ZtEncodingName(TZtEncoding AEncoding);
 /// The bytes that a character takes at least: 1, 2 or 4.
-int ZtUnitSize(TZtEncoding AEncoding);
+ZT_PARSERS_EXPORT int ZtUnitSize(TZtEncoding AEncoding);
 /// "CR LF", "LF" or "CR".
-QString ZtLineEndingName(TZtLineEnding ALineEnding);
+ZT_PARSERS_EXPORT QString ZtLineEndingName(TZtLineEnding ALineEnding);
 
 /// The bytes of a file. Raises `EStreamError`, with the file and the reason in the message, for a
 /// file that is missing, not readable, not a regular file or larger than the memory that is left.
-QByteArray ZtReadFile(const QString &AFileName);
+ZT_PARSERS_EXPORT QByteArray ZtReadFile(const QString &AFileName);
 
 /// Reads a text file of whatever encoding as a UTF-16 string.
 ///
@@ -54,7 +56,7 @@ QByteArray ZtReadFile(const QString &AFileName);
 /// valid UTF-8, or Windows-1252, in which each of the 256 bytes is a character (the five that it
 /// leaves undefined are U+0081, U+008D, U+008F, U+0090 and U+009D). NUL characters and lone
 /// surrogates stay as they are.
-class TZtStringStream {
+class ZT_PARSERS_EXPORT TZtStringStream {
 public:
     /// `ACodePage` names the code page of the string that is asked for; 1200 (UTF-16) is the only
     /// one, and another raises `EStreamError`. `AFlags` has no effect.
@@ -101,7 +103,7 @@ struct TZtLostChar {
 
 /// Turns lines into the bytes of a file. A character that the encoding does not have becomes a
 /// question mark (U+FFFD in UTF-8, for a lone surrogate) and is listed in `Lost`.
-class TZtTextEncoder {
+class ZT_PARSERS_EXPORT TZtTextEncoder {
 public:
     /// `ASizeHint` is the number of bytes to reserve. Raises `std::bad_alloc` when there is no
     /// memory for them.

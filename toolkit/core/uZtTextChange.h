@@ -1,5 +1,6 @@
 #pragma once
 
+#include "uZtExport.h"
 #include "uZtLineStore.h"
 
 #include <QPoint>
@@ -10,7 +11,7 @@ class TStringList;
 
 /// A piece of a text: lines, of which the last has no break behind it. A piece without a break is
 /// one line. Cut out of a text, it also knows the object slots of its lines.
-class TZtTextPiece {
+class ZT_PARSERS_EXPORT TZtTextPiece {
 public:
     /// Nothing: one line without a character.
     TZtTextPiece() = default;
@@ -50,7 +51,7 @@ enum class TZtAnchorSide : quint8 {
 
 /// What a change of a text was. Positions are (column, line), 0-based, columns in UTF-16 units;
 /// behind the break of the last line is the text's end, column 0 of the line that is the count.
-struct TZtTextChange {
+struct ZT_PARSERS_EXPORT TZtTextChange {
     QPoint Start;             ///< where the change begins
     QPoint RemovedEnd;        ///< where what was removed ended, before the change
     QPoint InsertedEnd;       ///< where what was inserted ends, after the change
@@ -77,7 +78,7 @@ inline bool ZtIsBefore(const QPoint &A, const QPoint &B)
 
 /// Somebody who is told each change of a text, after it and before `OnChange`. Told while the list
 /// is in between: it reads the text, and neither changes it nor raises.
-class TZtTextListener {
+class ZT_PARSERS_EXPORT TZtTextListener {
 public:
     virtual void TextChanged(const TStringList &AText, const TZtTextChange &AChange) = 0;
     /// Told behind the last change of those between `BeginUpdate` and `EndUpdate`.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "uZtExport.h"
+
 #include <QBuffer>
 
 class TField;
@@ -10,7 +12,7 @@ enum class TBlobStreamMode : quint8 {
 };
 
 /// The bytes of a field as a stream. Text is UTF-8.
-class TBlobStream : public QBuffer {
+class ZT_DBEDITOR_EXPORT TBlobStream : public QBuffer {
     Q_OBJECT
 
 public:

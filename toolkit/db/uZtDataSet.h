@@ -1,6 +1,7 @@
 #pragma once
 
 #include "uZtBlobStream.h"
+#include "uZtExport.h"
 #include "uZtField.h"
 #include "uZtNotifier.h"
 #include "uZtRecordSource.h"
@@ -12,7 +13,7 @@
 class QSqlQueryModel;
 
 /// Who is told of what happens to a dataset.
-class TDataSetListener {
+class ZT_DBEDITOR_EXPORT TDataSetListener {
 public:
     virtual void DataEvent(TDataEvent AEvent, TField *AField) = 0;
     /// The dataset is about to go; the listener lets go of it.
@@ -33,7 +34,7 @@ protected:
 /// that was read writes nothing and raises `EUpdateConflict`.
 ///
 /// A handler of its sources, links and fields may do anything with it, deleting it included.
-class TDataSet : public QObject, public TZtNotifier, private TFieldRecord {
+class ZT_DBEDITOR_EXPORT TDataSet : public QObject, public TZtNotifier, private TFieldRecord {
     Q_OBJECT
     Q_PROPERTY(bool Active READ GetActive WRITE SetActive)
     Q_PROPERTY(bool ReadOnly READ GetReadOnly WRITE SetReadOnly)

@@ -1,10 +1,11 @@
 #pragma once
 
 #include "uZtDataSet.h"
+#include "uZtExport.h"
 #include "uZtStringList.h"
 
 /// Who is told of what happens to a data source.
-class TDataLink {
+class ZT_DBEDITOR_EXPORT TDataLink {
 public:
     virtual void DataEvent(TDataEvent AEvent, TField *AField) = 0;
     /// The data source is about to go; the link lets go of it.
@@ -19,7 +20,9 @@ using TDataChangeEvent = std::function<void(QObject *Sender, TField *Field)>;
 /// Connects a dataset with the controls that show it.
 ///
 /// A handler may do anything with it, deleting it included.
-class TDataSource : public QObject, public TZtNotifier, private TDataSetListener {
+class ZT_DBEDITOR_EXPORT TDataSource : public QObject,
+                                       public TZtNotifier,
+                                       private TDataSetListener {
     Q_OBJECT
     Q_PROPERTY(TDataSet *DataSet READ GetDataSet WRITE SetDataSet)
     Q_PROPERTY(bool AutoEdit READ GetAutoEdit WRITE SetAutoEdit)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "uZtException.h"
+#include "uZtExport.h"
 
 #include <QVariant>
 
@@ -8,7 +9,7 @@
 
 /// A fault of the database, with its driver's own words, or an operation that a dataset, a field or
 /// a data source cannot do as it is.
-class EDatabaseError : public EZtException {
+class ZT_DBEDITOR_EXPORT EDatabaseError : public EZtException {
     using EZtException::EZtException;
 };
 

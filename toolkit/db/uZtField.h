@@ -1,5 +1,6 @@
 #pragma once
 
+#include "uZtExport.h"
 #include "uZtNotifier.h"
 
 #include <QSqlField>
@@ -11,7 +12,7 @@
 class TDataSet;
 
 /// The record that a field belongs to, as the field sees it. Columns are counted from 0.
-class TFieldRecord {
+class ZT_DBEDITOR_EXPORT TFieldRecord {
 public:
     virtual TDataSet *RecordDataSet() = 0;
     /// What keeps the field alive while it is held.
@@ -35,7 +36,7 @@ protected:
 ///
 /// A store needs the dataset in edit or insert state and a field that is not read-only, and raises
 /// `EDatabaseError` otherwise. It is checked by `OnValidate`, and tells the data sources at once.
-class TField {
+class ZT_DBEDITOR_EXPORT TField {
 public:
     TField(TFieldRecord *ARecord, int AIndex, const QSqlField &AColumn);
     TField(const TField &) = delete;

@@ -1,13 +1,14 @@
 #pragma once
 
 #include "uZtDataSource.h"
+#include "uZtExport.h"
 
 /// What a control holds to show and change one field of a data source's current record.
 ///
 /// The link is editing while the dataset is in edit or insert state and neither the link nor the
 /// field is read-only. A read-only flag that is set takes effect, and is told, with the next change
 /// of the state.
-class TFieldDataLink : private TDataLink {
+class ZT_DBEDITOR_EXPORT TFieldDataLink : private TDataLink {
 public:
     /// `AControl` is the control that holds the link; it is not used by the link itself.
     explicit TFieldDataLink(QObject *AControl = nullptr);

@@ -1,13 +1,14 @@
 #pragma once
 
 #include "uZtDbTypes.h"
+#include "uZtExport.h"
 
 #include <QSqlRecord>
 
 #include <functional>
 
 /// Somebody else changed what is about to be written, since it was read. Nothing was written.
-class EUpdateConflict : public EDatabaseError {
+class ZT_DBEDITOR_EXPORT EUpdateConflict : public EDatabaseError {
 public:
     EUpdateConflict(const QString &AMessage, const TZtValues &AStored,
                     const std::vector<int> &AColumns)
@@ -26,7 +27,7 @@ private:
 
 /// Where the records of a dataset come from and go to. Records and columns are numbered from 0.
 /// What fails raises `EDatabaseError`, with the driver's own words where it has any.
-class TRecordSource {
+class ZT_DBEDITOR_EXPORT TRecordSource {
 public:
     TRecordSource() = default;
     virtual ~TRecordSource() = default;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "uZtExport.h"
 #include "uZtRecordSource.h"
 
 #include <QSqlDatabase>
@@ -9,7 +10,7 @@
 ///
 /// A record is found by the given key or the table's primary key, by all its columns where there is
 /// neither.
-class TSqlTableSource final : public TRecordSource {
+class ZT_DBEDITOR_EXPORT TSqlTableSource final : public TRecordSource {
 public:
     /// Raises when there is no such table or view, or no column of a name in `AKey`.
     TSqlTableSource(const QSqlDatabase &ADatabase, const QString &ATable,

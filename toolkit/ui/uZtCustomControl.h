@@ -1,5 +1,6 @@
 #pragma once
 
+#include "uZtExport.h"
 #include "uZtKeys.h"
 #include "uZtMessages.h"
 #include "uZtNotifier.h"
@@ -29,7 +30,7 @@ using TMouseMoveEvent = std::function<void(QObject *Sender, TShiftState Shift, i
 ///
 /// A handler may call every operation of the control, exchange itself, open message boxes, raise,
 /// and delete the control, which then goes when the event loop comes round and fires nothing more.
-class TCustomControl : public QWidget, public TZtNotifier {
+class ZT_EDITOR_EXPORT TCustomControl : public QWidget, public TZtNotifier {
     Q_OBJECT
     Q_PROPERTY(TBevelEdges BevelEdges READ GetBevelEdges WRITE SetBevelEdges)
     Q_PROPERTY(TBevelCut BevelInner READ GetBevelInner WRITE SetBevelInner)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "uZtExport.h"
+
 #include <QFlags>
 #include <QString>
 #include <QtGlobal>
@@ -29,15 +31,15 @@ inline constexpr quint16 None = 0, Back = 0x08, Tab = 0x09, Clear = 0x0C, Return
 constexpr quint16 Letter(char upper) { return quint16(upper); }
 } // namespace TZtKey
 
-TShiftState ZtShiftState(Qt::KeyboardModifiers AModifiers);
+ZT_EDITOR_EXPORT TShiftState ZtShiftState(Qt::KeyboardModifiers AModifiers);
 
 /// The key's virtual-key code, the numeric pad told apart from the rest; 0 for a key without one.
-quint16 ZtVirtualKey(const QKeyEvent &AEvent);
+ZT_EDITOR_EXPORT quint16 ZtVirtualKey(const QKeyEvent &AEvent);
 
 /// The modifiers that the key is pressed with. AltGr is none of them: what is typed with it comes
 /// with an empty state.
-TShiftState ZtShiftStateOf(const QKeyEvent &AEvent);
+ZT_EDITOR_EXPORT TShiftState ZtShiftStateOf(const QKeyEvent &AEvent);
 
 /// The characters that the key types: 13 for Return and Enter, 8 for Backspace, 9 for Tab; none for
 /// Delete, and none for a character key with Ctrl or Alt held.
-QString ZtCharactersOf(const QKeyEvent &AEvent);
+ZT_EDITOR_EXPORT QString ZtCharactersOf(const QKeyEvent &AEvent);

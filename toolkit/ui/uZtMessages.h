@@ -1,5 +1,7 @@
 #pragma once
 
+#include "uZtExport.h"
+
 #include <QEvent>
 #include <QtGlobal>
 
@@ -19,7 +21,7 @@ enum class TZtMsg : quint32 {
 };
 
 /// A message on its way to a control.
-class TZtMessage : public QEvent {
+class ZT_EDITOR_EXPORT TZtMessage : public QEvent {
 public:
     TZtMessage(quint32 AMsg, quint64 AWParam, qint64 ALParam)
         : QEvent(EventType()), Msg(AMsg), WParam(AWParam), LParam(ALParam)
@@ -34,9 +36,11 @@ public:
 };
 
 /// Puts a message into the event queue of `AControl`; it is handled after the current event.
-void ZtPostMessage(QWidget *AControl, quint32 AMsg, quint64 AWParam = 0, qint64 ALParam = 0);
+ZT_EDITOR_EXPORT void ZtPostMessage(QWidget *AControl, quint32 AMsg, quint64 AWParam = 0,
+                                    qint64 ALParam = 0);
 /// Delivers a message at once and returns its result.
-qint64 ZtSendMessage(QWidget *AControl, quint32 AMsg, quint64 AWParam = 0, qint64 ALParam = 0);
+ZT_EDITOR_EXPORT qint64 ZtSendMessage(QWidget *AControl, quint32 AMsg, quint64 AWParam = 0,
+                                      qint64 ALParam = 0);
 
 inline void ZtPostMessage(QWidget *AControl, TZtMsg AMsg, quint64 AWParam = 0, qint64 ALParam = 0)
 {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "uZtExport.h"
 #include "uZtKeys.h"
 
 #include <QString>
@@ -32,9 +33,9 @@ struct TZtPlatform {
 };
 
 /// The services in use.
-TZtPlatform &ZtPlatform();
+ZT_EDITOR_EXPORT TZtPlatform &ZtPlatform();
 /// The services as they are without a replacement.
-TZtPlatform ZtDefaultPlatform();
+ZT_EDITOR_EXPORT TZtPlatform ZtDefaultPlatform();
 
 /// A modal notice with OK. An empty caption means the application's name.
 inline void ZtMsgBoxInfo(const QString &AText, const QString &ACaption)
@@ -64,13 +65,13 @@ inline int ZtMsgBoxYesNoCancel(const QString &AText, const QString &ACaption)
 }
 
 /// The words of what is handled now by a `catch` block, for a user; empty for the silent abort.
-QString ZtCurrentExceptionMessage();
+ZT_EDITOR_EXPORT QString ZtCurrentExceptionMessage();
 
 /// Reports an exception that reached a control's event boundary. The silent abort says nothing.
-void ZtHandleException(std::exception_ptr AException);
+ZT_EDITOR_EXPORT void ZtHandleException(std::exception_ptr AException);
 
 /// While it lives, `KeyboardShift` answers with the state that came with the event being handled.
-class TZtEventShift {
+class ZT_EDITOR_EXPORT TZtEventShift {
 public:
     explicit TZtEventShift(Qt::KeyboardModifiers AModifiers);
     ~TZtEventShift();

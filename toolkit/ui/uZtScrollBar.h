@@ -1,5 +1,6 @@
 #pragma once
 
+#include "uZtExport.h"
 #include "uZtStringList.h"
 
 #include <QScrollBar>
@@ -11,7 +12,7 @@ enum class TScrollBarKind : quint8 { sbHorizontal, sbVertical };
 /// A scroll bar whose position runs from 0 to `Max`. The page size sets the thumb's length and is
 /// kept as it was given, also when it is negative or larger than the range. The bar is drawn again
 /// when its thumb moves by a pixel: in a long text most changes of the range do not.
-class TScrollBar : public QScrollBar {
+class ZT_EDITOR_EXPORT TScrollBar : public QScrollBar {
     Q_OBJECT
 
 public:
