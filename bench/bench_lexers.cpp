@@ -15,7 +15,7 @@ QStringList ExampleLines(const TZtTokenLanguage &ALanguage, qsizetype &ASize)
     const QDir folder(QStringLiteral(ZT_SOURCE_DIR "/examples/") + QLatin1String(ALanguage.Name));
     QStringList once;
     const QStringList names =
-        folder.entryList(QStringList(QLatin1String("*.") + QLatin1String(ALanguage.Extension)));
+        folder.entryList(QStringList(QLatin1String("*.") + ALanguage.Extension()));
     for (const QString &name : names) {
         QFile file(folder.filePath(name));
         if (file.open(QIODevice::ReadOnly))

@@ -366,8 +366,12 @@ void TDbDocument::ShowRecord()
 
 void TDbDocument::ShowLanguage()
 {
-    if (const TField *field = FDataSet.FindField(QStringLiteral("language")))
-        SetLanguage(ZtLanguageOfName(field->GetText()));
+    if (const TField *field = FDataSet.FindField(QStringLiteral("language"))) {
+        // A name or, as others write it, an extension.
+        const QString text = field->GetText();
+        const TZtLanguage *named = ZtFindLanguage(text);
+        SetLanguage(named ? *named : ZtLanguageOfFile(QLatin1Char('.') + text));
+    }
     Q_EMIT Changed();
 }
 

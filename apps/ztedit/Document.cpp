@@ -53,7 +53,7 @@ void ZtSetLines(const TZtStringStream &AStream, TStringList &ALines)
 }
 
 TDocument::TDocument(const QString &ATitle, QWidget *AParent)
-    : QWidget(AParent), FTitle(ATitle), FLanguage(&ZtLanguages()[0])
+    : QWidget(AParent), FTitle(ATitle), FLanguage(&ZtLanguages().front())
 {
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -105,7 +105,7 @@ try {
     TZtStringStream stream;
     stream.LoadFromFile(APath);
     state.SetContents(stream.Bytes());
-    const TLanguage &language = FPath.isEmpty() ? ZtLanguageOfFile(APath) : *FLanguage;
+    const TZtLanguage &language = FPath.isEmpty() ? ZtLanguageOfFile(APath) : *FLanguage;
     std::unique_ptr<TZtCodeEdit> editor = EditorOf(stream, language);
     QString path = QFileInfo(APath).absoluteFilePath();
     const bool focused = FEditor->hasFocus();
@@ -154,13 +154,13 @@ void TDocument::Restore(const TStringList &AText, const TZtTextFormat &AFormat)
 }
 
 std::unique_ptr<TZtCodeEdit> TDocument::EditorOf(const TZtStringStream &AStream,
-                                                 const TLanguage &ALanguage)
+                                                 const TZtLanguage &ALanguage)
 {
     if (!ZtHasMemory(AStream.LineEndings() * LineSize))
         throw std::bad_alloc();
     std::unique_ptr<TZtCodeEdit> editor(CreateCorrectedEditor());
     ZtSetLines(AStream, *editor->GetLines());
-    editor->SetParser(ALanguage.CreateParser ? ALanguage.CreateParser(editor.get()) : nullptr);
+    editor->SetLanguage(ALanguage.Name);
     editor->SetModified(false);
     editor->ClearUndo();
     return editor;
@@ -206,7 +206,7 @@ QList<TStatusText> TDocument::StatusTexts() const
     const int column = FEditor->GetCaretCell() + 1;
     return QList<TStatusText>{{tr("Line %1, column %2").arg(line).arg(column),
                                QStringLiteral("%1:%2").arg(line).arg(column)},
-                              ZtLanguageName(*FLanguage)} +
+                              ZtLanguageTitle(*FLanguage)} +
            StorageTexts();
 }
 
@@ -266,18 +266,10 @@ QByteArray TDocument::Encode(const TZtTextFormat &AFormat, std::vector<TZtLostCh
                          std::max(FState.Size(), LeastSize(*lines, AFormat)));
 }
 
-void TDocument::SetLanguage(const TLanguage &ALanguage)
+void TDocument::SetLanguage(const TZtLanguage &ALanguage)
 {
     FLanguage = &ALanguage;
-    const bool modified = IsModified();
-    // The states that the lines carry are those of the lexer before.
-    TStringList *lines = FEditor->GetLines();
-    lines->BeginUpdate();
-    for (int i = 0; i < lines->GetCount(); ++i)
-        lines->SetObjects(i, 0);
-    lines->EndUpdate();
-    FEditor->SetParser(ALanguage.CreateParser ? ALanguage.CreateParser(FEditor) : nullptr);
-    FEditor->SetModified(modified);
+    FEditor->SetLanguage(ALanguage.Name);
     Q_EMIT Changed();
 }
 

@@ -2,11 +2,11 @@
 
 #include "DocumentJournal.h"
 #include "FileState.h"
-#include "Languages.h"
 #include "StatusTexts.h"
 #include "ViewSettings.h"
 #include "uZtCorrections.h"
 #include "uZtDiagnostics.h"
+#include "uZtLanguages.h"
 #include "uZtStringStream.h"
 
 #include <QStringList>
@@ -78,8 +78,8 @@ public:
     /// Raises `std::bad_alloc` when there is no memory for them.
     QByteArray Encode(const TZtTextFormat &AFormat, std::vector<TZtLostChar> &ALost) const;
 
-    const TLanguage &Language() const { return *FLanguage; }
-    void SetLanguage(const TLanguage &ALanguage);
+    const TZtLanguage &Language() const { return *FLanguage; }
+    void SetLanguage(const TZtLanguage &ALanguage);
     /// Puts the caret into a line, counted from 1; beyond the last, into the last. So it is with
     /// the column, in UTF-16 units. The line comes into the middle of the view, unless the text
     /// begins or ends too near.
@@ -120,7 +120,7 @@ private:
     static TZtCorrections FCorrections;
     static TEditorView FView;
     std::unique_ptr<TZtCodeEdit> EditorOf(const TZtStringStream &AStream,
-                                          const TLanguage &ALanguage);
+                                          const TZtLanguage &ALanguage);
     void SetEditor(TZtCodeEdit *AEditor);
     TZtCodeEdit *CreateCorrectedEditor();
     void ShowDiagnostics();
@@ -133,7 +133,7 @@ private:
     // What was loaded, kept only when the lines do not give it back.
     QByteArray FLoadedBytes;
     std::vector<TZtDiagnostic> FDiagnostics; // as they were said, which was of the file
-    const TLanguage *FLanguage;
+    const TZtLanguage *FLanguage;
     TZtCodeEdit *FEditor = nullptr;
     QLayout *FEditorPlace;
 };

@@ -183,7 +183,9 @@ void TMainWindow::RefreshCommands()
     FReload->setEnabled(document && !document->Location().isEmpty());
     FLanguages->setEnabled(document);
     if (document)
-        FLanguages->actions().at(&document->Language() - ZtLanguages().data())->setChecked(true);
+        for (QAction *action : FLanguages->actions())
+            if (action->data() == document->Language().Name)
+                action->setChecked(true);
 }
 
 void TMainWindow::CreateMethodsMenu()
@@ -281,9 +283,10 @@ void TMainWindow::CreateLanguageMenu()
 {
     QMenu *menu = menuBar()->addMenu(tr("&Language"));
     FLanguages = new QActionGroup(this);
-    for (const TLanguage &language : ZtLanguages()) {
-        QAction *action = menu->addAction(ZtLanguageName(language));
+    for (const TZtLanguage &language : ZtLanguages()) {
+        QAction *action = menu->addAction(ZtLanguageTitle(language));
         action->setCheckable(true);
+        action->setData(language.Name);
         FLanguages->addAction(action);
         const auto choose = TZtGuarded([this, &language] {
             if (TDocument *document = CurrentDocument())

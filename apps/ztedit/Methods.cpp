@@ -9,7 +9,7 @@
 
 std::unique_ptr<TZtLangParser> ZtScriptLexerOf(const TDocument &ADocument)
 {
-    const TLanguage &language = ADocument.Language();
+    const TZtLanguage &language = ADocument.Language();
     std::unique_ptr<TZtLangParser> lexer(language.CreateParser ? language.CreateParser(nullptr)
                                                                : nullptr);
     if (!qobject_cast<TZtCodeVBParser *>(lexer.get()) &&

@@ -1,7 +1,5 @@
 #include "Tokens.h"
 
-#include "Languages.h"
-
 #include "uZtException.h"
 #include "uZtStringList.h"
 #include "uZtStringStream.h"
@@ -33,8 +31,7 @@ QStringList LinesOf(const QString &APath)
 void ZtPrintTokens(const QString &APath, FILE *ATo)
 {
     const QStringList lines = LinesOf(APath);
-    const QString extension = ZtUsualExtension(ZtLanguageOfFile(APath));
-    const TZtTokenLanguage *language = ZtTokenLanguageOf(QLatin1Char('.') + extension);
+    const TZtTokenLanguage *language = ZtTokenLanguageOf(APath);
     if (!language)
         throw EZtException(Tr("\"%1\" is in no language that has tokens.").arg(APath));
     const auto reader = language->CreateReader();

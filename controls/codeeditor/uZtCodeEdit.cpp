@@ -5,6 +5,7 @@
 #include "uZtEditExtras.h"
 #include "uZtEditedText.h"
 #include "uZtHighlighter.h"
+#include "uZtLanguages.h"
 #include "uZtPlatform.h"
 
 #include <QFont>
@@ -67,9 +68,9 @@ TZtCodeEdit::~TZtCodeEdit()
     DetachText();
     FHScrollBar->OnChange = nullptr;
     FVScrollBar->OnChange = nullptr;
-    if (FParser && FParser->parent() == this)
-        delete FParser;
-    FParser = nullptr;
+    TZtLangParser *parser = std::exchange(FParser, nullptr);
+    if (parser && parser->parent() == this)
+        delete parser;
     delete FCaret;
     FCaret = nullptr;
 }
@@ -98,6 +99,52 @@ void TZtCodeEdit::SetParser(TZtLangParser *Value)
     ColourParser();
     FExtras->TextAttached();
     Redraw();
+    TellLanguage();
+}
+
+QString TZtCodeEdit::GetLanguage() const
+{
+    return FParser && !FParser->IsAbandoned() ? ZtLanguageNameOf(FParser) : QString();
+}
+
+void TZtCodeEdit::SetLanguage(const QString &Value)
+{
+    if (Value.compare(GetLanguage(), Qt::CaseInsensitive) == 0)
+        return;
+    const TZtLanguage *language = ZtFindLanguage(Value);
+    if (!language)
+        throw EZtParser(tr("There is no language \"%1\".").arg(Value));
+    TZtLangParser *parser = language->CreateParser ? language->CreateParser(this) : nullptr;
+    ForgetLineStates();
+    SetParser(parser);
+}
+
+// The property's setter: Qt's frames and the code that is made from a form must not be unwound.
+void TZtCodeEdit::StoreLanguage(const QString &Value)
+{
+    try {
+        SetLanguage(Value);
+    } catch (const std::exception &fault) {
+        qWarning("%s: %s", metaObject()->className(), fault.what());
+    }
+}
+
+// What a paint has left in the lines are the states of another lexer.
+void TZtCodeEdit::ForgetLineStates()
+{
+    const QScopedValueRollback inPaint(InPaint, true); // the text stays as it is
+    for (int i = 0; i < FLines->GetCount(); ++i)
+        if (FLines->GetObjects(i) != 0)
+            FLines->SetObjects(i, 0);
+}
+
+void TZtCodeEdit::TellLanguage()
+{
+    QString language = GetLanguage();
+    if (language == FLanguage)
+        return;
+    FLanguage = std::move(language);
+    Tell([this] { Q_EMIT languageChanged(); });
 }
 
 void TZtCodeEdit::SetPopupMenu(QMenu *Value)
@@ -310,9 +357,12 @@ void TZtCodeEdit::Notification(QObject *AComponent, TOperation Operation)
     TCustomControl::Notification(AComponent, Operation);
     if (Operation != TOperation::opRemove)
         return;
-    if (AComponent == FParser)
+    if (AComponent == FParser) {
         FParser = nullptr;
-    else if (AComponent == FPopupMenu)
+        // Later: whoever takes the lexer away may take all of a form away.
+        QMetaObject::invokeMethod(
+            this, [this] { TellLanguage(); }, Qt::QueuedConnection);
+    } else if (AComponent == FPopupMenu)
         FPopupMenu = nullptr;
 }
 

@@ -122,6 +122,7 @@ class ZT_EDITOR_EXPORT TZtCodeEdit : public TCustomControl,
     Q_PROPERTY(TBorderStyle BorderStyle READ GetBorderStyle WRITE SetBorderStyle)
     Q_PROPERTY(TStringList *Lines READ GetLines WRITE SetLines)
     Q_PROPERTY(TZtLangParser *Parser READ GetParser WRITE SetParser)
+    Q_PROPERTY(QString Language READ GetLanguage WRITE StoreLanguage NOTIFY languageChanged)
     Q_PROPERTY(QMenu *PopupMenu READ GetPopupMenu WRITE SetPopupMenu)
     Q_PROPERTY(int GuttorWidth READ GetGuttorWidth WRITE SetGuttorWidth)
     Q_PROPERTY(int RightMargin READ GetRightMargin WRITE SetRightMargin)
@@ -168,6 +169,14 @@ public:
     TZtLangParser *GetParser();
     /// A parser that the editor made itself is freed; the host's stay the host's.
     void SetParser(TZtLangParser *Value);
+    /// The name of the lexer's language, also of a lexer that the host attached; empty for plain
+    /// text.
+    QString GetLanguage() const;
+    /// Attaches a lexer of the language of this name, letter case apart (see `uZtLanguages.h`),
+    /// which the editor owns; plain text for an empty name. A lexer of that language stays. Raises
+    /// `EZtParser` for a name that is not known; nothing is changed then. Set as a property of the
+    /// object it raises nothing, but prints a warning.
+    void SetLanguage(const QString &Value);
     QMenu *GetPopupMenu() const { return FPopupMenu; }
     /// The menu of a right click.
     void SetPopupMenu(QMenu *Value);
@@ -483,6 +492,8 @@ public:
 Q_SIGNALS:
     void textChanged();
     void cursorPositionChanged();
+    /// The lexer is of another language now.
+    void languageChanged();
 
 protected:
     bool event(QEvent *AEvent) override;
@@ -506,6 +517,10 @@ private:
 
     class TFollower;
 
+    // languages
+    void StoreLanguage(const QString &Value);
+    void ForgetLineStates();
+    void TellLanguage();
     // corrections
     bool MayEdit() const { return !IsCorrected(TZtCorrection::zcReadOnly) || !GetReadOnly(); }
     template <typename TStep> void Operate(TStep AStep);
@@ -681,6 +696,7 @@ private:
     int FLinePos = 0;
     int FGuttorWidth = 20;
     TZtLangParser *FParser = nullptr;
+    QString FLanguage; // told last
     int FParserLineNr = 0;
     int FParserColumn = 0; // of the line before, where its next piece begins; 0 without one
     TZtCaret *FCaret;

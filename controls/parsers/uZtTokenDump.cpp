@@ -5,6 +5,7 @@
 #include "uZtCodeSqlParser.h"
 #include "uZtCodeVBParser.h"
 #include "uZtCodeXmlParser.h"
+#include "uZtLanguages.h"
 
 #include <algorithm>
 
@@ -52,9 +53,9 @@ private:
 };
 
 template <typename TParser, auto EndOfFile>
-constexpr TZtTokenLanguage Language(const char *AName, const char *AExtension)
+constexpr TZtTokenLanguage Language(const char *AName, const char *ALanguage)
 {
-    return {AName, AExtension,
+    return {AName, ALanguage,
             []() -> std::unique_ptr<TZtLangParser> { return std::make_unique<TParser>(); },
             []() -> std::unique_ptr<TZtTokenReader> {
                 return std::make_unique<TReader<TParser, EndOfFile>>();
@@ -62,11 +63,11 @@ constexpr TZtTokenLanguage Language(const char *AName, const char *AExtension)
 }
 
 constexpr TZtTokenLanguage Languages[] = {
-    Language<TZtCodePascalParser, TPascalToken::ptEndOfFile>("pascal", "pas"),
-    Language<TZtCodeVBParser, TVBToken::vtEndOfFile>("vb", "vbs"),
-    Language<TZtCodeJSParser, TJSToken::vtEndOfFile>("js", "js"),
-    Language<TZtCodeXMLParser, TZtXmlToken::vtEndOfFile>("xml", "xml"),
-    Language<TZtCodeSqlParser, TZtSqlToken::vtEndOfFile>("sql", "sql"),
+    Language<TZtCodePascalParser, TPascalToken::ptEndOfFile>("pascal", "Pascal"),
+    Language<TZtCodeVBParser, TVBToken::vtEndOfFile>("vb", "Visual Basic"),
+    Language<TZtCodeJSParser, TJSToken::vtEndOfFile>("js", "JavaScript"),
+    Language<TZtCodeXMLParser, TZtXmlToken::vtEndOfFile>("xml", "XML"),
+    Language<TZtCodeSqlParser, TZtSqlToken::vtEndOfFile>("sql", "Sql"),
 };
 
 bool NeedsEscape(QChar C)
@@ -132,13 +133,18 @@ QString TZtTokenRecord::ToString() const
            text + u'"';
 }
 
+QString TZtTokenLanguage::Extension() const
+{
+    return ZtFindLanguage(QLatin1String(Language))->Extensions.front();
+}
+
 std::span<const TZtTokenLanguage> ZtTokenLanguages() { return Languages; }
 
 const TZtTokenLanguage *ZtTokenLanguageOf(const QString &AFileName)
 {
-    const QString extension = AFileName.section(u'.', -1).toLower();
+    const QString &name = ZtLanguageOfFile(AFileName).Name;
     const auto *found = std::ranges::find_if(Languages, [&](const TZtTokenLanguage &language) {
-        return extension == QLatin1String(language.Extension);
+        return name == QLatin1String(language.Language);
     });
     return found == std::end(Languages) ? nullptr : found;
 }

@@ -42,13 +42,16 @@ public:
 };
 
 struct ZT_PARSERS_EXPORT TZtTokenLanguage {
-    const char *Name;      ///< also the folder of its example texts
-    const char *Extension; ///< of its source files, in lower case
+    const char *Name;     ///< the folder of its example texts
+    const char *Language; ///< its name among `ZtLanguages`
     std::unique_ptr<TZtLangParser> (*CreateParser)();
     std::unique_ptr<TZtTokenReader> (*CreateReader)();
+    /// The usual one of its source files.
+    QString Extension() const;
 };
 
-/// Every language with a lexer, and the one for a file's name (null for none).
+/// Every language whose lexer can be asked for its tokens, and the one for a file's name (null for
+/// none).
 ZT_PARSERS_EXPORT std::span<const TZtTokenLanguage> ZtTokenLanguages();
 ZT_PARSERS_EXPORT const TZtTokenLanguage *ZtTokenLanguageOf(const QString &AFileName);
 

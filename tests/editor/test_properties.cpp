@@ -1,5 +1,6 @@
 #include "uZtClassRegistry.h"
 #include "uZtCodeEdit.h"
+#include "uZtCodeSqlParser.h"
 
 #include <QMenu>
 
@@ -65,6 +66,65 @@ TEST(Properties, WhoseTheParserIs)
     host->ResetBuffer();
     EXPECT_EQ(host->ReadChar(), u'\0') << "the source went with the editor";
     delete host;
+}
+
+TEST(Properties, LanguageIsTheLexers)
+{
+    TZtCodeEdit editor;
+    editor.resize(300, 200);
+    editor.show();
+    int told = 0, changed = 0;
+    QObject::connect(&editor, &TZtCodeEdit::languageChanged, &editor, [&] { ++told; });
+    const auto isTold = [&](const char *language) {
+        QCoreApplication::processEvents();
+        EXPECT_EQ(editor.GetLanguage(), language);
+        return std::exchange(told, 0) == 1;
+    };
+    EXPECT_EQ(editor.GetLanguage(), "");
+    editor.SetLanguage("javascript");
+    EXPECT_TRUE(isTold("JavaScript"));
+    EXPECT_EQ(editor.GetParser()->parent(), &editor);
+
+    // A paint has left states in the lines, which are not those of another lexer.
+    editor.SetText("/* a\n b\n c */");
+    editor.SetModified(false);
+    editor.grab();
+    EXPECT_NE(editor.GetLines()->GetObjects(1), 0);
+    QObject::connect(&editor, &TZtCodeEdit::textChanged, &editor, [&] { ++changed; });
+    const QPointer<TZtLangParser> lexer = editor.GetParser();
+    editor.SetLanguage("JavaScript");
+    EXPECT_THROW(editor.SetLanguage("unheard of"), EZtParser);
+    editor.setProperty("Language", "unheard of");
+    EXPECT_TRUE(lexer && lexer == editor.GetParser() && told == 0);
+    editor.setProperty("Language", "XML");
+    EXPECT_TRUE(isTold("XML"));
+    EXPECT_FALSE(lexer);
+    EXPECT_EQ(editor.GetLines()->GetObjects(1), 0);
+    EXPECT_FALSE(editor.GetModified() || changed);
+
+    auto host = std::make_unique<TZtCodeSqlParser>();
+    editor.SetParser(host.get());
+    EXPECT_TRUE(isTold("Sql"));
+    host.reset();
+    EXPECT_TRUE(isTold(""));
+    editor.SetLanguage("Pascal");
+    editor.SetLanguage("");
+    EXPECT_EQ(told, 2);
+    EXPECT_TRUE(IsPlain(editor.GetParser()));
+}
+
+TEST(Properties, AFormMayGoWithItsEditor)
+{
+    int told = 0;
+    auto form = std::make_unique<QWidget>();
+    auto *editor = new TZtCodeEdit(form.get());
+    auto *bound = new TZtCodeEdit(form.get());
+    editor->SetLanguage("Pascal");
+    bound->SetParser(new TZtCodeSqlParser(form.get()));
+    for (TZtCodeEdit *edit : {editor, bound})
+        QObject::connect(edit, &TZtCodeEdit::languageChanged, form.get(), [&] { ++told; });
+    form.reset();
+    EXPECT_EQ(told, 0);
 }
 
 TEST(Properties, ModifiedAndLoaded)

@@ -177,7 +177,7 @@ void THostSession::AddTextWords()
         Editor()->InsertText(TZtChangeType::ctPaste, QString::fromUtf8(BytesOf(text)));
     };
     Words[u"menu"_s] = [this](auto &name) { ChooseInMenu(name); };
-    Words[u"language"_s] = [this](auto &) { Say(QLatin1StringView(Document()->Language().Name)); };
+    Words[u"language"_s] = [this](auto &) { Say(ZtLanguageTitle(Document()->Language())); };
     Words[u"text"_s] = [this](auto &) { Say(Text()); };
     Words[u"caret"_s] = [this](auto &) { Say(QString::number(Editor()->GetLinePos())); };
     Words[u"canundo"_s] = [this](auto &) { Say(Editor()->GetCanUndo()); };

@@ -1,5 +1,6 @@
 #include "lexing.h"
 #include "uZtClassRegistry.h"
+#include "uZtLanguages.h"
 
 #include <gtest/gtest.h>
 
@@ -92,6 +93,48 @@ TEST(ParserBase, PlainTextGivesWholeLines)
         EXPECT_EQ(lineBreak, atBreak);
         EXPECT_TRUE(background == clWindow && color == clWindowText && !style);
     }
+}
+
+TEST(Languages, AreFoundByNameAndFile)
+{
+    EXPECT_EQ(ZtLanguages().front().Name, "");
+    for (const TZtLanguage &language : ZtLanguages()) {
+        const std::unique_ptr<TZtLangParser> parser(
+            language.CreateParser ? language.CreateParser(nullptr) : new TZtLangParser);
+        EXPECT_EQ(ZtLanguageNameOf(parser.get()), language.Name);
+        EXPECT_EQ(ZtFindLanguage(language.Name.toUpper()), &language);
+        for (const QString &extension : language.Extensions)
+            EXPECT_EQ(&ZtLanguageOfFile("/a.b/C." + extension.toUpper()), &language);
+    }
+    for (const char *name : {"a.txt", "pas", "a.pas/b", "", "a."})
+        EXPECT_EQ(ZtLanguageOfFile(name).Name, "") << name;
+    EXPECT_FALSE(ZtFindLanguage("unheard of"));
+    EXPECT_EQ(ZtLanguageNameOf(nullptr), "");
+}
+
+class THostsLexer final : public TZtLangParser {
+public:
+    using TZtLangParser::TZtLangParser;
+    QString GetLanguage() const override { return "Own"; }
+};
+
+TEST(Languages, AHostAddsAndReplaces)
+{
+    const auto create = [](QObject *owner) { return new THostsLexer(owner); };
+    const TZtLanguage &pascal = *ZtFindLanguage("Pascal");
+    const TZtLanguage before = pascal;
+    EXPECT_THROW(ZtRegisterLanguage({"Own", {}, {}, {}}), EZtParser);
+    EXPECT_THROW(ZtRegisterLanguage({{}, "Own", {}, create}), EZtParser);
+    ZtRegisterLanguage({"Own", {}, {"own", "inc"}, create});
+    ZtRegisterLanguage({"own", "Our own", {"own", "inc"}, create});
+    EXPECT_EQ(ZtLanguages().back().Title, "Our own");
+    EXPECT_EQ(ZtLanguages().size(), 7U);
+    EXPECT_EQ(ZtLanguageOfFile("a.inc").Title, "Our own") << "the last one counts";
+    ZtRegisterLanguage({"pascal", {}, {"p"}, create});
+    EXPECT_EQ(&ZtLanguageOfFile("a.p"), &pascal);
+    EXPECT_EQ(&ZtLanguageOfFile("a.pas"), &ZtLanguages().front());
+    ZtRegisterLanguage(before);
+    EXPECT_EQ(&ZtLanguageOfFile("a.pas"), &pascal);
 }
 
 // The paint hook sees what a row of a script claims twice.
