@@ -5,7 +5,7 @@
 # Liberation Mono stands in for Courier New, with the same widths; DejaVu draws the menus.
 build_packages='g++ cmake ninja-build qt6-base-dev qt6-svg-dev libqt6sql6-sqlite libicu-dev
     fontconfig fonts-liberation fonts-dejavu-core'
-test_packages='libgtest-dev xvfb xdotool'
+test_packages='libgtest-dev qt6-tools-dev libqt6opengl6-dev xvfb xdotool'
 
 elsewhere='a C++20 compiler, CMake 3.25, Ninja, Qt 6.4 (Widgets, Svg, and Sql with SQLite), ICU, GoogleTest, the Liberation fonts, and Xvfb and xdotool'
 build_folder="$root/build/release"

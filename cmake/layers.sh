@@ -14,11 +14,12 @@ controls/view       controls/text controls/parsers toolkit/ui toolkit/core
 controls/codeeditor controls/view controls/text controls/parsers toolkit/ui toolkit/core
 controls/dbeditor   controls/codeeditor controls/view controls/text controls/parsers toolkit/db toolkit/ui toolkit/core
 controls/package    controls/dbeditor controls/codeeditor controls/view controls/text controls/parsers toolkit/db toolkit/ui toolkit/core
+designer            controls/dbeditor controls/codeeditor controls/view controls/text controls/parsers toolkit/db toolkit/ui toolkit/core
 apps/ztedit         controls/dbeditor controls/codeeditor controls/view controls/text controls/parsers toolkit/db toolkit/ui toolkit/core'
 
 files=$(mktemp)
 trap 'rm -f "$files"' EXIT
-find toolkit controls apps \( -name '*.h' -o -name '*.cpp' \) | sort >"$files"
+find toolkit controls apps designer \( -name '*.h' -o -name '*.cpp' \) | sort >"$files"
 
 # "file included-header" for each quoted include, checked against the table; what is left for the
 # search of circles is "unit included-unit".

@@ -18,8 +18,9 @@
 /// and only what changes the text enters edit state.
 class ZT_DBEDITOR_EXPORT TZtDbCodeEdit : public TZtCodeEdit {
     Q_OBJECT
+    Q_PROPERTY(QString Text READ GetText WRITE SetText STORED false DESIGNABLE false)
     Q_PROPERTY(QString DataField READ GetDataField WRITE SetDataField)
-    Q_PROPERTY(TDataSource *DataSource READ GetDataSource WRITE SetDataSource)
+    Q_PROPERTY(TDataSource *DataSource READ GetDataSource WRITE SetDataSource DESIGNABLE false)
     Q_PROPERTY(bool UndoPosts READ GetUndoPosts WRITE SetUndoPosts)
 
 public:

@@ -38,13 +38,13 @@ class ZT_EDITOR_EXPORT TCustomControl : public QWidget, public TZtNotifier {
     Q_PROPERTY(TBevelKind BevelKind READ GetBevelKind WRITE SetBevelKind)
     Q_PROPERTY(int BevelWidth READ GetBevelWidth WRITE SetBevelWidth)
     Q_PROPERTY(bool Ctl3D READ GetCtl3D WRITE SetCtl3D)
-    Q_PROPERTY(TAlign Align READ GetAlign WRITE SetAlign)
-    Q_PROPERTY(TAnchors Anchors READ GetAnchors WRITE SetAnchors)
-    Q_PROPERTY(QFont Font READ GetFont WRITE SetFont)
-    Q_PROPERTY(int Left READ GetLeft WRITE SetLeft STORED false)
-    Q_PROPERTY(int Top READ GetTop WRITE SetTop STORED false)
-    Q_PROPERTY(int Width READ GetWidth WRITE SetWidth)
-    Q_PROPERTY(int Height READ GetHeight WRITE SetHeight)
+    Q_PROPERTY(TAlign Align READ GetAlign WRITE SetAlign DESIGNABLE false)
+    Q_PROPERTY(TAnchors Anchors READ GetAnchors WRITE SetAnchors DESIGNABLE false)
+    Q_PROPERTY(QFont Font READ GetFont WRITE SetFont DESIGNABLE false)
+    Q_PROPERTY(int Left READ GetLeft WRITE SetLeft STORED false DESIGNABLE false)
+    Q_PROPERTY(int Top READ GetTop WRITE SetTop STORED false DESIGNABLE false)
+    Q_PROPERTY(int Width READ GetWidth WRITE SetWidth DESIGNABLE false)
+    Q_PROPERTY(int Height READ GetHeight WRITE SetHeight DESIGNABLE false)
 
 public:
     enum class TBevelEdge : quint8 { beLeft = 1, beTop = 2, beRight = 4, beBottom = 8 };
