@@ -25,17 +25,18 @@ function(zt_precompile name)
   endif()
 endfunction()
 
-# zt_library(NAME [PART part] SOURCES ... LINK ...): a layer. Its folder is its public include path,
+# zt_library(NAME [PART part] SOURCES ... HEADERS ... LINK ...): a layer. Its folder is its public include path,
 # so that a unit can include only the layers that its target links. A layer is always static, so that
 # tests see what is not exported; its objects make the library of its PART, whose declarations it
-# exports (uZtExport.h).
+# exports (uZtExport.h), with HEADERS to be installed.
 function(zt_library name)
-  cmake_parse_arguments(arg "" "PART" "SOURCES;LINK" ${ARGN})
+  cmake_parse_arguments(arg "" "PART" "SOURCES;HEADERS;LINK" ${ARGN})
   add_library(${name} STATIC ${arg_SOURCES})
   target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
   target_link_libraries(${name} PUBLIC ${arg_LINK} PRIVATE zt_options)
   target_compile_features(${name} PUBLIC cxx_std_20)
   set_target_properties(${name} PROPERTIES
+    ZT_HEADERS "${arg_HEADERS}"
     POSITION_INDEPENDENT_CODE ON
     CXX_VISIBILITY_PRESET hidden
     VISIBILITY_INLINES_HIDDEN ON)
@@ -54,7 +55,7 @@ endfunction()
 function(zt_test name)
   cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
-  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${name} PRIVATE ${arg_LINK} zt_options GTest::gtest)
   zt_precompile(${name} <gtest/gtest.h>)
   add_test(NAME ${name} COMMAND ${name})

@@ -1,12 +1,15 @@
 #include "uZtCodeEdit.h"
 
 #include "fZtCodeEditSearchReplaceDlg.h"
+#include "uZtCaret.h"
 #include "uZtClassRegistry.h"
 #include "uZtEditExtras.h"
 #include "uZtEditedText.h"
+#include "uZtFrame.h"
 #include "uZtHighlighter.h"
 #include "uZtLanguages.h"
 #include "uZtPlatform.h"
+#include "uZtUndoHistory.h"
 
 #include <QFont>
 #include <QScopeGuard>
@@ -37,7 +40,9 @@ QFont DefaultFont()
 
 } // namespace
 
-TZtCodeEdit::TZtCodeEdit(QWidget *AOwner) : TCustomControl(AOwner)
+TZtCodeEdit::TZtCodeEdit(QWidget *AOwner)
+    : TCustomControl(AOwner), FFrame(std::make_unique<TZtFrame>()),
+      FUndoBytes(TZtUndoHistory::DefaultBytes)
 {
     resize(100, 100);
     FScollLines = ZtPlatform().WheelLines();

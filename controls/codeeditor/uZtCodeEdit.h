@@ -1,7 +1,6 @@
 #pragma once
 
 #include "uZtBufferSearch.h"
-#include "uZtCaret.h"
 #include "uZtCells.h"
 #include "uZtCodeParser.h"
 #include "uZtColorScheme.h"
@@ -9,10 +8,9 @@
 #include "uZtCustomControl.h"
 #include "uZtExport.h"
 #include "uZtExtras.h"
-#include "uZtFrame.h"
 #include "uZtScrollBar.h"
 #include "uZtStringList.h"
-#include "uZtUndoHistory.h"
+#include "uZtTextPainter.h"
 #include "uZtUndoList.h"
 #include "uZtViewHost.h"
 
@@ -80,11 +78,22 @@ struct ZT_EDITOR_EXPORT TZtSearchReplaceOptions {
 
 class QHelpEvent;
 class TFrmCodeEditSearchReplaceDlg;
+class TZtCaret;
 class TZtEditExtras;
 class TZtEditedText;
+class TZtFrame;
+class TZtGuttor;
 class TZtHighlighter;
+class TZtMarkColumn;
+class TZtUndoHistory;
+enum class TZtUndoJoin : quint8;
+struct TZtDecorationStyle;
+struct TZtGuttorSight;
 struct TZtLineLook;
+struct TZtPaintRow;
+struct TZtPieceMarks;
 struct TZtTextMarks;
+struct TZtViewState;
 
 /// The X of a selection point that means "up to the end of the line".
 inline constexpr int ZtEndOfLine = std::numeric_limits<int>::max();
@@ -279,7 +288,7 @@ public:
     virtual void Undo();
     /// With `zcUndo`: makes the change again that was taken back last.
     virtual void Redo();
-    bool GetCanRedo() const { return IsCorrected(TZtCorrection::zcUndo) && FHistory->CanRedo(); }
+    bool GetCanRedo() const;
     /// Forgets what could be undone and redone.
     void ClearUndo();
     /// Between these, with `zcUndo`, all changes are one step of undo and, with `zcEvents`, of
@@ -367,7 +376,7 @@ public:
     /// smaller.
     void DarkenColor(TColor &Color, bool Apply, int Percent) const;
     /// A copy of the screen lines as the last paint drew them, from the top of the control.
-    std::vector<TZtPaintRow> PaintedRows() const { return FFrame.Rows(); }
+    std::vector<TZtPaintRow> PaintedRows() const;
 
     // === uZtCodeEditCaret.cpp: the caret's place
     // ==================================================
@@ -730,7 +739,7 @@ private:
     bool FSearchGiven = false;  // by the host, without the dialog
     bool FReplacingAll = false; // a chain of posted steps runs: not every step is painted
     QElapsedTimer FLastPaint;
-    TZtFrame FFrame;
+    std::unique_ptr<TZtFrame> FFrame;
     TZtTextPainter FMetrics; // the font's measures between two paints
     QString FComposition;    // an input method's text that is not committed yet
     QChar FHighSurrogate;    // typed, waiting for its other half
@@ -756,18 +765,18 @@ private:
     std::shared_ptr<TZtHighlighter> FHighlighter; // with zcPicture
     std::shared_ptr<TFollower> FFollower;
     TZtSearchMessageEvent FOnSearchMessage;
-    qint64 FUndoBytes = TZtUndoHistory::DefaultBytes;
+    qint64 FUndoBytes;
     bool FUndoLoads = true;
     bool FCaretCarried = false; // along with the text, which is not told yet
     int FOperations = 0;        // that are under way, one in the other
-    TZtUndoJoin FJoin = TZtUndoJoin::ujAlone;
-    quint64 FToldVersion = 0;  // of the text, when OnChange was fired last
-    int FWantedCell = -1;      // where Up and Down would like to be
-    int FLongest = 0;          // of the lines shown so far, in cells
-    bool FRedraws = false;     // the editor itself asks for a paint
-    QBasicTimer FIdle;         // while there are states to be found
-    int FIdleDelay = 0;        // that it was started with
-    quint64 FShownColours = 0; // the highlighter's revision at the last paint
+    TZtUndoJoin FJoin{};        // alone
+    quint64 FToldVersion = 0;   // of the text, when OnChange was fired last
+    int FWantedCell = -1;       // where Up and Down would like to be
+    int FLongest = 0;           // of the lines shown so far, in cells
+    bool FRedraws = false;      // the editor itself asks for a paint
+    QBasicTimer FIdle;          // while there are states to be found
+    int FIdleDelay = 0;         // that it was started with
+    quint64 FShownColours = 0;  // the highlighter's revision at the last paint
     QElapsedTimer FSinceDblClick;
     QPoint FPressPlace;
     QPoint FDblClickPlace;

@@ -1,5 +1,7 @@
 #include "uZtCodeEdit.h"
 
+#include "uZtCaret.h"
+
 using enum TZtCorrection;
 
 void TZtCodeEdit::ResetCaret()

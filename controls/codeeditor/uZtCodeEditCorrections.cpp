@@ -299,6 +299,8 @@ bool TZtCodeEdit::GetCanUndo() const
     return IsCorrected(zcUndo) ? FHistory->CanUndo() : FUndoList->GetCount() > 0;
 }
 
+bool TZtCodeEdit::GetCanRedo() const { return IsCorrected(zcUndo) && FHistory->CanRedo(); }
+
 void TZtCodeEdit::Undo()
 {
     if (!MayEdit() || !GetCanUndo())

@@ -1,5 +1,6 @@
 #include "uZtCodeEditPass.h"
 
+#include "uZtCaret.h"
 #include "uZtEditExtras.h"
 #include "uZtEditedText.h"
 #include "uZtHighlighter.h"

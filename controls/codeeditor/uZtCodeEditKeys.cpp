@@ -1,7 +1,9 @@
 #include "uZtCodeEdit.h"
 
+#include "uZtCaret.h"
 #include "uZtEditExtras.h"
 #include "uZtIndentation.h"
+#include "uZtUndoHistory.h"
 #include "uZtWordScan.h"
 
 #include <QHelpEvent>

@@ -1,5 +1,6 @@
 #include "uZtCodeEdit.h"
 
+#include "uZtCaret.h"
 #include "uZtEditExtras.h"
 
 #include <QApplication>

@@ -1,5 +1,6 @@
 #include "uZtCodeEditPass.h"
 
+#include "uZtCaret.h"
 #include "uZtEditExtras.h"
 #include "uZtSystemColors.h"
 
@@ -88,7 +89,7 @@ void TZtCodeEdit::Paint()
             ComposeText();
         else
             ComposeLines();
-        FFrame.Finish();
+        FFrame->Finish();
     }
     CopyFrame();
     PaintCorners();
@@ -98,9 +99,9 @@ void TZtCodeEdit::Paint()
 
 bool TZtCodeEdit::BeginFrame()
 {
-    FFrame.TextPainter().SetFont(font());
-    SetCharWidth(FFrame.TextPainter().CharWidth());
-    SetLineWidth(FFrame.TextPainter().LineHeight());
+    FFrame->TextPainter().SetFont(font());
+    SetCharWidth(FFrame->TextPainter().CharWidth());
+    SetLineWidth(FFrame->TextPainter().LineHeight());
 
     using enum TZtViewColor;
     const auto color = [this](TColor c) { return ZtToQColor(c, palette()).rgb(); };
@@ -111,14 +112,14 @@ bool TZtCodeEdit::BeginFrame()
     const int margin = (FRightMargin - FHScrollBar->GetPosition()) * FCharWidth + ZtTextLeft;
     const bool marginShown = GetShowRightMargin() && margin > 0 && margin < GetClientWidth() - g;
     FExtras->Guttor().Arrange(GuttorSight());
-    FFrame.Begin({ClientArea().size(), devicePixelRatioF(), font(), g,
-                  marginShown ? g + margin : -1, color(back),
-                  own ? color(FRightMarginColor) : GetViewRgb(vcRightMargin), GetViewRgb(vcGuttor),
-                  FScheme || columns ? GetViewRgb(vcGuttor) : color(clBtnHighlight),
-                  FScheme || columns ? GetViewRgb(vcGuttorEdge) : color(clBtnShadow),
-                  IsCorrected(TZtCorrection::zcPicture),
-                  columns ? FExtras->GetGuttorLook() : TZtGuttorLook()},
-                 columns ? &FExtras->Guttor() : nullptr);
+    FFrame->Begin({ClientArea().size(), devicePixelRatioF(), font(), g,
+                   marginShown ? g + margin : -1, color(back),
+                   own ? color(FRightMarginColor) : GetViewRgb(vcRightMargin), GetViewRgb(vcGuttor),
+                   FScheme || columns ? GetViewRgb(vcGuttor) : color(clBtnHighlight),
+                   FScheme || columns ? GetViewRgb(vcGuttorEdge) : color(clBtnShadow),
+                   IsCorrected(TZtCorrection::zcPicture),
+                   columns ? FExtras->GetGuttorLook() : TZtGuttorLook()},
+                  columns ? &FExtras->Guttor() : nullptr);
     return FCharWidth > 0 && FLineWidth > 0;
 }
 
@@ -201,7 +202,7 @@ void TZtCodeEdit::ComposeLines()
             StartLine(pass);
         pass.Back = Shaded(pass.Back, FReadOnly);
         if (ParserLineCollapse)
-            FFrame.AddButton(pass.Row, !ParserLineCollapsed);
+            FFrame->AddButton(pass.Row, !ParserLineCollapsed);
         // A lexer may hand over the LF behind a CR. It belongs to no line and takes no column.
         const bool lineFeed = pass.AfterBreak && pass.Token == QLatin1StringView("\n");
         pass.AfterBreak = pass.LineBreak;
@@ -237,7 +238,7 @@ void TZtCodeEdit::StartLine(TPaintPass &APass)
             APass.LineColoured = true;
             APass.LineBack = back;
             APass.LineFore = fore;
-            FFrame.ColourRow(APass.Row, APass.X, APass.Rgb(back));
+            FFrame->ColourRow(APass.Row, APass.X, APass.Rgb(back));
         }
     }
     APass.LastLine = FParserLineNr;
@@ -247,7 +248,8 @@ void TZtCodeEdit::AddPiece(TPaintPass &APass, QStringView S, TColor AFore, TColo
 {
     const TColor fore = APass.LineColoured ? APass.LineFore : AFore;
     const TColor back = APass.LineColoured ? APass.LineBack : ABack;
-    APass.X += FFrame.AddText(APass.Row, APass.X, S, APass.Rgb(fore), APass.Rgb(back), APass.Style);
+    APass.X +=
+        FFrame->AddText(APass.Row, APass.X, S, APass.Rgb(fore), APass.Rgb(back), APass.Style);
 }
 
 void TZtCodeEdit::AddToken(TPaintPass &APass)
@@ -298,7 +300,7 @@ QRect TZtCodeEdit::PictureArea() const
 void TZtCodeEdit::CopyFrame()
 {
     if (Canvas())
-        FFrame.CopyTo(*Canvas(), PictureArea());
+        FFrame->CopyTo(*Canvas(), PictureArea());
 }
 
 void TZtCodeEdit::PaintCorners()
@@ -350,14 +352,14 @@ void TZtCodeEdit::paintEvent(QPaintEvent *AEvent)
     const QPoint origin = ClientArea().topLeft();
     const QRect asked = AEvent->region().boundingRect().translated(-origin);
     const int border = FBorderStyle == TBorderStyle::bsSingle && !GetCtl3D() ? 1 : 0;
-    const bool caretOnly = FCaret->Covers(asked) && FFrame.IsComplete() &&
+    const bool caretOnly = FCaret->Covers(asked) && FFrame->IsComplete() &&
                            PictureArea().adjusted(border, border, 0, 0).contains(asked);
     if (!caretOnly)
         TCustomControl::paintEvent(AEvent);
     QPainter painter(this);
     painter.translate(origin);
     if (caretOnly)
-        FFrame.CopyTo(painter, asked);
+        FFrame->CopyTo(painter, asked);
     PaintComposition(painter);
     FCaret->Draw(painter);
 }
@@ -376,3 +378,5 @@ void TZtCodeEdit::PaintComposition(QPainter &APainter) const
     APainter.setFont(underlined);
     APainter.drawText(box, Qt::AlignLeft | Qt::AlignVCenter, FComposition);
 }
+
+std::vector<TZtPaintRow> TZtCodeEdit::PaintedRows() const { return FFrame->Rows(); }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "uZtCodeEdit.h"
+#include "uZtFrame.h"
 #include "uZtHighlighter.h"
 #include "uZtLineLook.h"
 

@@ -89,14 +89,14 @@ void TZtCodeEdit::DecorateRow(TPaintPass &APass, int ALine)
     const int to = qMin(length, from + (from > 0 ? 0 : first) + 4 * cells);
     APass.Look = &FExtras->LookOf(ALine, from, to);
     if (APass.Look->Back && !APass.LineColoured)
-        FFrame.ColourRow(APass.Row, APass.Guttor, APass.Rgb(*APass.Look->Back));
+        FFrame->ColourRow(APass.Row, APass.Guttor, APass.Rgb(*APass.Look->Back));
     for (const TZtLineLook::TGuide &guide : APass.Look->Guides) {
         const int left = APass.Left + guide.Cell * FCharWidth;
         if (left >= APass.Guttor && left < APass.Right)
-            FFrame.AddGuide(APass.Row, {left, APass.Rgb(guide.Colour)});
+            FFrame->AddGuide(APass.Row, {left, APass.Rgb(guide.Colour)});
     }
     if (APass.HasColumns)
-        FExtras->Guttor().GetCells(ALine, APass.Sight, FFrame.Cells(APass.Row));
+        FExtras->Guttor().GetCells(ALine, APass.Sight, FFrame->Cells(APass.Row));
 }
 
 // Where the attributes of a line's text change next behind a column.
@@ -171,11 +171,11 @@ void TZtCodeEdit::AddStretch(TPaintPass &APass, int ALine, const TZtCellSpan &AS
         APass.Token.fill(u' ', ASpan.Width);
     const bool cluster = ASpan.IsCluster && APass.Token.front() != u' ';
     if (cluster)
-        FFrame.AddCluster(APass.Row, APass.X, ASpan.Width * FCharWidth, APass.Token,
-                          APass.Rgb(fore), APass.Rgb(back), run.Style, marks);
+        FFrame->AddCluster(APass.Row, APass.X, ASpan.Width * FCharWidth, APass.Token,
+                           APass.Rgb(fore), APass.Rgb(back), run.Style, marks);
     else
-        FFrame.AddText(APass.Row, APass.X, APass.Token, APass.Rgb(fore), APass.Rgb(back), run.Style,
-                       marks);
+        FFrame->AddText(APass.Row, APass.X, APass.Token, APass.Rgb(fore), APass.Rgb(back),
+                        run.Style, marks);
 }
 
 // What is drawn over a stretch, in colours of the picture.

@@ -1,6 +1,7 @@
 #include "uZtCodeEdit.h"
 
 #include "fZtCodeEditSearchReplaceDlg.h"
+#include "uZtCaret.h"
 #include "uZtPlatform.h"
 #include "uZtStrings.h"
 

@@ -2,6 +2,7 @@
 
 #include "uZtClassRegistry.h"
 #include "uZtLossQuestion.h"
+#include "uZtShownRecord.h"
 #include "uZtUtf8.h"
 
 #include <QDropEvent>
@@ -60,7 +61,8 @@ TZtDbCodeEdit::TPlace TZtDbCodeEdit::Place() const
 
 // --- component -----------------------------------------------------------------------------------
 
-TZtDbCodeEdit::TZtDbCodeEdit(QWidget *AOwner) : TZtCodeEdit(AOwner)
+TZtDbCodeEdit::TZtDbCodeEdit(QWidget *AOwner)
+    : TZtCodeEdit(AOwner), FShown(std::make_unique<TZtShownRecord>())
 {
     DataLink = std::make_unique<TFieldDataLink>(this);
     // Whatever a handler does on the way, the editor is there until the link has told it all.
@@ -179,7 +181,7 @@ void TZtDbCodeEdit::UpdateData()
 {
     TField *field = GetField();
     const THold holdData(*field->GetDataSet()); // a handler may close or delete it
-    if (IsCorrected(zcRecords) && FShown.IsLoadedIn(*GetLines())) {
+    if (IsCorrected(zcRecords) && FShown->IsLoadedIn(*GetLines())) {
         FUnstored = false;
         return; // led back to what it was
     }
@@ -196,7 +198,7 @@ void TZtDbCodeEdit::Store(TField &AField, const TCopy &ACopy)
 {
     const auto stored = [&] {
         if (IsCorrected(zcRecords) && &AField == GetField())
-            FShown.Store(AField, *GetLines(), ACopy.Bytes, ACopy.IsExact);
+            FShown->Store(AField, *GetLines(), ACopy.Bytes, ACopy.IsExact);
     };
     if (!AField.IsBlob()) {
         AField.SetText(ZtFromUtf8(ACopy.Bytes));
@@ -222,7 +224,7 @@ TZtTextFormat TZtDbCodeEdit::FormatOf(const TField &AField) const
     format.LineEnding = TZtLineEnding::leCrLf;
     format.Undecodable = old.GetFormat().Undecodable || !AField.IsExact();
     if (IsCorrected(zcRecords))
-        FShown.GiveBreaks(format, *GetLines());
+        FShown->GiveBreaks(format, *GetLines());
     return format;
 }
 

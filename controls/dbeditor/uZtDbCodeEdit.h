@@ -3,8 +3,9 @@
 #include "uZtCodeEdit.h"
 #include "uZtExport.h"
 #include "uZtFieldDataLink.h"
-#include "uZtShownRecord.h"
 #include "uZtStringStream.h"
+
+class TZtShownRecord;
 
 /// The code editor bound to one field of a dataset.
 ///
@@ -130,5 +131,5 @@ private:
     bool SkipNextDataChange = false;
     bool FUnstored = false; // the focus left with a text that only a post may store
     bool FUndoPosts = true;
-    TZtShownRecord FShown; // with zcRecords
+    std::unique_ptr<TZtShownRecord> FShown; // with zcRecords
 };

@@ -3,6 +3,7 @@
 #include "uZtDbCodeEdit.h"
 
 #include "uZtPlatform.h"
+#include "uZtShownRecord.h"
 #include "uZtTextMarks.h"
 
 #include <QCoreApplication>
@@ -15,12 +16,12 @@ void TZtDbCodeEdit::FollowRecord()
 {
     SkipNextDataChange = false;
     const TField *field = GetField();
-    const bool wasPending = FShown.IsPending();
+    const bool wasPending = FShown->IsPending();
     if (!field || !KeepsText(*field))
         return LoadRecord();
-    if (wasPending && !FShown.IsPending() && !FUndoPosts)
+    if (wasPending && !FShown->IsPending() && !FUndoPosts)
         ClearUndo();
-    if (!FShown.IsPending())
+    if (!FShown->IsPending())
         SetModified(false);
     UpdateReadOnly();
 }
@@ -28,25 +29,25 @@ void TZtDbCodeEdit::FollowRecord()
 // Whether the text is to stay: it is the user's, or it is what the field holds.
 bool TZtDbCodeEdit::KeepsText(const TField &AField)
 {
-    if (!FShown.IsOf(AField))
+    if (!FShown->IsOf(AField))
         return false;
     const bool pending = AField.GetDataSet()->GetState() >= TDataSetState::dsEdit;
-    const bool begins = pending && !FShown.IsPending(); // maybe with the lines of a host
+    const bool begins = pending && !FShown->IsPending(); // maybe with the lines of a host
     const bool users = pending && DataLink->Keep();
-    if (users || (FShown.HasValueOf(AField) && (begins || FShown.IsIn(*GetLines())))) {
-        FShown.Follow(AField);
+    if (users || (FShown->HasValueOf(AField) && (begins || FShown->IsIn(*GetLines())))) {
+        FShown->Follow(AField);
         return true;
     }
     if (!TZtShownRecord::IsShown(AField, *GetLines()))
         return false;
-    FShown.Load(&AField, *GetLines());
+    FShown->Load(&AField, *GetLines());
     return true;
 }
 
 void TZtDbCodeEdit::LoadRecord()
 {
     FUnstored = false;
-    FShown = {};
+    *FShown = {};
     TZtFirstException raised;
     raised.Run([this] {
         if (!GetField())
@@ -55,7 +56,7 @@ void TZtDbCodeEdit::LoadRecord()
             LoadMemo();
         else
             SetText(GetField()->GetEditText());
-        FShown.Load(GetField(), *GetLines());
+        FShown->Load(GetField(), *GetLines());
     });
     ClearUndo(); // it would change another text than the one it was made of
     SetModified(false);
@@ -72,7 +73,7 @@ void TZtDbCodeEdit::LoadRecord()
 // Whether the user changes a value that somebody else has replaced meanwhile.
 bool TZtDbCodeEdit::IsConflict(const TField &AField) const
 {
-    return IsCorrected(zcRecords) && FShown.IsOf(AField) && !FShown.HasValueOf(AField) &&
+    return IsCorrected(zcRecords) && FShown->IsOf(AField) && !FShown->HasValueOf(AField) &&
            !TZtShownRecord::IsShown(AField, *GetLines());
 }
 

@@ -2,9 +2,11 @@
 
 #include "marked_text.h"
 
+#include "uZtCaret.h"
 #include "uZtCodeJSParser.h"
 #include "uZtCodeSqlParser.h"
 #include "uZtCodeXmlParser.h"
+#include "uZtFrame.h"
 
 #include <qtestsupport_core.h>
 

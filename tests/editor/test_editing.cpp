@@ -1,5 +1,7 @@
 #include "marked_text.h"
 
+#include "uZtCaret.h"
+
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QMenu>

@@ -3,7 +3,9 @@
 
 #include "marked_text.h"
 
+#include "uZtCaret.h"
 #include "uZtCodeJSParser.h"
+#include "uZtFrame.h"
 #include "uZtOverviewRuler.h"
 #include "uZtTextMarks.h"
 #include "uZtTokenDump.h"

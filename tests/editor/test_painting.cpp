@@ -1,6 +1,7 @@
 #include "uZtCodeEdit.h"
 #include "uZtCodePascalParser.h"
 #include "uZtCodeXmlParser.h"
+#include "uZtFrame.h"
 #include "uZtPlatform.h"
 #include "uZtSystemColors.h"
 

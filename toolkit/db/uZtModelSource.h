@@ -1,5 +1,6 @@
 #pragma once
 
+#include "uZtExport.h"
 #include "uZtRecordSource.h"
 
 #include <QPointer>
@@ -12,7 +13,7 @@ class QSqlTableModel;
 ///
 /// Records are written with the model's own statements. A record is found by the table's primary
 /// key, by all its columns where there is none.
-class TModelSource final : public TRecordSource {
+class ZT_DBEDITOR_EXPORT TModelSource final : public TRecordSource {
 public:
     /// The model stays the caller's; its edit strategy becomes `OnRowChange`.
     explicit TModelSource(QSqlQueryModel *AModel) : FModel(AModel) {}
