@@ -44,6 +44,7 @@ TZtCodeEdit::TZtCodeEdit(QWidget *AOwner)
     : TCustomControl(AOwner), FFrame(std::make_unique<TZtFrame>()),
       FUndoBytes(TZtUndoHistory::DefaultBytes)
 {
+    InstallAccessible();
     resize(100, 100);
     FScollLines = ZtPlatform().WheelLines();
     if (FScollLines < 1)
@@ -403,6 +404,7 @@ void TZtCodeEdit::Invalidate()
 {
     if (!FHScrollBar || !FVScrollBar)
         return; // under construction
+    TellWatcher();
     if (FHighlighter && !FRedraws)
         FHighlighter->ForgetColours(); // a host's tables may be others now
     if (FReplacingAll) {

@@ -80,6 +80,7 @@ class QHelpEvent;
 class TFrmCodeEditSearchReplaceDlg;
 class TZtCaret;
 class TZtEditExtras;
+class TZtEditWatcher;
 class TZtEditedText;
 class TZtFrame;
 class TZtGuttor;
@@ -360,6 +361,21 @@ public:
     /// To be called when other lines have something in the overview ruler.
     void OverviewChanged() final;
 
+    // === uZtCodeEditAccess.cpp: for assistive tools
+    // ===============================================
+
+    /// The cells of the character at a place in pixels of the control, also where it is out of
+    /// sight; behind a line's end one cell. The place is put inside the text.
+    QRect GetCharacterRect(const QPoint &APlace) const;
+    /// The place of the character at a pixel of the control, or of its line's end; (-1, -1) where
+    /// there is no text: beside it and below its last line.
+    QPoint GetCharacterAt(const QPoint &AAt) const;
+    /// Scrolls until the character at a place is in sight. The caret stays.
+    void ScrollTo(const QPoint &APlace);
+    /// Told whenever something that can be seen may be other; null for nobody. It has to take
+    /// itself away before it goes.
+    void SetWatcher(TZtEditWatcher *Value) { FWatcher = Value; }
+
     // === uZtCodeEditPaint.cpp: rendering
     // ==========================================================
 
@@ -581,6 +597,9 @@ private:
     void ColourParser();
     void CaretSeen();
     void MeasureFont();
+    // assistive tools
+    static void InstallAccessible();
+    void TellWatcher();
     void ScrollFinely(const QWheelEvent &AEvent);
     bool ZoomWith(QEvent *AEvent);
     // painting
@@ -745,6 +764,7 @@ private:
     QChar FHighSurrogate;    // typed, waiting for its other half
     int FWheelRest = 0;      // of a notch, in eighths of a degree
 
+    TZtEditWatcher *FWatcher = nullptr;
     TZtCorrections FCorrections;
     TZtExtras FShownExtras;
     std::unique_ptr<TZtEditExtras> FExtras;

@@ -18,6 +18,7 @@ TZtOverviewRuler::TZtOverviewRuler(QWidget *AParent) : QWidget(AParent)
     setAttribute(Qt::WA_OpaquePaintEvent);
     setCursor(Qt::ArrowCursor);
     setFocusPolicy(Qt::NoFocus);
+    setAccessibleName(tr("Overview"));
 }
 
 void TZtOverviewRuler::SetLook(QRgb ABack, QRgb ACaret, const std::vector<TKind> &AKinds)

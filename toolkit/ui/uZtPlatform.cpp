@@ -2,6 +2,7 @@
 
 #include "uZtException.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QMessageBox>
@@ -90,6 +91,10 @@ TZtPlatform ZtDefaultPlatform()
     };
     platform.ShowException = [](const QString &message) {
         AskUser(message, QString(), QMessageBox::Critical, QMessageBox::Ok);
+    };
+    platform.IsAssisted = [] { return QAccessible::isActive(); };
+    platform.TellAssistants = [](QAccessibleEvent &event) {
+        QAccessible::updateAccessibility(&event);
     };
     return platform;
 }

@@ -8,6 +8,8 @@
 #include <exception>
 #include <functional>
 
+class QAccessibleEvent;
+
 /// What a message box answers.
 enum TZtMsgBoxResult : int { mrOk = 1, mrCancel = 2, mrYes = 6, mrNo = 7 };
 
@@ -30,6 +32,10 @@ struct TZtPlatform {
     std::function<int(const QString &AText, const QString &ACaption)> MsgBoxYesNoCancel;
     /// Reports what was raised inside an event; the silent abort does not get here.
     std::function<void(const QString &AMessage)> ShowException;
+    /// Whether an assistive tool, a screen reader for instance, wants to be told what happens.
+    std::function<bool()> IsAssisted;
+    /// Tells such tools.
+    std::function<void(QAccessibleEvent &)> TellAssistants;
 };
 
 /// The services in use.
