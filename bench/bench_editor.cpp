@@ -11,6 +11,7 @@
 #include "uZtTextMarks.h"
 #include "uZtTokenDump.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QDir>
 #include <QFile>
@@ -227,6 +228,40 @@ void TypeAt(benchmark::State &AState, int AKey, const QString &AText, int APrepa
             if (APrepareKey)
                 bench.Key(APrepareKey, APrepareText);
         });
+}
+
+// A key in a million lines of a hundred bytes, alone (0) or with an assistive tool that listens and
+// asks for the caret, as screen readers do (1).
+void AssistedKey(benchmark::State &AState, int AKey, const QString &AText)
+{
+    TBench bench;
+    bench.Edit.SetCorrections(ZtAllCorrections());
+    bench.Edit.GetLines()->SetUtf8Text((QByteArray(99, 'x') + '\n').repeated(1'000'000));
+    bench.Edit.SetLinePos(500'000);
+    qint64 told = 0;
+    if (AState.range(0) == 1) {
+        QAccessibleInterface *seen = QAccessible::queryAccessibleInterface(&bench.Edit);
+        ZtPlatform().IsAssisted = [] { return true; };
+        ZtPlatform().TellAssistants = [&told, seen](QAccessibleEvent &) {
+            told += seen->textInterface()->cursorPosition();
+        };
+    }
+    Settle();
+    Measure(
+        AState, [&] { bench.Key(AKey, AText); }, [&] { bench.Edit.SetCharPos(10); });
+    ZtPlatform() = ZtDefaultPlatform();
+    if ((told > 0) != (AState.range(0) == 1))
+        AState.SkipWithError("nothing was told");
+}
+
+void BM_AssistedKey(benchmark::State &AState)
+{
+    AssistedKey(AState, Qt::Key_X, QStringLiteral("x"));
+}
+
+void BM_AssistedEnter(benchmark::State &AState)
+{
+    AssistedKey(AState, Qt::Key_Return, QStringLiteral("\r"));
 }
 
 void BM_TypeCharacter(benchmark::State &AState) { TypeAt(AState, Qt::Key_X, QStringLiteral("x")); }
@@ -459,6 +494,16 @@ BENCHMARK(BM_TypeCharacter)
     ->Iterations(300);
 BENCHMARK(BM_Enter)->Arg(0)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(300);
 BENCHMARK(BM_Backspace)->Arg(0)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(300);
+BENCHMARK(BM_AssistedKey)
+    ->DenseRange(0, 1)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(1000);
+BENCHMARK(BM_AssistedEnter)
+    ->DenseRange(0, 1)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(1000);
 BENCHMARK(BM_TypeInLongLine)
     ->DenseRange(0, 1)
     ->UseManualTime()
