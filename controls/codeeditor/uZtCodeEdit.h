@@ -153,7 +153,7 @@ class ZT_EDITOR_EXPORT TZtCodeEdit : public TCustomControl,
     Q_PROPERTY(bool ShowRightMargin READ GetShowRightMargin WRITE SetShowRightMargin STORED false)
     Q_PROPERTY(QPoint SelStart READ GetSelStart WRITE SetSelStart STORED false DESIGNABLE false)
     Q_PROPERTY(QPoint SelEnd READ GetSelEnd WRITE SetSelEnd STORED false DESIGNABLE false)
-    Q_PROPERTY(QString Text READ GetText WRITE SetText STORED IsDesigning)
+    Q_PROPERTY(QString Text READ GetText WRITE SetText)
     Q_PROPERTY(
         int ParserLineNr READ GetParserLineNr WRITE SetParserLineNr STORED false DESIGNABLE false)
     Q_PROPERTY(bool Modified READ GetModified WRITE SetModified STORED false DESIGNABLE false)
