@@ -15,7 +15,7 @@ void TZtTextOffsets::Rebuild()
 {
     const TStringList *text = FListening.GetText();
     const int count = text ? text->GetCount() : 0;
-    FRunLines = std::max(FewLines, int(std::sqrt(double(count))));
+    FRunLines = std::max(FewLines, int(std::sqrt(double(count)) / 4));
     FRuns.clear();
     FUnits = 0;
     Recount(0, 0, 0, count);
@@ -33,7 +33,7 @@ qint64 TZtTextOffsets::UnitsOf(int AFirst, int ACount) const
 // The run that holds a line, or the end of all runs.
 TZtTextOffsets::TFound TZtTextOffsets::RunOfLine(int ALine) const
 {
-    TFound found;
+    TFound found = ALine < FNear.Line ? TFound() : FNear;
     for (; found.Run < FRuns.size(); ++found.Run) {
         const TRun &run = FRuns[found.Run];
         if (ALine < found.Line + run.Lines)
@@ -41,12 +41,15 @@ TZtTextOffsets::TFound TZtTextOffsets::RunOfLine(int ALine) const
         found.Line += run.Lines;
         found.Offset += run.Units;
     }
+    if (found.Run < FRuns.size())
+        FNear = found;
     return found;
 }
 
 // Has runs of `ALines` lines from `ALine` on in the place of some others.
 void TZtTextOffsets::Recount(size_t AFirst, size_t AEnd, int ALine, int ALines)
 {
+    FNear = {}; // what is found before the runs that change is found anew
     const int count = ALines == 0 ? 0 : std::max(1, ALines / FRunLines);
     std::vector<TRun> runs;
     for (int i = 0; i < count; ++i) {
@@ -84,8 +87,10 @@ QPoint TZtTextOffsets::PlaceOf(qint64 AOffset) const
     if (!text || AOffset <= 0 || FRuns.empty())
         return {0, 0};
     qint64 rest = std::min(AOffset, GetCount());
-    size_t run = 0;
-    int line = 0;
+    const TFound near = rest < FNear.Offset ? TFound() : FNear;
+    rest -= near.Offset;
+    size_t run = near.Run;
+    int line = near.Line;
     for (; rest >= FRuns[run].Units; line += FRuns[run++].Lines)
         rest -= FRuns[run].Units;
     for (; rest > text->GetLength(line); ++line)
@@ -95,7 +100,7 @@ QPoint TZtTextOffsets::PlaceOf(qint64 AOffset) const
 
 void TZtTextOffsets::TextChanged(const TStringList &, const TZtTextChange &AChange)
 {
-    const bool tooMany = FRuns.size() > 8 * size_t(FRunLines);
+    const bool tooMany = FRuns.size() > 64 * size_t(FRunLines);
     if (AChange.IsWholeText || tooMany || FRuns.empty())
         return Rebuild();
     TFound first = RunOfLine(AChange.Start.y());
@@ -103,7 +108,7 @@ void TZtTextOffsets::TextChanged(const TStringList &, const TZtTextChange &AChan
         first.Line -= FRuns[--first.Run].Lines;
     else if (AChange.GetOldLines() == 1 && AChange.GetNewLines() == 1) {
         const int more = AChange.InsertedEnd.x() - AChange.RemovedEnd.x();
-        FRuns[first.Run].Units += more;
+        FRuns[first.Run].Units += more; // what lies before it is as it was
         FUnits += more;
         return;
     }

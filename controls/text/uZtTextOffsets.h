@@ -8,7 +8,8 @@
 /// break between them. Behind the last line there is no break.
 ///
 /// Both questions, and a change within a few lines, cost about the square root of the count of
-/// lines: the lines are shared out over runs whose lengths are known.
+/// lines, and much less near the place before: the lines are shared out over runs whose lengths are
+/// known.
 class TZtTextOffsets final : public TZtTextListener {
 public:
     /// The text may go before this.
@@ -42,7 +43,8 @@ private:
     void Recount(size_t AFirst, size_t AEnd, int ALine, int ALines);
 
     std::vector<TRun> FRuns;
-    qint64 FUnits = 0; // of all runs
-    int FRunLines = 0; // how many lines a run has, more or less
+    qint64 FUnits = 0;    // of all runs
+    mutable TFound FNear; // the run that was asked for last: most questions are near by
+    int FRunLines = 0;    // how many lines a run has, more or less
     TZtListening FListening;
 };
