@@ -41,6 +41,7 @@ QWidget *TDbOpenDialog::CreateFileRow(const QString &AFile)
     auto *layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     FFile = new QLineEdit(AFile, row);
+    FFile->setAccessibleName(tr("File")); // the label is the row's
     auto *browse = new QPushButton(tr("&Browse…"), row);
     browse->setAutoDefault(false);
     layout->addWidget(FFile);

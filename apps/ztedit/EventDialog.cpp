@@ -25,6 +25,7 @@ TEventDialog::TEventDialog(TDocument &ADocument, QWidget *AParent)
     FMethods->setObjectName(QStringLiteral("methods"));
     FCode = new QPlainTextEdit(this);
     FCode->setReadOnly(true);
+    FCode->setAccessibleName(tr("What will be inserted"));
     FCode->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     grid->addWidget(FCode, 2, 0, 1, 2);
     FNote = new QLabel(this);
@@ -47,6 +48,7 @@ QListWidget *TEventDialog::AddList(const QString &ATitle, int AColumn)
     auto *list = new QListWidget(this);
     auto *title = new QLabel(ATitle, this);
     title->setBuddy(list);
+    list->setAccessibleName(QString(ATitle).remove(u'&')); // a list is not named by its label
     auto *grid = qobject_cast<QGridLayout *>(layout());
     grid->addWidget(title, 0, AColumn);
     grid->addWidget(list, 1, AColumn);
@@ -57,7 +59,7 @@ void TEventDialog::CreateButtons()
 {
     auto *box = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
     FAtCaret = box->addButton(tr("Insert at the &caret"), QDialogButtonBox::ActionRole);
-    FAtEnd = box->addButton(tr("Insert at the &end"), QDialogButtonBox::ActionRole);
+    FAtEnd = box->addButton(tr("Insert at the e&nd"), QDialogButtonBox::ActionRole);
     FGoTo = box->addButton(tr("&Go to the method"), QDialogButtonBox::ActionRole);
     FGoTo->setAutoDefault(false);
     FAtEnd->setDefault(true);

@@ -500,4 +500,6 @@ void TMainWindow::RefreshTab(int AIndex)
     if (FTabs->tabText(AIndex) != text)
         FTabs->setTabText(AIndex, text);
     FTabs->setTabToolTip(AIndex, ZtPlainToolTip(document->Location()));
+    if (TZtCodeEdit *editor = document->Editor(); editor->accessibleName() != document->Title())
+        editor->setAccessibleName(document->Title());
 }

@@ -3,6 +3,7 @@
 #include "rZtCodeEditorVCL290.h"
 #include "uZtClassRegistry.h"
 
+#include <QAccessible>
 #include <QDropEvent>
 #include <QMimeData>
 
@@ -16,6 +17,10 @@ protected:
         Words["select"] = [this](auto end) { Edit->SetSelEnd({end.toInt(), 0}); };
         Words["load-memo"] = [this](auto) { Edit->LoadMemo(); };
         Words["ensure"] = [this](auto) { Edit->EnsureEditState(); };
+        Words["assist"] = [this](auto text) {
+            QAccessibleInterface *seen = QAccessible::queryAccessibleInterface(Edit);
+            seen->editableTextInterface()->insertText(0, text);
+        };
         Words["code"] = [this](auto code) { Edit->InsertCode(0, 0, code); };
     }
     // A star while the editor has the focus, its text, the caret and the selection.
@@ -83,6 +88,16 @@ TEST_F(TDbCodeEditTest, OnlySomeKeysEnterEditState)
             Do("cancel");
             EXPECT_EQ(Shown(), "first/") << press.toStdString();
         }
+}
+
+TEST_F(TDbCodeEditTest, AnAssistiveToolEntersEditStateOrIsRefused)
+{
+    const TSteps steps = {
+        {"bind:data assist:z", "S1LLS2 zfirst/ (1)23<"},
+        {"cancel auto-edit:0 assist:z", "S1L first/ [1]23<"},
+        {"auto-edit:1 protect-editor:1 assist:z", " first/ [1]23<"},
+    };
+    Follow(steps, [this] { return Shown() + " " + Records(); });
 }
 
 TEST_F(TDbCodeEditTest, KeepsTextAndPlace)
