@@ -93,9 +93,9 @@ TEST_F(TDbCodeEditTest, OnlySomeKeysEnterEditState)
 TEST_F(TDbCodeEditTest, AnAssistiveToolEntersEditStateOrIsRefused)
 {
     const TSteps steps = {
-        {"bind:data assist:z", "S1LLS2 zfirst/ (1)23<"},
+        {"bind:data assist:z", "S1LS2 zfirst/ (1)23<"},
         {"cancel auto-edit:0 assist:z", "S1L first/ [1]23<"},
-        {"auto-edit:1 protect-editor:1 assist:z", " first/ [1]23<"},
+        {"auto-edit:1 protect-editor:1 assist:z", "first/ [1]23<"},
     };
     Follow(steps, [this] { return Shown() + " " + Records(); });
 }
