@@ -45,6 +45,10 @@ function(zt_part name)
     SOVERSION ${PROJECT_VERSION_MAJOR}
     VERSION ${PROJECT_VERSION}
     ZT_DESCRIPTION "${arg_DESCRIPTION}")
+  # Where the system does not look, the libraries find each other by their own place.
+  if(NOT CMAKE_INSTALL_PREFIX STREQUAL "/usr")
+    set_target_properties(${target} PROPERTIES INSTALL_RPATH $ORIGIN)
+  endif()
 endfunction()
 
 # A library's file for pkg-config. Its folder is found from where the file itself is.

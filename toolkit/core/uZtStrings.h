@@ -1,5 +1,6 @@
 #pragma once
 
+#include "uZtExport.h"
 #include "uZtSet.h"
 
 #include <QAnyStringView>
@@ -12,12 +13,13 @@ inline bool ZtCharInSet(char16_t C, const TZtCharSet &ASet) { return ASet.contai
 
 /// Appends the pieces of `S` between the occurrences of `ASeparator` to `AList`. Empty pieces
 /// count, also the last one: n separators give n + 1 lines. An empty separator gives one line.
-void ZtStringToList(const QString &S, const QString &ASeparator, TStringList &AList);
+ZT_PARSERS_EXPORT void ZtStringToList(const QString &S, const QString &ASeparator,
+                                      TStringList &AList);
 
 /// `S` without the characters of codes up to 32 at its end, or at both ends.
-QString ZtTrimRight(const QString &S);
-QString ZtTrim(const QString &S);
+ZT_PARSERS_EXPORT QString ZtTrimRight(const QString &S);
+ZT_PARSERS_EXPORT QString ZtTrim(const QString &S);
 /// How many units are left of a text without the blanks at its end.
-qsizetype ZtTrimmedSize(QAnyStringView S);
+ZT_PARSERS_EXPORT qsizetype ZtTrimmedSize(QAnyStringView S);
 /// `ZtTrimRight` of a string in its own memory.
-void ZtChopBlanks(QString &S);
+ZT_PARSERS_EXPORT void ZtChopBlanks(QString &S);

@@ -1,0 +1,112 @@
+#!/bin/sh
+# Uses the libraries as an application does, outside of the sources' folder:
+# consume.sh WAY SOURCE BUILD WORK, where WORK is for what all ways share.
+set -eu
+way=$1 source=$2 build=$3 work=$4
+here=$work/$way
+prefix=$work/prefix
+rm -rf "$here"
+mkdir -p "$here"
+export QT_QPA_PLATFORM=offscreen
+grep -q '^BUILD_SHARED_LIBS:BOOL=ON' "$build/CMakeCache.txt" && static= || static=--static
+# As the libraries themselves: a debug build is the quickest to make.
+options="-G Ninja -DCMAKE_BUILD_TYPE=Debug"
+! command -v ccache >/dev/null || options="$options -DCMAKE_CXX_COMPILER_LAUNCHER=ccache"
+
+fail() { echo "$*" >&2; exit 1; }
+
+# The Nth block of a language in the README's section for applications.
+sample() {
+    awk -v language="$1" -v wanted="$2" '
+        /^## / { there = $0 ~ /^## Use it in an application/ }
+        there && $0 == "```" language { ++count; inside = 1; next }
+        /^```$/ { inside = 0 }
+        inside && count == wanted' "$source/README.md"
+}
+
+# The sample shows its window until it is ended.
+lives() {
+    status=0
+    timeout 3 "$@" || status=$?
+    [ $status -eq 124 ] || fail "$1 ended with $status"
+}
+
+write_sample() {
+    sample cpp 1 >"$here/main.cpp"
+    sample cmake 1 >"$here/CMakeLists.txt"
+    [ -s "$here/main.cpp" ] || fail 'there is no sample in README.md'
+    [ "$(wc -l <"$here/CMakeLists.txt")" -le 6 ] || fail 'more than six lines of CMake'
+}
+
+build_sample() { # options of cmake
+    # shellcheck disable=SC2086 # one word an option
+    cmake -S "$here" -B "$here/build" $options "$@"
+    cmake --build "$here/build"
+}
+
+case $way in
+install) # into one folder, found in another one
+    rm -rf "$prefix" "$work/made"
+    cmake --install "$build" --prefix "$work/made"
+    mv "$work/made" "$prefix"
+    ! grep -rlE "$source|$build|$work" "$prefix" --include='*.cmake' --include='*.pc' --include='*.h' ||
+        fail 'these name a folder of the build'
+    ;;
+find_package)
+    write_sample
+    build_sample -DCMAKE_PREFIX_PATH="$prefix"
+    lives "$here/build/hello"
+    ;;
+pkg-config)
+    write_sample
+    PKG_CONFIG_PATH=$(dirname "$(find "$prefix" -name ztcodeeditor.pc)")
+    export PKG_CONFIG_PATH
+    LD_LIBRARY_PATH=$(pkg-config --variable=libdir ztcodeeditor)
+    export LD_LIBRARY_PATH
+    command=$(sample sh 1 | sed "s/pkg-config/pkg-config $static/")
+    (cd "$here" && eval "$command")
+    lives "$here/hello"
+    ;;
+subproject) # the lexers alone: whatever else there is would be compiled once more
+    {
+        sample cmake 1 | sed -n 1,2p
+        sample cmake 2 | sed "s,SOURCE_DIR .*),SOURCE_DIR $source EXCLUDE_FROM_ALL),"
+        echo 'add_executable(hello main.cpp)'
+        echo 'target_link_libraries(hello PRIVATE ZtCodeEditor::Parsers)'
+    } >"$here/CMakeLists.txt"
+    cp "$source/tests/package/parsers.cpp" "$here/main.cpp"
+    # shellcheck disable=SC2086
+    cmake -S "$here" -B "$here/build" $options
+    cmake --build "$here/build" --target hello
+    "$here/build/hello" || fail "the sample ended with $?"
+    ;;
+subproject_whole) # the README's sample with all that it needs
+    write_sample
+    sample cmake 2 | sed "s,SOURCE_DIR .*),SOURCE_DIR $source EXCLUDE_FROM_ALL)," >"$here/fetch"
+    sed -i -e "/find_package/{r $here/fetch" -e 'd}' "$here/CMakeLists.txt"
+    build_sample --target hello
+    lives "$here/build/hello"
+    ;;
+headers) # each alone, with the warnings that an application may make errors
+    cd "$prefix/include/ZtCodeEditor"
+    folders=
+    for library in Core Gui Widgets Sql; do
+        folders="$folders $(pkg-config --cflags-only-I Qt6$library | sed 's/-I/-isystem /g')"
+    done
+    [ -z "$static" ] || folders="$folders -DZT_STATIC"
+    # shellcheck disable=SC2086
+    printf '%s\n' *.h | xargs -P 2 -I '{}' \
+        c++ -std=c++20 -fPIC -fsyntax-only -Wall -Wextra -Wconversion -Wshadow -Werror \
+        -I. $folders -include '{}' -x c++ /dev/null
+    ;;
+deb)
+    (cd "$build" && cpack -G DEB -B "$here/packages")
+    for package in "$here"/packages/*.deb; do
+        dpkg-deb -x "$package" "$here/root"
+    done
+    write_sample
+    build_sample -DCMAKE_PREFIX_PATH="$here/root/usr"
+    lives "$here/build/hello"
+    ;;
+*) fail "there is no way named $way" ;;
+esac
