@@ -1,6 +1,6 @@
 # Debian packages: `cpack -G DEB` in the folder of a build with shared libraries for the prefix /usr
 # (preset `package`).
-set(ZT_MAINTAINER "Zt Code Editor maintainers <maintainers@localhost.localdomain>" CACHE STRING
+set(ZT_MAINTAINER "Zt Code Editor maintainers <maintainers@example.com>" CACHE STRING
   "Who is named as the maintainer of packages, with an address")
 set(zt_runtime libztcodeeditor${PROJECT_VERSION_MAJOR})
 set(zt_packages runtime:${zt_runtime} development:libztcodeeditor-dev)
@@ -42,6 +42,7 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/packaging/triggers)
 set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "source-code editor control for Qt (libraries)
  Lexers and colour schemes, an editor control for Qt Widgets, and one for the
  text fields of databases.")

@@ -1,11 +1,6 @@
 # The libraries that a host links, and how they are installed: headers, libraries, a package for
 # find_package() and one for pkg-config. Nothing that is installed names a folder of the build.
 include(CMakePackageConfigHelpers)
-# Where Debian looks for libraries, also below /usr/local.
-if(ZT_INSTALL AND CMAKE_LIBRARY_ARCHITECTURE AND EXISTS /etc/debian_version
-   AND NOT DEFINED CMAKE_INSTALL_LIBDIR)
-  set(CMAKE_INSTALL_LIBDIR lib/${CMAKE_LIBRARY_ARCHITECTURE} CACHE PATH "Object code libraries")
-endif()
 include(GNUInstallDirs)
 
 set(zt_include_folder ${CMAKE_INSTALL_INCLUDEDIR}/ZtCodeEditor)
