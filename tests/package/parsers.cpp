@@ -1,5 +1,6 @@
 // A program without a window that links the lexers alone: 0 when a keyword is found where it is.
 #include "uZtCodePascalParser.h"
+#include "uZtStringList.h"
 #include "uZtTokenDump.h"
 
 int main()
