@@ -1,14 +1,15 @@
 #pragma once
 
-#include "uZtBufferSearch.h"
 #include "uZtCells.h"
 #include "uZtCodeParser.h"
 #include "uZtColorScheme.h"
+#include "uZtComposition.h"
 #include "uZtCorrections.h"
 #include "uZtCustomControl.h"
 #include "uZtExport.h"
 #include "uZtExtras.h"
 #include "uZtScrollBar.h"
+#include "uZtSearchOptions.h"
 #include "uZtStringList.h"
 #include "uZtTextPainter.h"
 #include "uZtUndoList.h"
@@ -53,30 +54,8 @@ public:
     void SetStrings(int, const QString &) {}
 };
 
-enum class TZtSearchOrigin : quint8 { SearchFromCursor, SearchEntireScope };
-
-/// What is looked for, where, and what is done with it. Lines and positions are 0-based.
-struct ZT_EDITOR_EXPORT TZtSearchReplaceOptions {
-    QString SearchString;
-    bool CaseSensitive = false;
-    bool WholeWordsOnly = false;
-    bool SearchForward = false; ///< towards the end of the text
-    TZtSearchOrigin Origin = TZtSearchOrigin::SearchFromCursor;
-    int StartLine = 0; ///< the scope, from here
-    int StartPos = 0;
-    int EndLine = 0; ///< to here
-    int EndPos = 0;
-    TZtSearchFlags Options; ///< what the search is run with; follows from the three flags above
-    bool Replace = false;
-    QString ReplaceWith;
-    bool PromptOnReplace = false;
-    bool ReplaceAll = false; ///< goes on after each replacement
-
-    /// Makes the scope the whole text.
-    void WidenTo(const TStringList &ALines);
-};
-
 class QHelpEvent;
+class QMimeData;
 class TFrmCodeEditSearchReplaceDlg;
 class TZtCaret;
 class TZtEditExtras;
@@ -86,6 +65,8 @@ class TZtFrame;
 class TZtGuttor;
 class TZtHighlighter;
 class TZtMarkColumn;
+class TZtPrimarySelection;
+class TZtTextDrag;
 class TZtUndoHistory;
 enum class TZtUndoJoin : quint8;
 struct TZtDecorationStyle;
@@ -98,10 +79,6 @@ struct TZtViewState;
 
 /// The X of a selection point that means "up to the end of the line".
 inline constexpr int ZtEndOfLine = std::numeric_limits<int>::max();
-
-/// What message 1027 repeats the search with, in its `WParam`: as the options say, or in a given
-/// direction without replacing anything.
-enum class TZtSearchAgain : quint8 { saAsGiven, saForward, saBackward };
 
 /// Told of a search what there is to say without a question.
 using TZtSearchMessageEvent = std::function<void(const QString &AText)>;
@@ -435,6 +412,10 @@ public:
     /// Turns a client pixel position into a text position. Counts `GuttorWidth` also while the
     /// gutter is hidden; -1 stands for a cell size that is not known.
     void CalcCursor(int &X, int &Y);
+    /// The place in the text (column, line) at a client pixel, or the nearest one.
+    QPoint GetPlaceAt(const QPoint &APixel) const;
+    /// Where the caret is drawn when it stands at a place, in client pixels; also out of sight.
+    QRect GetPlaceRect(const QPoint &APlace) const;
     void DblClick() override;
 
     // === uZtCodeEditEditing.cpp: editing
@@ -476,6 +457,14 @@ public:
     /// goes on; with `ACollapse` Shift does not count.
     void SetSelection(bool ACollapse);
     virtual void ClearSelection();
+    /// Whether a deletion would remove a selected text.
+    bool SelectionGiven() const;
+    /// What stands between two places in either order, as far as the text has it.
+    TZtTextPiece GetPiece(const QPoint &AFrom, const QPoint &ATo) const;
+    /// The selected text as other programs get it, with the desktop's line breaks.
+    std::unique_ptr<QMimeData> CreateSelectionData() const;
+    /// Whether text that is dropped, or of the primary selection, can be put in.
+    virtual bool MayTakeText() const { return !GetReadOnly(); }
     void InitSelectionAndPosition();
     /// The selected text; empty without a selection. A selection that ends below the text appends
     /// an empty line.
@@ -534,8 +523,10 @@ protected:
     void LayoutChanged() override;
     void FocusPaused(bool AActive) override;
     void Abandoned() override;
-    /// Whether a deletion would remove a selected text.
-    bool SelectionGiven() const;
+    void dragEnterEvent(QDragEnterEvent *AEvent) override;
+    void dragMoveEvent(QDragMoveEvent *AEvent) override;
+    void dragLeaveEvent(QDragLeaveEvent *AEvent) override;
+    void dropEvent(QDropEvent *AEvent) override;
 
 private:
     struct TPaintPass;
@@ -613,6 +604,8 @@ private:
     void FeedParser();
     void ComposeText();
     void ComposeRow(TPaintPass &APass, int ALine);
+    void ComposeCells(TPaintPass &APass, int ALine);
+    void PutComposition(TPaintPass &APass) const;
     void AddColumns(TPaintPass &APass, int ALine, const TZtCellSpan &ASpan);
     void AddStretch(TPaintPass &APass, int ALine, const TZtCellSpan &ASpan, int AColumn, int AStop);
     int StopOf(const TPaintPass &APass, int ALine, int AColumn, int AEnd) const;
@@ -630,13 +623,27 @@ private:
     void PaintFlatBorder();
     void UpdatePageSizes();
     void PaintComposition(QPainter &APainter) const;
+    void DrawDropMark(QPainter &APainter) const;
     void PrepareParser();
+    // input
+    bool IsComposing() const;
+    QString ComposedStart() const;
+    int ComposedCell(int AUnits) const;
+    void Commit(const QInputMethodEvent &AEvent);
+    void SelectAsTold(const QInputMethodEvent &AEvent);
+    void CompositionChanged();
+    void EndComposition();
+    bool PressComposition(int X, int Y);
+    void TellInputMethod();
+    void ShowInput();
+    void InsertPrimary(const QPoint &APixel);
     // handlers
     void Outside(const std::function<void()> &AStep);
     void Tell(const std::function<void()> &AStep);
     // caret
     void MoveToColumn(int AColumn);
     void CaretMoved();
+    QRect CaretRectAt(int ACell, int ALine) const;
     // keys; a handler answers false where the key press ends
     bool KeyLeft(TShiftState AShift);
     bool KeyRight(TShiftState AShift);
@@ -760,9 +767,12 @@ private:
     QElapsedTimer FLastPaint;
     std::unique_ptr<TZtFrame> FFrame;
     TZtTextPainter FMetrics; // the font's measures between two paints
-    QString FComposition;    // an input method's text that is not committed yet
-    QChar FHighSurrogate;    // typed, waiting for its other half
-    int FWheelRest = 0;      // of a notch, in eighths of a degree
+    TZtComposition FComposition;
+    bool FTellsInput = false;                      // an input method, soon
+    std::shared_ptr<TZtTextDrag> FTextDrag;        // with zeDragText
+    std::shared_ptr<TZtPrimarySelection> FPrimary; // with zePrimary
+    QChar FHighSurrogate;                          // typed, waiting for its other half
+    int FWheelRest = 0;                            // of a notch, in eighths of a degree
 
     TZtEditWatcher *FWatcher = nullptr;
     TZtCorrections FCorrections;

@@ -1,4 +1,4 @@
-#include "uZtCodeEdit.h"
+#include "uZtCodeEditPass.h"
 
 #include "uZtCaret.h"
 
@@ -12,7 +12,8 @@ void TZtCodeEdit::ResetCaret()
     const int g = RealGuttorWidth();
     const bool inside = 0 <= x && x < GetClientWidth() - g - BarsWidth() && 0 <= y &&
                         y < GetClientHeight() - FHScrollBar->height();
-    if (!inside || FReplacingAll) {
+    TellInputMethod();
+    if (!inside || FReplacingAll || (IsComposing() && !FComposition.IsCaretSeen())) {
         FCaret->Hide();
         return;
     }
@@ -146,7 +147,25 @@ int TZtCodeEdit::ColumnAt(int ALine, int ACell) const
     return ZtColumnAt(FLines->View(ALine), qMax(ACell, 0), FCells);
 }
 
-int TZtCodeEdit::GetCaretCell() const { return CellOf({FCharPos, FLinePos}); }
+int TZtCodeEdit::GetCaretCell() const
+{
+    return IsComposing() ? ComposedCell(FComposition.GetCaret()) : CellOf({FCharPos, FLinePos});
+}
+
+QRect TZtCodeEdit::GetPlaceRect(const QPoint &APlace) const
+{
+    return CaretRectAt(CellOf(APlace), APlace.y());
+}
+
+// The caret in a cell of a line, as far out of sight as numbers of pixels go.
+QRect TZtCodeEdit::CaretRectAt(int ACell, int ALine) const
+{
+    constexpr qreal far = 1 << 24;
+    const qreal x = qreal(ACell - FHScrollBar->GetPosition()) * FCharWidth;
+    const qreal y = (ALine - FVScrollBar->GetPosition()) * RowPitch();
+    return {RealGuttorWidth() + int(qBound(-far, x, far)) + ZtTextLeft, int(qBound(-far, y, far)),
+            2, FLineWidth};
+}
 
 void TZtCodeEdit::CaretMoved()
 {
@@ -168,6 +187,7 @@ void TZtCodeEdit::CMEnter()
 
 void TZtCodeEdit::CMExit()
 {
+    EndComposition();
     FCaret->Leave();
     TCustomControl::CMExit();
     FCaret->DestroyCaret();
@@ -175,8 +195,8 @@ void TZtCodeEdit::CMExit()
 
 void TZtCodeEdit::FocusPaused(bool AActive)
 {
-    if (AActive)
-        FCaret->DestroyCaret();
-    else
-        ResetCaret();
+    if (!AActive)
+        return ResetCaret();
+    EndComposition();
+    FCaret->DestroyCaret();
 }

@@ -56,7 +56,7 @@ void TZtCodeEdit::TFollower::MoveAlong(const TZtTextChange &AChange)
 
 void TZtCodeEdit::SetCorrections(TZtCorrections Value)
 {
-    if (Value & (zcTabs | zcCells | zcStates))
+    if (Value & (zcTabs | zcCells | zcStates | zcComposition))
         Value |= zcPicture;
     if (Value & zcReplaceAll)
         Value |= zcUndo;

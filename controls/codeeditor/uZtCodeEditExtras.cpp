@@ -35,6 +35,7 @@ void TZtCodeEdit::SetExtras(TZtExtras Value)
     FShownExtras = Value;
     WatchText();
     FExtras->Show(Value);
+    ShowInput();
     PointAt(RealGuttorWidth());
     ExtrasChanged();
 }

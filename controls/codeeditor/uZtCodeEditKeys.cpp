@@ -3,11 +3,11 @@
 #include "uZtCaret.h"
 #include "uZtEditExtras.h"
 #include "uZtIndentation.h"
+#include "uZtPrimarySelection.h"
 #include "uZtUndoHistory.h"
 #include "uZtWordScan.h"
 
 #include <QHelpEvent>
-#include <QInputMethodEvent>
 #include <QKeyEvent>
 
 #include <algorithm>
@@ -383,31 +383,13 @@ bool TZtCodeEdit::event(QEvent *AEvent)
             return true;
         }
     }
-    return TCustomControl::event(AEvent);
-}
-
-void TZtCodeEdit::inputMethodEvent(QInputMethodEvent *AEvent)
-{
-    FComposition = AEvent->preeditString();
-    Redraw();
-    TCustomControl::inputMethodEvent(AEvent);
-}
-
-QVariant TZtCodeEdit::inputMethodQuery(Qt::InputMethodQuery AQuery) const
-{
-    switch (AQuery) {
-    case Qt::ImEnabled:
-        return !GetReadOnly();
-    case Qt::ImCursorRectangle:
-        return FCaret->Rect().translated(ClientArea().topLeft());
-    case Qt::ImFont:
-        return font();
-    case Qt::ImCursorPosition:
-    case Qt::ImAnchorPosition:
-        return FCharPos;
-    case Qt::ImSurroundingText:
-        return FLinePos < FLines->GetCount() ? FLines->GetStrings(FLinePos) : QString();
-    default:
-        return TCustomControl::inputMethodQuery(AQuery);
-    }
+    const bool followed =
+        FPrimary && (AEvent->isInputEvent() || AEvent->type() == TZtMessage::EventType());
+    if (!followed)
+        return TCustomControl::event(AEvent);
+    const THold hold(*this);
+    const bool handled = TCustomControl::event(AEvent);
+    if (FPrimary && !IsAbandoned())
+        FPrimary->Follow();
+    return handled;
 }

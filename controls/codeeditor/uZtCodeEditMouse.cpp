@@ -2,6 +2,7 @@
 
 #include "uZtCaret.h"
 #include "uZtEditExtras.h"
+#include "uZtTextDrag.h"
 
 #include <QApplication>
 
@@ -43,8 +44,18 @@ QPoint TZtCodeEdit::PlaceAt(int X, int Y) const
     return {ColumnAt(line, cell), line};
 }
 
+QPoint TZtCodeEdit::GetPlaceAt(const QPoint &APixel) const
+{
+    const QPoint place = PlaceAt(APixel.x() - RealGuttorWidth(), APixel.y());
+    const int y = qBound(0, place.y(), qMax(FLines->GetCount() - 1, 0));
+    const int length = y < FLines->GetCount() ? FLines->GetLength(y) : 0;
+    return {qBound(0, y == place.y() ? place.x() : ColumnAt(y, place.x()), length), y};
+}
+
 void TZtCodeEdit::MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y)
 {
+    if (PressComposition(X, Y))
+        return;
     Operate([&] { DoMouseDown(Button, Shift, X, Y); });
 }
 
@@ -58,15 +69,20 @@ void TZtCodeEdit::DoMouseDown(TMouseButton Button, TShiftState Shift, int X, int
         return;
     }
     if (Button == TMouseButton::mbLeft) {
+        const bool third = IsThirdClick(QPoint(X, Y));
+        if (FTextDrag && !third && !Shift.testFlag(ssShift) && FTextDrag->Press({X, Y}))
+            return;
         InMouseDown = true;
         inMouseMove = false;
         FInMouseSetSelection = false;
         MoveCaretTo(X, Y);
         FPressPlace = QPoint(FCharPos, FLinePos);
-        if (IsThirdClick(QPoint(X, Y))) {
+        if (third) {
             SelectLine(FLinePos);
             InMouseDown = false; // a hand that trembles selects nothing else
         }
+    } else if (Button == TMouseButton::mbMiddle && FPrimary && X >= RealGuttorWidth()) {
+        InsertPrimary({X, Y});
     } else if (Button == TMouseButton::mbRight && FPopupMenu) {
         FPopupMenu->setProperty("PopupComponent", QVariant::fromValue<QObject *>(this));
         FPopupMenu->popup(mapToGlobal(QPoint(X, Y) + ClientArea().topLeft()));
@@ -79,6 +95,8 @@ void TZtCodeEdit::MouseMove(TShiftState Shift, int X, int Y)
     PointAt(X);
     if (FGuttorDrag >= 0)
         return Operate([&] { SelectLines(FGuttorDrag, PlaceAt(0, Y).y()); });
+    if (const auto drag = FTextDrag; drag && drag->IsWaiting())
+        return drag->Move({X, Y});
     if (!InMouseDown)
         return;
     if (IsCorrected(zcKeys) && !inMouseMove && PlaceAt(X - RealGuttorWidth(), Y) == FPressPlace)
@@ -100,6 +118,13 @@ void TZtCodeEdit::MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y)
     InMouseDown = false;
     inMouseMove = false;
     FInMouseSetSelection = false;
+    if (Button != TMouseButton::mbLeft || !FTextDrag || !FTextDrag->IsWaiting())
+        return;
+    const QPoint pressed = FTextDrag->Release();
+    Operate([&] {
+        MoveCaretTo(pressed.x(), pressed.y());
+        SetSelection(true);
+    });
 }
 
 void TZtCodeEdit::WMMouseWheel(TZtMessage &Message)

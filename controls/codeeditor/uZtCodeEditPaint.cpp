@@ -362,21 +362,25 @@ void TZtCodeEdit::paintEvent(QPaintEvent *AEvent)
         FFrame->CopyTo(painter, asked);
     PaintComposition(painter);
     FCaret->Draw(painter);
+    if (FTextDrag)
+        DrawDropMark(painter);
 }
 
+// Without zcComposition over the picture, beside the caret.
 void TZtCodeEdit::PaintComposition(QPainter &APainter) const
 {
-    if (FComposition.isEmpty() || FCaret->Rect().isEmpty())
+    if (FComposition.IsEmpty() || IsCorrected(TZtCorrection::zcComposition) ||
+        FCaret->Rect().isEmpty())
         return;
     QFont underlined = font();
     underlined.setUnderline(true);
     const QFontMetrics metrics(underlined);
     const QRect box(FCaret->Rect().topLeft(),
-                    QSize(metrics.horizontalAdvance(FComposition), FLineWidth));
+                    QSize(metrics.horizontalAdvance(FComposition.GetText()), FLineWidth));
     APainter.fillRect(box, QColor(GetViewRgb(TZtViewColor::vcBackground)));
     APainter.setPen(QColor(GetViewRgb(TZtViewColor::vcText)));
     APainter.setFont(underlined);
-    APainter.drawText(box, Qt::AlignLeft | Qt::AlignVCenter, FComposition);
+    APainter.drawText(box, Qt::AlignLeft | Qt::AlignVCenter, FComposition.GetText());
 }
 
 std::vector<TZtPaintRow> TZtCodeEdit::PaintedRows() const { return FFrame->Rows(); }

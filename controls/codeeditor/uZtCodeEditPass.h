@@ -35,6 +35,8 @@ struct TZtCodeEdit::TPaintPass {
     bool LineBreak = false;
 
     const TZtLineLook *Look = nullptr; // of the line, with zcPicture
+    TZtLineLook ComposedLook;          // and of one that an input method composes in
+    QString Composed;                  // with its composition; null for every other line
     bool HasColumns = false;           // in the gutter
     TZtGuttorSight Sight;
     std::vector<TZtColourRun> Runs; // of the line, with zcPicture

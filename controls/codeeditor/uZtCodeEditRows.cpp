@@ -28,12 +28,16 @@ void TZtCodeEdit::ComposeText()
 {
     const int first = FVScrollBar->GetPosition();
     const int last = qMin(first + int(GetHeight() / RowPitch()), FLines->GetCount() - 1);
-    if (first > last)
+    TPaintPass pass;
+    if (first > last) {
+        BeginPass(pass);
+        if (FLines->GetCount() == 0 && IsComposing())
+            ComposeCells(pass, 0);
         return;
+    }
     FeedParser();
     const THold hold(*this);
     const auto highlighter = FHighlighter; // a handler may exchange it
-    TPaintPass pass;
     BeginPass(pass);
     highlighter->SetExact(IsCorrected(zcStates));
     highlighter->SetParser(FParser);
@@ -63,9 +67,20 @@ void TZtCodeEdit::ComposeRow(TPaintPass &APass, int ALine)
     if (ALine >= FLines->GetCount())
         return; // a handler has taken it away
     DecorateRow(APass, ALine);
-    TZtCellReader reader(FLines->View(ALine), FCells);
+    ComposeCells(APass, ALine);
+}
+
+// Draws the characters of a line, with those that are composed in it.
+void TZtCodeEdit::ComposeCells(TPaintPass &APass, int ALine)
+{
+    const QPoint begin = APass.Begin, end = APass.End;
+    APass.Composed.clear();
+    if (FLinePos == ALine && IsComposing())
+        PutComposition(APass);
+    const bool composed = !APass.Composed.isNull();
+    TZtCellReader reader(composed ? QAnyStringView(APass.Composed) : FLines->View(ALine), FCells);
     APass.Run = 0;
-    const int length = FLines->GetLength(ALine);
+    const int length = composed ? int(APass.Composed.size()) : FLines->GetLength(ALine);
     int cells = length; // of a line that is not measured
     TZtCellSpan span;
     bool more = reader.Next(span);
@@ -73,9 +88,28 @@ void TZtCodeEdit::ComposeRow(TPaintPass &APass, int ALine)
         AddColumns(APass, ALine, span);
     if (!more)
         cells = int(reader.Cell());
-    else if (length <= LongestMeasured)
+    else if (length <= LongestMeasured && !composed)
         cells = CellOf({length, ALine});
     FLongest = std::max(FLongest, cells);
+    APass.Begin = begin;
+    APass.End = end;
+}
+
+// Makes room in the caret's line for what is composed there. What is selected stays so.
+void TZtCodeEdit::PutComposition(TPaintPass &APass) const
+{
+    const bool exists = FLinePos < FLines->GetCount();
+    const QAnyStringView line = exists ? FLines->View(FLinePos) : QAnyStringView();
+    APass.Composed = FComposition.PutInto(line, FCharPos);
+    FComposition.PutInto(APass.Runs, FCharPos, int(line.size()));
+    if (exists)
+        APass.ComposedLook = *APass.Look;
+    FComposition.PutInto(APass.ComposedLook, FCharPos);
+    APass.Look = &APass.ComposedLook;
+    if (APass.Begin.y() == FLinePos)
+        APass.Begin.setX(FComposition.Map(APass.Begin.x(), FCharPos, false));
+    if (APass.End.y() == FLinePos)
+        APass.End.setX(FComposition.Map(APass.End.x(), FCharPos, true));
 }
 
 // What stands beside, behind and over the text of a line.
@@ -165,7 +199,10 @@ void TZtCodeEdit::AddStretch(TPaintPass &APass, int ALine, const TZtCellSpan &AS
     if (marks.AreBlanksSeen)
         marks.BlankColour = selected ? HalfWay(APass.Rgb(fore), APass.Rgb(back)) : APass.Blank;
     APass.Token.resize(0);
-    FLines->AppendTo(ALine, AColumn, AStop - AColumn, APass.Token);
+    if (APass.Composed.isNull())
+        FLines->AppendTo(ALine, AColumn, AStop - AColumn, APass.Token);
+    else
+        APass.Token.append(QStringView(APass.Composed).mid(AColumn, AStop - AColumn));
     const bool tab = ASpan.IsCluster && APass.Token == QLatin1StringView("\t");
     if (tab && !marks.AreBlanksSeen)
         APass.Token.fill(u' ', ASpan.Width);

@@ -112,14 +112,6 @@ void TZtCodeEdit::TakeSearchOptions()
     options.PromptOnReplace = FSearchDlg->chkBxPromptOnReplace->isChecked();
 }
 
-void TZtSearchReplaceOptions::WidenTo(const TStringList &ALines)
-{
-    StartLine = 0;
-    StartPos = 0;
-    EndLine = qMax(ALines.GetCount() - 1, 0);
-    EndPos = ALines.GetCount() > 0 ? ALines.GetLength(EndLine) : 0;
-}
-
 void TZtCodeEdit::SetSearchOptions(const TZtSearchReplaceOptions &Value)
 {
     FSearchOptions = Value;

@@ -348,8 +348,7 @@ void TZtDbCodeEdit::DragDrop(QObject *Source, int X, int Y)
     TZtCodeEdit::DragDrop(Source, X, Y);
 }
 
-// Whether a text that is dropped could be stored.
-bool TZtDbCodeEdit::CanTakeDrop() const
+bool TZtDbCodeEdit::MayTakeText() const
 {
     const TDataSource *source = GetDataSource();
     return !GetReadOnly() && source && DataLink->CanModify() &&
@@ -358,16 +357,20 @@ bool TZtDbCodeEdit::CanTakeDrop() const
 
 void TZtDbCodeEdit::dragEnterEvent(QDragEnterEvent *AEvent)
 {
-    if (AEvent->mimeData()->hasText() && CanTakeDrop())
+    if (HasExtra(TZtExtra::zeDragText))
+        TZtCodeEdit::dragEnterEvent(AEvent);
+    else if (AEvent->mimeData()->hasText() && MayTakeText())
         AEvent->acceptProposedAction();
 }
 
 void TZtDbCodeEdit::dropEvent(QDropEvent *AEvent)
 {
+    if (HasExtra(TZtExtra::zeDragText))
+        return TZtCodeEdit::dropEvent(AEvent);
     // A source that moves its text takes it away when the drop is accepted.
     AEvent->setDropAction(Qt::IgnoreAction);
     AEvent->ignore();
-    if (!CanTakeDrop())
+    if (!MayTakeText())
         return;
     const QString text = AEvent->mimeData()->text();
     QPoint at = AEvent->position().toPoint() - ClientArea().topLeft();

@@ -96,6 +96,8 @@ public:
     void KeyDown(quint16 &Key, TShiftState Shift) override;
     void KeyCommand(quint16 &Key, TShiftState Shift) override;
     void DragDrop(QObject *Source, int X, int Y) override;
+    /// Only text that could be stored is taken.
+    bool MayTakeText() const override;
     void CMEnter() override;
     /// Stores the text into the field, unless the user would have to be asked; what that raises
     /// goes to the caller.
@@ -115,7 +117,6 @@ private:
     bool AgreeToStore(const TField &AField, TCopy &ACopy) const;
     bool CanStoreUnasked() const;
     void Store(TField &AField, const TCopy &ACopy);
-    bool CanTakeDrop() const;
     // with zcRecords
     void FollowRecord();
     bool KeepsText(const TField &AField);

@@ -5,7 +5,9 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
+#include <QDrag>
 #include <QMessageBox>
+#include <QMimeData>
 
 #include <new>
 
@@ -50,13 +52,18 @@ QString WithBreaks(const QString &AText, QLatin1StringView ABreak)
     return text;
 }
 
-#ifdef Q_OS_WIN
-constexpr QLatin1StringView DesktopBreak("\r\n");
-#else
-constexpr QLatin1StringView DesktopBreak("\n");
-#endif
-
 } // namespace
+
+QLatin1StringView ZtDesktopBreak()
+{
+#ifdef Q_OS_WIN
+    return QLatin1StringView("\r\n");
+#else
+    return QLatin1StringView("\n");
+#endif
+}
+
+QString ZtFromDesktop(const QString &AText) { return WithBreaks(AText, QLatin1StringView("\r\n")); }
 
 TZtPlatform ZtDefaultPlatform()
 {
@@ -65,11 +72,23 @@ TZtPlatform ZtDefaultPlatform()
         return ZtShiftState(EventModifiers ? *EventModifiers
                                            : QGuiApplication::keyboardModifiers());
     };
-    platform.ClipboardText = [] {
-        return WithBreaks(QGuiApplication::clipboard()->text(), QLatin1StringView("\r\n"));
-    };
+    platform.ClipboardText = [] { return ZtFromDesktop(QGuiApplication::clipboard()->text()); };
     platform.SetClipboardText = [](const QString &text) {
-        QGuiApplication::clipboard()->setText(WithBreaks(text, DesktopBreak));
+        QGuiApplication::clipboard()->setText(WithBreaks(text, ZtDesktopBreak()));
+    };
+    platform.HasPrimary = [] { return QGuiApplication::clipboard()->supportsSelection(); };
+    platform.PrimaryText = [] {
+        return ZtFromDesktop(QGuiApplication::clipboard()->text(QClipboard::Selection));
+    };
+    platform.SetPrimary = [](QMimeData *data) {
+        if (data)
+            QGuiApplication::clipboard()->setMimeData(data, QClipboard::Selection);
+        else
+            QGuiApplication::clipboard()->clear(QClipboard::Selection);
+    };
+    platform.RunDrag = [](QDrag *drag, Qt::DropActions actions) {
+        return drag->exec(actions,
+                          actions.testFlag(Qt::MoveAction) ? Qt::MoveAction : Qt::CopyAction);
     };
     platform.WheelLines = [] { return QApplication::wheelScrollLines(); };
     platform.MsgBoxInfo = [](const QString &text, const QString &caption) {

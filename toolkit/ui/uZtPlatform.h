@@ -9,6 +9,8 @@
 #include <functional>
 
 class QAccessibleEvent;
+class QDrag;
+class QMimeData;
 
 /// What a message box answers.
 enum TZtMsgBoxResult : int { mrOk = 1, mrCancel = 2, mrYes = 6, mrNo = 7 };
@@ -23,6 +25,15 @@ struct TZtPlatform {
     std::function<QString()> ClipboardText;
     /// Puts text on the clipboard; the desktop's programs get their own line breaks.
     std::function<void(const QString &)> SetClipboardText;
+    /// Whether the desktop has a primary selection: what was selected last, which the mouse's
+    /// middle button inserts.
+    std::function<bool()> HasPrimary;
+    /// The primary selection as plain text, CR LF at each of its line breaks.
+    std::function<QString()> PrimaryText;
+    /// Makes data the primary selection, which owns them then; null: there is none.
+    std::function<void(QMimeData *)> SetPrimary;
+    /// Runs a drag until the button goes up. Answers what the target did; Qt deletes the drag.
+    std::function<Qt::DropAction(QDrag *, Qt::DropActions)> RunDrag;
     /// Lines that one notch of the wheel scrolls; may be less than 1.
     std::function<int()> WheelLines;
     std::function<void(const QString &AText, const QString &ACaption)> MsgBoxInfo;
@@ -42,6 +53,11 @@ struct TZtPlatform {
 ZT_EDITOR_EXPORT TZtPlatform &ZtPlatform();
 /// The services as they are without a replacement.
 ZT_EDITOR_EXPORT TZtPlatform ZtDefaultPlatform();
+
+/// The line break of the desktop's programs.
+ZT_EDITOR_EXPORT QLatin1StringView ZtDesktopBreak();
+/// A text of another program with CR LF at each of its line breaks: CR LF, CR and LF are one each.
+ZT_EDITOR_EXPORT QString ZtFromDesktop(const QString &AText);
 
 /// A modal notice with OK. An empty caption means the application's name.
 inline void ZtMsgBoxInfo(const QString &AText, const QString &ACaption)
