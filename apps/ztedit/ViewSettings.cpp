@@ -57,6 +57,7 @@ std::span<const TViewSwitch> ZtViewSwitches()
         {QT_TRANSLATE_NOOP("View", "&Word at the caret"), "WordMarks", zeWordMarks},
         {},
         {QT_TRANSLATE_NOOP("View", "&Pairs while typing"), "TypedPairs", zeTypedPairs},
+        {QT_TRANSLATE_NOOP("View", "Drag and drop of &text"), "DragText", zeDragText},
         {QT_TRANSLATE_NOOP("View", "&Zoom by wheel and keys"), "Zoom", zeZoom},
         {QT_TRANSLATE_NOOP("View", "&Fine scrolling"), "FineWheel", zeFineWheel},
     };

@@ -87,8 +87,23 @@ TRadioGroup::TRadioGroup(const QString &ACaption, const QStringList &AItems, QWi
         connect(button, &QRadioButton::toggled, button, [button](bool chosen) {
             button->setFocusPolicy(chosen ? Qt::StrongFocus : Qt::ClickFocus);
         });
+        button->installEventFilter(this);
         FButtons.push_back(button);
     }
+}
+
+bool TRadioGroup::eventFilter(QObject *AWatched, QEvent *AEvent)
+{
+    const int key =
+        AEvent->type() == QEvent::KeyPress ? static_cast<QKeyEvent *>(AEvent)->key() : 0;
+    const bool forward = key == Qt::Key_Down || key == Qt::Key_Right;
+    const bool backward = key == Qt::Key_Up || key == Qt::Key_Left;
+    if (!FGoesRound || (!forward && !backward) || GetItemIndex() < 0)
+        return QGroupBox::eventFilter(AWatched, AEvent);
+    const int count = int(FButtons.size());
+    SetItemIndex((GetItemIndex() + (forward ? 1 : count - 1)) % count);
+    FButtons[size_t(GetItemIndex())]->setFocus(Qt::OtherFocusReason);
+    return true;
 }
 
 int TRadioGroup::GetItemIndex() const
@@ -261,6 +276,12 @@ void TFrmCodeEditSearchReplaceDlg::SetDlgType(TFrmCodeEditSearchReplaceDlgType V
     btnReplaceAll->setVisible(IsReplace());
     std::swap(FOKLeft, FReplaceAllLeft);
     FitToType();
+}
+
+void TFrmCodeEditSearchReplaceDlg::SetGoesRound(bool Value)
+{
+    for (auto *group : findChildren<TRadioGroup *>())
+        group->SetGoesRound(Value);
 }
 
 // The height is the type's; what the user has added to the width stays.

@@ -27,9 +27,17 @@ public:
     int GetItemIndex() const;
     void SetItemIndex(int Value);
     const std::vector<QRadioButton *> &GetButtons() const { return FButtons; }
+    bool GetGoesRound() const { return FGoesRound; }
+    /// Whether all four arrow keys move the choice, from an end to the other one too. If not, Up
+    /// and Down do, up to the ends.
+    void SetGoesRound(bool Value) { FGoesRound = Value; }
+
+protected:
+    bool eventFilter(QObject *AWatched, QEvent *AEvent) override;
 
 private:
     std::vector<QRadioButton *> FButtons;
+    bool FGoesRound = false;
 };
 
 /// The form in which a user sets up a search or a replacement. It has a page for each, of which
@@ -49,6 +57,8 @@ public:
     void SetDlgType(TFrmCodeEditSearchReplaceDlgType Value);
     bool GetCtl3D() const { return FCtl3D; }
     void SetCtl3D(bool Value) { FCtl3D = Value; }
+    /// What the arrow keys do in the groups of choices (`TRadioGroup::SetGoesRound`).
+    void SetGoesRound(bool Value);
     /// Shows the form and returns how it was closed.
     int ShowModal() { return exec(); }
     /// What happens when the form is shown: the text to find gets the focus, all of it selected.

@@ -52,6 +52,7 @@ TZtCodeEdit::TZtCodeEdit(QWidget *AOwner)
     FOptions.setFlag(TZtCodeOption::coShowRightMargin);
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_InputMethodEnabled);
+    setInputMethodHints(Qt::ImhMultiLine | Qt::ImhNoPredictiveText | Qt::ImhNoAutoUppercase);
     setCursor(Qt::IBeamCursor);
     FCaret = new TZtCaret(this);
     FExtras = std::make_unique<TZtEditExtras>(*this, this);

@@ -48,6 +48,7 @@ void TZtCodeEdit::WMSearchReplaceDlg(TZtMessage &Message)
         FSearchDlg->SetCtl3D(GetCtl3D());
     }
     FSearchDlg->SetDlgType(Message.WParam == 1 ? TDlgType::replace : TDlgType::search);
+    FSearchDlg->SetGoesRound(IsCorrected(TZtCorrection::zcDialogs));
     FSearchDlg->GetRgScope()->SetItemIndex(0);
     FSearchDlg->GetRgOrigin()->SetItemIndex(0);
     if (SelLength() > 0)

@@ -174,20 +174,24 @@ TEST_F(TDbCodeEditTest, ADropEntersEditState)
     const QPoint at(Edit->GetGuttorWidth() + 2 * Edit->GetCharWidth() + 1,
                     Edit->GetLineWidth() / 2);
     // What is not taken stays with its source. It may be forbidden between the entry and the drop.
-    for (const QString obstacle : {"protect-editor:1", "auto-edit:0", "protect:1", "auto-edit:1"}) {
-        const bool taken = obstacle == "auto-edit:1"; // it is no obstacle
-        QDragEnterEvent enter(at, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QDropEvent drop(at, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(Edit, &enter);
-        enter.ignore();
-        Do(obstacle);
-        QCoreApplication::sendEvent(Edit, &drop);
-        QCoreApplication::sendEvent(Edit, &enter);
-        EXPECT_EQ(drop.isAccepted(), taken) << obstacle.toStdString();
-        EXPECT_EQ(enter.isAccepted(), taken) << obstacle.toStdString();
-        EXPECT_EQ(drop.dropAction(), taken ? Qt::MoveAction : Qt::IgnoreAction);
-        EXPECT_EQ(Records() + Shown(), taken ? "(1)23<fi<drop>rst/" : "[1]23<first/");
-        Do("cancel protect-editor:0 auto-edit:1 protect:0");
+    for (const TZtExtras extras : {TZtExtras(), TZtExtras(TZtExtra::zeDragText)}) {
+        Edit->SetExtras(extras);
+        for (const QString obstacle :
+             {"protect-editor:1", "auto-edit:0", "protect:1", "auto-edit:1"}) {
+            const bool taken = obstacle == "auto-edit:1"; // it is no obstacle
+            QDragEnterEvent enter(at, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+            QDropEvent drop(at, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(Edit, &enter);
+            enter.ignore();
+            Do(obstacle);
+            QCoreApplication::sendEvent(Edit, &drop);
+            QCoreApplication::sendEvent(Edit, &enter);
+            EXPECT_EQ(drop.isAccepted(), taken) << obstacle.toStdString();
+            EXPECT_EQ(enter.isAccepted(), taken) << obstacle.toStdString();
+            EXPECT_EQ(drop.dropAction(), taken ? Qt::MoveAction : Qt::IgnoreAction);
+            EXPECT_EQ(Records() + Shown(), taken ? "(1)23<fi<drop>rst/" : "[1]23<first/");
+            Do("cancel protect-editor:0 auto-edit:1 protect:0");
+        }
     }
     Edit->DragDrop(nullptr, 0, 0);
     EXPECT_EQ(Records() + Shown(), "(1)23<first/");

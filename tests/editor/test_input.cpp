@@ -199,6 +199,7 @@ TEST_F(TInput, AnInputMethodIsToldTheCaretsLine)
     EXPECT_TRUE(Edit.rect().contains(Ask(Qt::ImCursorRectangle).toRect()));
     Compose({}, {{QInputMethodEvent::Selection, 4095, 2, {}}});
     EXPECT_EQ(Ask(Qt::ImCurrentSelection).toString(), "ab");
+    EXPECT_TRUE(Ask(Qt::ImHints).toInt() & Qt::ImhNoAutoUppercase);
     Edit.SetReadOnly(true);
     EXPECT_FALSE(Ask(Qt::ImEnabled).toBool());
     EXPECT_TRUE(Ask(Qt::ImReadOnly).toBool());

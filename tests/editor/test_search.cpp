@@ -91,6 +91,8 @@ protected:
     void Replace(const QString &AText, const QString &AWith, const QByteArray &AFlags, int AResult)
     {
         Open(u"Ctrl+r"_s, [&](TDlg &dialog) {
+            EXPECT_EQ(dialog.rgReplaceScope->GetGoesRound(),
+                      Edit.IsCorrected(TZtCorrection::zcDialogs));
             Fill(dialog, AText, AFlags);
             dialog.edtReplaceWith->setText(AWith);
             dialog.chkBxPromptOnReplace->setChecked(AFlags.contains('p'));
@@ -479,6 +481,30 @@ TEST_F(SearchDialog, ClosesWithItsResults)
         QTimer::singleShot(0, &dialog, act);
         EXPECT_EQ(dialog.ShowModal(), result);
     }
+}
+
+TEST_F(SearchDialog, ArrowKeysMoveTheChoice)
+{
+    const struct {
+        int Key, From, To, ToRound;
+    } rows[] = {
+        {Qt::Key_Down, 0, 1, 1}, {Qt::Key_Down, 1, 1, 0},  {Qt::Key_Up, 1, 0, 0},
+        {Qt::Key_Up, 0, 0, 1},   {Qt::Key_Right, 0, 0, 1}, {Qt::Key_Right, 1, 1, 0},
+        {Qt::Key_Left, 0, 0, 1}, {Qt::Key_Left, 1, 1, 0},
+    };
+    TDlg dialog;
+    Show(dialog, ForReplace);
+    TRadioGroup &group = *dialog.rgReplaceScope;
+    for (const bool round : {false, true})
+        for (const auto &row : rows) {
+            dialog.SetGoesRound(round);
+            group.SetItemIndex(row.From);
+            group.GetButtons().at(size_t(row.From))->setFocus();
+            Press(dialog.focusWidget(), row.Key, {});
+            const int to = round ? row.ToRound : row.To;
+            EXPECT_EQ(group.GetItemIndex(), to) << row.Key << round;
+            EXPECT_EQ(dialog.focusWidget(), group.GetButtons().at(size_t(to)));
+        }
 }
 
 // The captions of all that assistive tools see in a control; "?" for one that is not shown.
