@@ -176,6 +176,7 @@ TEST_F(TDbCodeEditTest, ADropEntersEditState)
     // What is not taken stays with its source. It may be forbidden between the entry and the drop.
     for (const TZtExtras extras : {TZtExtras(), TZtExtras(TZtExtra::zeDragText)}) {
         Edit->SetExtras(extras);
+        Edit->SetCharPos(0); // back in sight
         for (const QString obstacle :
              {"protect-editor:1", "auto-edit:0", "protect:1", "auto-edit:1"}) {
             const bool taken = obstacle == "auto-edit:1"; // it is no obstacle
