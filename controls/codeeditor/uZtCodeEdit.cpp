@@ -3,6 +3,7 @@
 #include "fZtCodeEditSearchReplaceDlg.h"
 #include "uZtCaret.h"
 #include "uZtClassRegistry.h"
+#include "uZtComposition.h"
 #include "uZtEditExtras.h"
 #include "uZtEditedText.h"
 #include "uZtFrame.h"
@@ -55,6 +56,7 @@ TZtCodeEdit::TZtCodeEdit(QWidget *AOwner)
     setInputMethodHints(Qt::ImhMultiLine | Qt::ImhNoPredictiveText | Qt::ImhNoAutoUppercase);
     setCursor(Qt::IBeamCursor);
     FCaret = new TZtCaret(this);
+    FComposition = std::make_unique<TZtComposition>();
     FExtras = std::make_unique<TZtEditExtras>(*this, this);
     AttachText(std::make_shared<TZtEditedText>());
     FExtras->Show({});

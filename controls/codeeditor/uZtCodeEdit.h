@@ -3,7 +3,6 @@
 #include "uZtCells.h"
 #include "uZtCodeParser.h"
 #include "uZtColorScheme.h"
-#include "uZtComposition.h"
 #include "uZtCorrections.h"
 #include "uZtCustomControl.h"
 #include "uZtExport.h"
@@ -58,6 +57,7 @@ class QHelpEvent;
 class QMimeData;
 class TFrmCodeEditSearchReplaceDlg;
 class TZtCaret;
+class TZtComposition;
 class TZtEditExtras;
 class TZtEditWatcher;
 class TZtEditedText;
@@ -767,7 +767,7 @@ private:
     QElapsedTimer FLastPaint;
     std::unique_ptr<TZtFrame> FFrame;
     TZtTextPainter FMetrics; // the font's measures between two paints
-    TZtComposition FComposition;
+    std::unique_ptr<TZtComposition> FComposition;
     bool FTellsInput = false;                      // an input method, soon
     std::shared_ptr<TZtTextDrag> FTextDrag;        // with zeDragText
     std::shared_ptr<TZtPrimarySelection> FPrimary; // with zePrimary

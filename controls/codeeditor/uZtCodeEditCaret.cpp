@@ -1,5 +1,7 @@
 #include "uZtCodeEditPass.h"
 
+#include "uZtComposition.h"
+
 #include "uZtCaret.h"
 
 using enum TZtCorrection;
@@ -13,7 +15,7 @@ void TZtCodeEdit::ResetCaret()
     const bool inside = 0 <= x && x < GetClientWidth() - g - BarsWidth() && 0 <= y &&
                         y < GetClientHeight() - FHScrollBar->height();
     TellInputMethod();
-    if (!inside || FReplacingAll || (IsComposing() && !FComposition.IsCaretSeen())) {
+    if (!inside || FReplacingAll || (IsComposing() && !FComposition->IsCaretSeen())) {
         FCaret->Hide();
         return;
     }
@@ -149,7 +151,7 @@ int TZtCodeEdit::ColumnAt(int ALine, int ACell) const
 
 int TZtCodeEdit::GetCaretCell() const
 {
-    return IsComposing() ? ComposedCell(FComposition.GetCaret()) : CellOf({FCharPos, FLinePos});
+    return IsComposing() ? ComposedCell(FComposition->GetCaret()) : CellOf({FCharPos, FLinePos});
 }
 
 QRect TZtCodeEdit::GetPlaceRect(const QPoint &APlace) const

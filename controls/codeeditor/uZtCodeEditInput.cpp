@@ -1,5 +1,7 @@
 #include "uZtCodeEditPass.h"
 
+#include "uZtComposition.h"
+
 #include "uZtPlatform.h"
 #include "uZtPrimarySelection.h"
 #include "uZtTextDrag.h"
@@ -49,7 +51,7 @@ struct TSurrounding {
 
 bool TZtCodeEdit::IsComposing() const
 {
-    return !FComposition.IsEmpty() && IsCorrected(zcComposition) && !GetReadOnly();
+    return !FComposition->IsEmpty() && IsCorrected(zcComposition) && !GetReadOnly();
 }
 
 // The caret's line up to the end of the composition.
@@ -58,7 +60,7 @@ QString TZtCodeEdit::ComposedStart() const
     QString before;
     if (FLinePos < FLines->GetCount())
         FLines->AppendTo(FLinePos, 0, qMin(FCharPos, FLines->GetLength(FLinePos)), before);
-    return FComposition.PutInto(before, FCharPos);
+    return FComposition->PutInto(before, FCharPos);
 }
 
 // Where some units of the composition end.
@@ -72,12 +74,12 @@ int TZtCodeEdit::ComposedCell(int AUnits) const
 void TZtCodeEdit::inputMethodEvent(QInputMethodEvent *AEvent)
 {
     if (!IsCorrected(zcComposition)) {
-        FComposition.Take(*AEvent);
+        FComposition->Take(*AEvent);
         Redraw();
         return TCustomControl::inputMethodEvent(AEvent);
     }
     const THold hold(*this);
-    FComposition.Clear();
+    FComposition->Clear();
     AEvent->setAccepted(!GetReadOnly());
     if (!AEvent->isAccepted())
         return CompositionChanged();
@@ -86,7 +88,7 @@ void TZtCodeEdit::inputMethodEvent(QInputMethodEvent *AEvent)
     if (IsAbandoned())
         return;
     Guarded([&] { SelectAsTold(*AEvent); });
-    FComposition.Take(*AEvent);
+    FComposition->Take(*AEvent);
     CompositionChanged();
 }
 
@@ -141,13 +143,13 @@ void TZtCodeEdit::CompositionChanged()
 // As Qt's own editors do it: what the input method does not commit when it is asked to is dropped.
 void TZtCodeEdit::EndComposition()
 {
-    if (FComposition.IsEmpty() || !IsCorrected(zcComposition))
+    if (FComposition->IsEmpty() || !IsCorrected(zcComposition))
         return;
     const THold hold(*this);
     QGuiApplication::inputMethod()->commit();
-    if (IsAbandoned() || FComposition.IsEmpty())
+    if (IsAbandoned() || FComposition->IsEmpty())
         return;
-    FComposition.Clear();
+    FComposition->Clear();
     CompositionChanged();
 }
 
@@ -158,7 +160,7 @@ bool TZtCodeEdit::PressComposition(int X, int Y)
     if (!IsComposing())
         return false;
     const int cell = FHScrollBar->GetPosition() + (X - RealGuttorWidth()) / qMax(FCharWidth, 1);
-    const int units = int(FComposition.GetText().size());
+    const int units = int(FComposition->GetText().size());
     if (X < RealGuttorWidth() || PlaceAt(0, Y).y() != FLinePos || cell < ComposedCell(0) ||
         cell >= ComposedCell(units)) {
         EndComposition();

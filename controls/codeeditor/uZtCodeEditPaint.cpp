@@ -1,5 +1,7 @@
 #include "uZtCodeEditPass.h"
 
+#include "uZtComposition.h"
+
 #include "uZtCaret.h"
 #include "uZtEditExtras.h"
 #include "uZtSystemColors.h"
@@ -369,18 +371,18 @@ void TZtCodeEdit::paintEvent(QPaintEvent *AEvent)
 // Without zcComposition over the picture, beside the caret.
 void TZtCodeEdit::PaintComposition(QPainter &APainter) const
 {
-    if (FComposition.IsEmpty() || IsCorrected(TZtCorrection::zcComposition) ||
+    if (FComposition->IsEmpty() || IsCorrected(TZtCorrection::zcComposition) ||
         FCaret->Rect().isEmpty())
         return;
     QFont underlined = font();
     underlined.setUnderline(true);
     const QFontMetrics metrics(underlined);
     const QRect box(FCaret->Rect().topLeft(),
-                    QSize(metrics.horizontalAdvance(FComposition.GetText()), FLineWidth));
+                    QSize(metrics.horizontalAdvance(FComposition->GetText()), FLineWidth));
     APainter.fillRect(box, QColor(GetViewRgb(TZtViewColor::vcBackground)));
     APainter.setPen(QColor(GetViewRgb(TZtViewColor::vcText)));
     APainter.setFont(underlined);
-    APainter.drawText(box, Qt::AlignLeft | Qt::AlignVCenter, FComposition.GetText());
+    APainter.drawText(box, Qt::AlignLeft | Qt::AlignVCenter, FComposition->GetText());
 }
 
 std::vector<TZtPaintRow> TZtCodeEdit::PaintedRows() const { return FFrame->Rows(); }

@@ -1,5 +1,7 @@
 #include "uZtCodeEditPass.h"
 
+#include "uZtComposition.h"
+
 #include "uZtEditExtras.h"
 
 #include <algorithm>
@@ -100,16 +102,16 @@ void TZtCodeEdit::PutComposition(TPaintPass &APass) const
 {
     const bool exists = FLinePos < FLines->GetCount();
     const QAnyStringView line = exists ? FLines->View(FLinePos) : QAnyStringView();
-    APass.Composed = FComposition.PutInto(line, FCharPos);
-    FComposition.PutInto(APass.Runs, FCharPos, int(line.size()));
+    APass.Composed = FComposition->PutInto(line, FCharPos);
+    FComposition->PutInto(APass.Runs, FCharPos, int(line.size()));
     if (exists)
         APass.ComposedLook = *APass.Look;
-    FComposition.PutInto(APass.ComposedLook, FCharPos);
+    FComposition->PutInto(APass.ComposedLook, FCharPos);
     APass.Look = &APass.ComposedLook;
     if (APass.Begin.y() == FLinePos)
-        APass.Begin.setX(FComposition.Map(APass.Begin.x(), FCharPos, false));
+        APass.Begin.setX(FComposition->Map(APass.Begin.x(), FCharPos, false));
     if (APass.End.y() == FLinePos)
-        APass.End.setX(FComposition.Map(APass.End.x(), FCharPos, true));
+        APass.End.setX(FComposition->Map(APass.End.x(), FCharPos, true));
 }
 
 // What stands beside, behind and over the text of a line.
