@@ -196,6 +196,44 @@ struct TTextOptions {
     }
 };
 
+// What is written instead of showing a window, one of them at most.
+struct TOutputOptions {
+    const QCommandLineOption Render{QStringLiteral("render"),
+                                    Tr("Draw the window into the picture OUT.png and leave."),
+                                    QStringLiteral("OUT.png")};
+    const QCommandLineOption Print{QStringLiteral("print"),
+                                   Tr("Print FILE into OUT.pdf and leave."),
+                                   QStringLiteral("OUT.pdf")};
+    const QCommandLineOption Html{QStringLiteral("html"),
+                                  Tr("Write FILE with its colours into OUT.html and leave."),
+                                  QStringLiteral("OUT.html")};
+    const QCommandLineOption Tokens{QStringLiteral("tokens"),
+                                    Tr("Print the tokens of FILE, one a line, and leave.")};
+
+    // Answers what is wrong.
+    QString Read(const QCommandLineParser &AParser, TCommandLine &ALine) const
+    {
+        ALine.RenderTo = AParser.value(Render);
+        ALine.PrintTo = AParser.value(Print);
+        ALine.HtmlTo = AParser.value(Html);
+        ALine.Tokens = AParser.isSet(Tokens);
+        int given = 0;
+        for (const QCommandLineOption &option : {Render, Print, Html, Tokens}) {
+            const QString name = option.names().constFirst();
+            given += int(AParser.isSet(option));
+            if (AParser.isSet(option) && !option.valueName().isEmpty() &&
+                AParser.value(option).isEmpty())
+                return Tr("--%1 wants the name of a file to write.").arg(name);
+            const bool one = ALine.Files.size() == 1 && ALine.Database.File.isEmpty();
+            if (AParser.isSet(option) && name != Render.names().constFirst() && !one)
+                return Tr("--%1 wants one file, and no --db.").arg(name);
+        }
+        if (given > 1)
+            return Tr("Only one of --render, --print, --html and --tokens can be given.");
+        return {};
+    }
+};
+
 // How the window looks.
 struct TViewOptions {
     const QCommandLineOption Size{QStringLiteral("size"), Tr("The window's size in pixels."),
@@ -229,11 +267,7 @@ std::optional<TCommandAnswer> ZtReadCommandLine(const QStringList &AArguments, T
                                   Tr("Show this help and leave."));
     const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
                                      Tr("Show the version and leave."));
-    const QCommandLineOption render(QStringLiteral("render"),
-                                    Tr("Draw the window into the picture OUT.png and leave."),
-                                    QStringLiteral("OUT.png"));
-    const QCommandLineOption tokens(QStringLiteral("tokens"),
-                                    Tr("Print the tokens of FILE, one a line, and leave."));
+    const TOutputOptions output;
     const TTextOptions text;
     const TViewOptions view;
     const TDbOptions database;
@@ -242,9 +276,10 @@ std::optional<TCommandAnswer> ZtReadCommandLine(const QStringList &AArguments, T
         Tr("Edits source code. Without a display, and with --render, the window is drawn into a "
            "picture instead. The options of every Qt application are known too, such as -style, "
            "-platform and -reverse."));
-    parser.addOptions({help, version, render, tokens, text.Line, text.Bookmark, text.Diagnostics,
-                       view.Size, view.Scheme, view.Plain, database.File, database.Table,
-                       database.Field, database.Key, database.Sample});
+    parser.addOptions({help, version, output.Render, output.Print, output.Html, output.Tokens,
+                       text.Line, text.Bookmark, text.Diagnostics, view.Size, view.Scheme,
+                       view.Plain, database.File, database.Table, database.Field, database.Key,
+                       database.Sample});
     parser.addPositionalArgument(QStringLiteral("FILE"), Tr("The files to open, a tab each."),
                                  QStringLiteral("[FILE...]"));
     QStringList arguments = AArguments;
@@ -259,16 +294,11 @@ std::optional<TCommandAnswer> ZtReadCommandLine(const QStringList &AArguments, T
                                   QCoreApplication::applicationVersion(),
                               0};
     ALine.Files = parser.positionalArguments();
-    ALine.RenderTo = parser.value(render);
-    if (parser.isSet(render) && ALine.RenderTo.isEmpty())
-        return UsageError(Tr("--render wants the name of a picture."));
     if (const QString fault = database.Read(parser, ALine); !fault.isEmpty())
+        return UsageError(fault);
+    if (const QString fault = output.Read(parser, ALine); !fault.isEmpty())
         return UsageError(fault);
     if (const QString fault = text.Read(parser, ALine); !fault.isEmpty())
         return UsageError(fault);
-    ALine.Tokens = parser.isSet(tokens);
-    if (ALine.Tokens &&
-        (ALine.Files.size() != 1 || parser.isSet(render) || !ALine.Database.File.isEmpty()))
-        return UsageError(Tr("--tokens wants one file, and neither --render nor --db."));
     return view.Read(parser, ALine);
 }

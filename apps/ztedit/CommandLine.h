@@ -16,8 +16,16 @@ struct TCommandLine {
     QString SampleToMake;
     /// The picture to draw instead of showing a window.
     QString RenderTo;
+    /// The PDF and the HTML file to write of the one file instead of showing a window.
+    QString PrintTo;
+    QString HtmlTo;
     /// Whether to print the tokens of the one file instead of showing a window.
     bool Tokens = false;
+    /// Whether something else is drawn or written than a window on a display.
+    bool IsForFile() const
+    {
+        return !RenderTo.isEmpty() || !PrintTo.isEmpty() || !HtmlTo.isEmpty();
+    }
     /// The window's size in pixels; invalid for the usual one.
     QSize Size;
     /// Whether one of Qt's own options says where to show the window.

@@ -8,6 +8,7 @@
 #include "Icons.h"
 #include "Methods.h"
 #include "PlainText.h"
+#include "PrintFlow.h"
 #include "SaveFlow.h"
 #include "StartPage.h"
 #include "StatusTexts.h"
@@ -264,6 +265,26 @@ void TMainWindow::SaveAll()
     for (int i = 0; i < DocumentCount(); ++i)
         if (Document(i)->IsModified() && !Save(Document(i)))
             return;
+}
+
+void TMainWindow::Print()
+{
+    if (TDocument *document = CurrentDocument())
+        ZtPrint(*document, this);
+}
+
+void TMainWindow::PreviewPrint()
+{
+    if (TDocument *document = CurrentDocument())
+        ZtPreviewPrint(*document, this);
+}
+
+void TMainWindow::ExportHtml()
+{
+    TDocument *document = CurrentDocument();
+    const QString path = document ? ZtExportHtml(*document, this) : QString();
+    if (!path.isEmpty())
+        FStatus->ShowMessage(tr("%1 is written").arg(QFileInfo(path).fileName()), MessageTime);
 }
 
 bool TMainWindow::Save(TDocument *ADocument)

@@ -103,6 +103,9 @@ private:
     void SaveCurrent();
     void SaveAs();
     void SaveAll();
+    void Print();
+    void PreviewPrint();
+    void ExportHtml();
     void Reload();
     void CloseCurrent();
     void Undo();

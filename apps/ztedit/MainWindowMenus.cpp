@@ -79,6 +79,10 @@ void TMainWindow::CreateFileMenu()
         {QT_TR_NOOP("Save a&ll"), nullptr, nullptr, &TWin::SaveAll, Text},
         {QT_TR_NOOP("&Reload"), "document-revert", nullptr, &TWin::Reload, {}, &TWin::FReload},
         {},
+        {QT_TR_NOOP("&Print…"), "document-print", "Ctrl+P", &TWin::Print, Text},
+        {QT_TR_NOOP("Print pre&view…"), nullptr, nullptr, &TWin::PreviewPrint, Text},
+        {QT_TR_NOOP("&Export as HTML…"), nullptr, nullptr, &TWin::ExportHtml, Text},
+        {},
         {QT_TR_NOOP("&Close"), "window-close", "Ctrl+W", &TWin::CloseCurrent, Text},
         {QT_TR_NOOP("&Quit"), "application-exit", "Ctrl+Q"},
     };

@@ -5,6 +5,7 @@
 #include "FileStore.h"
 #include "JournalFlow.h"
 #include "MainWindow.h"
+#include "PrintFlow.h"
 #include "Tokens.h"
 #include "ViewMenu.h"
 
@@ -106,6 +107,21 @@ void Render(TMainWindow &AWindow, const TCommandLine &ALine)
                           .arg(QFileInfo(path).absoluteFilePath()));
 }
 
+// Writes what is wanted of the one document.
+void WriteOut(TDocument &ADocument, const TCommandLine &ALine)
+{
+    const QString path = ALine.PrintTo.isEmpty() ? ALine.HtmlTo : ALine.PrintTo;
+    if (ZtMayOnlyReplace(path))
+        throw EStreamError(
+            QCoreApplication::translate("main", "You have no right to write \"%1\".").arg(path));
+    if (ALine.PrintTo.isEmpty())
+        ZtWriteHtmlTo(ADocument, path, false);
+    else
+        ZtPrintTo(ADocument, path);
+    PrintLine(stdout, QCoreApplication::translate("main", "%1 is written")
+                          .arg(QFileInfo(path).absoluteFilePath()));
+}
+
 int MakeSample(const QString &APath)
 {
     try {
@@ -186,6 +202,10 @@ int Run(const TCommandLine &ALine, bool AOffScreen)
     if (onDisplay)
         window.KeepJournals();
     const QStringList messages = OpenAll(window, ALine, AOffScreen);
+    if (!ALine.PrintTo.isEmpty() || !ALine.HtmlTo.isEmpty()) {
+        WriteOut(*window.CurrentDocument(), ALine);
+        return 0;
+    }
     if (AOffScreen) {
         Render(window, ALine);
         return 0;
@@ -221,7 +241,7 @@ int main(int argc, char *argv[])
         if (line.Tokens)
             return PrintTokens(line.Files.constFirst());
     }
-    const bool offScreen = !line.RenderTo.isEmpty() || !(line.ChoosesDisplay || HasDisplay());
+    const bool offScreen = line.IsForFile() || !(line.ChoosesDisplay || HasDisplay());
     if (offScreen)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     OuterHandler = qInstallMessageHandler(HandleMessage);

@@ -55,6 +55,7 @@ public:
 
 class QHelpEvent;
 class QMimeData;
+class QPagedPaintDevice;
 class TFrmCodeEditSearchReplaceDlg;
 class TZtCaret;
 class TZtComposition;
@@ -72,8 +73,11 @@ enum class TZtUndoJoin : quint8;
 struct TZtDecorationStyle;
 struct TZtGuttorSight;
 struct TZtLineLook;
+struct TZtColouredText;
+struct TZtHtmlOptions;
 struct TZtPaintRow;
 struct TZtPieceMarks;
+struct TZtPrintOptions;
 struct TZtTextMarks;
 struct TZtViewState;
 
@@ -485,6 +489,21 @@ public:
 
     bool Dispatch(TZtMessage &Message) override;
 
+    // === uZtCodeEditExport.cpp: what leaves the editor for paper, files and other programs
+    // =====
+
+    /// Prints the text or the selection on a printer, or into a PDF file; see
+    /// `TZtTextPrinter::Print` for the answer and what it raises. Diagnostics, marks and the host's
+    /// colours of lines (`OnParserLineChange`) are not printed.
+    bool Print(QPagedPaintDevice &ADevice, const TZtPrintOptions &AOptions);
+    /// How many pages that takes, whatever range of them the device is to print.
+    int PageCount(const QPagedPaintDevice &ADevice, const TZtPrintOptions &AOptions) const;
+    /// Writes the text or the selection as HTML; see `ZtWriteHtml`.
+    bool WriteHtml(QIODevice &ADevice, bool ASelectionOnly, const QString &ATitle = {});
+    /// The selected text for the clipboard or a drag: plain with CR LF at its line breaks and, up
+    /// to 2^20 units of it, as HTML, which is made when it is asked for. Null without a selection.
+    std::unique_ptr<QMimeData> CreateMimeData();
+
     // === uZtCodeEditSearch.cpp: search and replace
     // ================================================
 
@@ -674,6 +693,12 @@ private:
     void ClampSelectionEnd();
     auto KeepSelection();
     QString SelectedText() const;
+    bool GetSelection(QPoint &AFrom, QPoint &ATo) const;
+    TZtColouredText ColouredText(bool ASelectionOnly) const;
+    TZtHtmlOptions HtmlOptions() const;
+    TZtPrintOptions WithFont(const TZtPrintOptions &AOptions) const;
+    std::unique_ptr<QMimeData> MimeOf(const QString &S, const QPoint &AFrom, const QPoint &ATo);
+    void ToClipboard(const QString &S);
     void InsertLines(const QString &S);
     void InsertInLine(const QString &S);
     void BreakLine();

@@ -331,7 +331,7 @@ void TZtCodeEdit::DeleteLines(TZtChangeType AChangeType, const QString &ADeleted
     const QPoint end = FSelEnd;
     if (FCorrections) {
         if (AChangeType == TZtChangeType::ctCut)
-            Tell([&] { ZtPlatform().SetClipboardText(ADeleted); });
+            ToClipboard(ADeleted);
         FLines->ReplaceText(InLine(start), InLine(end), {});
         FSelEnd = start;
         MoveTo(start);

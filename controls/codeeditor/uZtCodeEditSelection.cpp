@@ -166,7 +166,7 @@ void TZtCodeEdit::WMCopy(TZtMessage &)
     GetSelected(text);
     if (text.isEmpty() && IsCorrected(zcClipboard))
         return;
-    Tell([&] { ZtPlatform().SetClipboardText(text); });
+    ToClipboard(text);
 }
 
 void TZtCodeEdit::WMPaste(TZtMessage &)

@@ -90,6 +90,10 @@ TZtPlatform ZtDefaultPlatform()
         return drag->exec(actions,
                           actions.testFlag(Qt::MoveAction) ? Qt::MoveAction : Qt::CopyAction);
     };
+    platform.SetClipboardData = [](std::unique_ptr<QMimeData> data) {
+        data->setText(WithBreaks(data->text(), DesktopBreak));
+        QGuiApplication::clipboard()->setMimeData(data.release());
+    };
     platform.WheelLines = [] { return QApplication::wheelScrollLines(); };
     platform.MsgBoxInfo = [](const QString &text, const QString &caption) {
         AskUser(text, caption, QMessageBox::Information, QMessageBox::Ok);

@@ -7,6 +7,7 @@
 
 #include <exception>
 #include <functional>
+#include <memory>
 
 class QAccessibleEvent;
 class QDrag;
@@ -34,6 +35,9 @@ struct TZtPlatform {
     std::function<void(QMimeData *)> SetPrimary;
     /// Runs a drag until the button goes up. Answers what the target did; Qt deletes the drag.
     std::function<Qt::DropAction(QDrag *, Qt::DropActions)> RunDrag;
+    /// Puts a text on the clipboard in several forms, for the same programs; its plain text gets
+    /// their line breaks.
+    std::function<void(std::unique_ptr<QMimeData>)> SetClipboardData;
     /// Lines that one notch of the wheel scrolls; may be less than 1.
     std::function<int()> WheelLines;
     std::function<void(const QString &AText, const QString &ACaption)> MsgBoxInfo;
