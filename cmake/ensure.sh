@@ -6,10 +6,10 @@
 build_packages='g++ cmake ninja-build qt6-base-dev qt6-svg-dev libqt6sql6-sqlite libicu-dev
     fontconfig fonts-liberation fonts-dejavu-core'
 test_packages='libgtest-dev pkgconf dpkg-dev qt6-tools-dev libqt6opengl6-dev
-    xvfb xdotool x11-xkb-utils xclip
+    xvfb xdotool x11-xkb-utils xclip poppler-utils
     at-spi2-core dbus-daemon gir1.2-atspi-2.0 python3-pyatspi'
 
-elsewhere='a C++20 compiler, CMake 3.25, Ninja, Qt 6.4 (Widgets, Svg, and Sql with SQLite), ICU, GoogleTest, the Liberation fonts, Xvfb, xdotool, setxkbmap and xclip, and AT-SPI with pyatspi'
+elsewhere='a C++20 compiler, CMake 3.25, Ninja, Qt 6.4 (Widgets, Svg, and Sql with SQLite), ICU, GoogleTest, the Liberation fonts, Xvfb, xdotool, setxkbmap, xclip and poppler-utils, and AT-SPI with pyatspi'
 build_folder="$root/build/release"
 
 say() { printf '%s\n' "== $*" >&2; }

@@ -140,7 +140,8 @@ QString TZtHtmlMaker::Head() const
     return html + QStringLiteral(",monospace;\">\n");
 }
 
-QString TZtHtmlMaker::Foot() const { return QStringLiteral("</pre>\n</body>\n</html>\n"); }
+// A line feed here would be a blank behind the text, for some programs.
+QString TZtHtmlMaker::Foot() const { return QStringLiteral("</pre></body></html>"); }
 
 void TZtHtmlMaker::AppendLine(QString &AHtml, QStringView ALine, const TZtColourRuns &ARuns,
                               int AFrom) const

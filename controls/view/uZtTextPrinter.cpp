@@ -195,9 +195,10 @@ void TZtTextPrinter::DrawPage(QPainter &APainter, int APage)
     APainter.scale(APainter.device()->logicalDpiX() / UnitsPerInch,
                    APainter.device()->logicalDpiY() / UnitsPerInch);
     const QRectF page(QPointF(), FPage);
-    APainter.setClipRect(page);
+    // Letters do not stand on the edge of coloured paper.
     if (FPaper != 0xFFFFFF)
-        APainter.fillRect(page, ColourOf(FPaper));
+        APainter.fillRect(page.adjusted(-FPitch, -FPitch, FPitch, FPitch), ColourOf(FPaper));
+    APainter.setClipRect(page);
     if (FHasHeader)
         DrawFields(APainter, FOptions.Header, 0, APage);
     if (FHasFooter)

@@ -13,6 +13,7 @@
 #include <QDir>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QRegularExpression>
 
 #include <csignal>
@@ -58,6 +59,9 @@ THostSession::THostSession() : Answer(mrYes)
     platform.ShowException = [this](const QString &message) { Fault(message); };
     platform.ClipboardText = [this] { return FClipboard; };
     platform.SetClipboardText = [this](const QString &text) { FClipboard = text; };
+    platform.SetClipboardData = [this](std::unique_ptr<QMimeData> mime) {
+        FClipboard = mime->text();
+    };
     std::signal(SIGXFSZ, SIG_IGN);
     AddFileWords();
     AddProgramWords();

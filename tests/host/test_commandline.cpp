@@ -80,6 +80,13 @@ TEST(CommandLine, TokensAndSamplesAreMadeOrAnError)
         {"--scheme ~/a.js", "1||ztedit: ", "a.js:1:1"},
         {"--tokens ~/a.js -style", "2||ztedit: ", "-style"},
         {"--render ~/o.png --diagnostics ~/none ~/a.js", "1||ztedit: ", "none"},
+        {"--print ~/o.pdf ~/a.js", "0|", "o.pdf is written"},
+        {"--html ~/o.html --scheme dark ~/a.js", "0|", "o.html is written"},
+        {"--print ~/none/o.pdf ~/a.js", "1||ztedit: ", "none/o.pdf"},
+        {"--html ~/p.html ~/none.js", "1||ztedit: ", "none.js"},
+        {"--print ~/p.pdf", "2||ztedit: ", "--print wants one file"},
+        {"--print ~/p.pdf ~/a.js ~/a.txt", "2||ztedit: ", "--print wants one file"},
+        {"--print ~/p.pdf --html ~/p.html ~/a.js", "2||ztedit: ", "Only one"},
         {"--make-sample ~/b", "0|", "is made"},
         {"--make-sample ~/b", "1||ztedit: ", "there already"},
         {"--make-sample ~/c", "1||ztedit: ", "there already"},
@@ -91,5 +98,7 @@ TEST(CommandLine, TokensAndSamplesAreMadeOrAnError)
                     run.contains(QString::fromUtf8(row.Holds)))
             << row.Arguments << run.toStdString();
     }
-    EXPECT_EQ(session.Do(u"names"_s), u"a.BAS,a.js,a.txt,b,b.sql,c.sql@,c@,e.sql"_s);
+    EXPECT_EQ(session.Do(u"names"_s), u"a.BAS,a.js,a.txt,b,b.sql,c.sql@,c@,e.sql,o.html,o.pdf"_s);
+    QFile html(session.Path(u"o.html"_s));
+    EXPECT_TRUE(html.open(QIODevice::ReadOnly) && html.readAll().contains("<title>a.js</title>"));
 }
