@@ -1,5 +1,6 @@
 #pragma once
 
+#include "uZtExport.h"
 #include "uZtTextColours.h"
 
 #include <QString>
@@ -23,7 +24,7 @@ struct TZtHtmlOptions {
 /// as programs want it that are pasted into. What the lines hold is what a reader of the document
 /// gets, but for characters that HTML cannot hold: controls become their pictures (U+2400 on),
 /// lone surrogates, noncharacters and the controls from U+0080 on U+FFFD.
-class TZtHtmlMaker {
+class ZT_EDITOR_EXPORT TZtHtmlMaker {
 public:
     explicit TZtHtmlMaker(const TZtHtmlOptions &AOptions);
 
@@ -44,6 +45,7 @@ private:
 /// Writes a text as UTF-8, in slices: a text of any length takes little memory. Answers whether it
 /// was written whole: not where `OnProgress` ends it, or where it changes the text. Raises
 /// `EStreamError` when the device does not take it, and what the lexer raises.
-bool ZtWriteHtml(QIODevice &ATo, const TZtColouredText &AText, const TZtHtmlOptions &AOptions);
+ZT_EDITOR_EXPORT bool ZtWriteHtml(QIODevice &ATo, const TZtColouredText &AText,
+                                  const TZtHtmlOptions &AOptions);
 /// The same in memory.
-QString ZtHtmlOf(const TZtColouredText &AText, const TZtHtmlOptions &AOptions);
+ZT_EDITOR_EXPORT QString ZtHtmlOf(const TZtColouredText &AText, const TZtHtmlOptions &AOptions);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "uZtColorScheme.h"
+#include "uZtExport.h"
 #include "uZtHighlighter.h"
 
 #include <QPoint>
@@ -11,7 +12,7 @@
 #include <vector>
 
 /// Part of a text and who colours it, for what goes to paper or into a file.
-struct TZtColouredText {
+struct ZT_EDITOR_EXPORT TZtColouredText {
     TStringList *Lines = nullptr;    ///< outlives whoever reads it
     TZtLangParser *Parser = nullptr; ///< null for plain text
     /// The colours; those of the lexer's own table without one, or with one that has no styles.
@@ -31,11 +32,11 @@ struct TZtColouredText {
 
 /// What a colour is on paper, `$00RRGGBB`: the desktop's colours are black text, white background
 /// and grey lines there, whatever they are on the screen.
-quint32 ZtPaperColour(TColor AColor);
+ZT_EDITOR_EXPORT quint32 ZtPaperColour(TColor AColor);
 
 /// The exact colours of the lines of a text in another scheme than on the screen, from the lexer
 /// that colours them there. The lexer is used while a line is asked for and then is as it was.
-class TZtTextColours {
+class ZT_EDITOR_EXPORT TZtTextColours {
 public:
     explicit TZtTextColours(const TZtColouredText &AText);
 

@@ -1,12 +1,13 @@
 #pragma once
 
+#include "uZtExport.h"
 #include "uZtHtmlExport.h"
 
 #include <QMimeData>
 
 /// A text as it is put on the clipboard or dragged: plain, and as HTML with its colours. The HTML
 /// is made when somebody asks for it, from what the text was when this was made.
-class TZtTextMime : public QMimeData {
+class ZT_EDITOR_EXPORT TZtTextMime : public QMimeData {
     Q_OBJECT
 
 public:

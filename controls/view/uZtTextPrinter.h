@@ -1,6 +1,7 @@
 #pragma once
 
 #include "uZtCells.h"
+#include "uZtExport.h"
 #include "uZtTextColours.h"
 #include "uZtTextPainter.h"
 
@@ -49,7 +50,7 @@ public:
 
 /// Puts a text on pages. It is laid out in units of 1/1200 inch, so that pages are the same at
 /// every resolution, and never copied.
-class TZtTextPrinter {
+class ZT_EDITOR_EXPORT TZtTextPrinter {
 public:
     /// `AText` outlives the printer. Its scheme is not asked for, but that of the options.
     TZtTextPrinter(const TZtColouredText &AText, const TZtCellRules &ACells,
