@@ -58,9 +58,7 @@ void TZtShownRecord::Load(const TField *AField, const TStringList &ALines)
     FIsBlob = AField->IsBlob();
     TZtStringStream stream;
     stream.LoadFromBytes(FBytes, FIsBlob ? -1 : Utf8CodePage);
-    if (stream.LineEndings() > 0)
-        FLineEnding = stream.GetFormat().LineEnding;
-    FFinalLineBreak = stream.GetFormat().FinalLineBreak;
+    FBreaks.Take(stream);
     FRevision = ALines.GetRevision();
     FExact = FLoadable = true;
 }
@@ -117,9 +115,7 @@ bool TZtShownRecord::IsLoadedIn(const TStringList &ALines) const
 
 void TZtShownRecord::GiveBreaks(TZtTextFormat &AFormat, const TStringList &ALines) const
 {
-    const bool empty = ALines.GetCount() == 1 && ALines.GetLength(0) == 0;
-    AFormat.LineEnding = FLineEnding;
-    AFormat.FinalLineBreak = FFinalLineBreak && !empty;
+    FBreaks.GiveTo(AFormat, ALines);
 }
 
 bool TZtShownRecord::IsShown(const TField &AField, const TStringList &ALines)

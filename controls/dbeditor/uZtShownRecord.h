@@ -1,7 +1,7 @@
 #pragma once
 
 #include "uZtDataSet.h"
-#include "uZtStringStream.h"
+#include "uZtTextBreaks.h"
 
 class TStringList;
 
@@ -43,8 +43,7 @@ private:
     int FRecNo = 0;
     TZtValues FKey;
     QByteArray FBytes;
-    TZtLineEnding FLineEnding = TZtLineEnding::leCrLf;
-    bool FFinalLineBreak = false;
+    TZtTextBreaks FBreaks{TZtLineEnding::leCrLf};
     quint64 FRevision = 0;  // of the lines
     bool FExact = false;    // the bytes hold all of the lines
     bool FLoadable = false; // the bytes, loaded, give the lines

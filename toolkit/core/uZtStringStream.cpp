@@ -176,6 +176,11 @@ EStreamError CannotHold(const QString &AFileName)
 
 } // namespace
 
+qsizetype ZtFindLineEndings(TZtTextFormat &AFormat, QStringView AText)
+{
+    return SetLineEndings(AFormat, AText.utf16(), AText.size());
+}
+
 QByteArray ZtReadFile(const QString &AFileName)
 {
     const QFileInfo info(AFileName);
@@ -283,7 +288,7 @@ void TZtStringStream::FindLineEndings()
     FWideText = QString();
     if (IsWide(FFormat.Encoding)) {
         Decode(FWideText, FFormat.Undecodable);
-        FLineEndings = SetLineEndings(FFormat, FWideText.utf16(), FWideText.size());
+        FLineEndings = ZtFindLineEndings(FFormat, FWideText);
         return;
     }
     const QByteArrayView content = Content();
