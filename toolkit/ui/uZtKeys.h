@@ -25,7 +25,7 @@ inline constexpr quint16 None = 0, Back = 0x08, Tab = 0x09, Clear = 0x0C, Return
                          Apps = 0x5D, Numpad0 = 0x60, Numpad1 = 0x61, Numpad3 = 0x63,
                          Numpad6 = 0x66, Multiply = 0x6A, Add = 0x6B, Subtract = 0x6D,
                          Decimal = 0x6E, Divide = 0x6F, F1 = 0x70, F2 = 0x71, F3 = 0x72, F7 = 0x76,
-                         F8 = 0x77, F9 = 0x78, F11 = 0x7A, F24 = 0x87, NumLock = 0x90,
+                         F8 = 0x77, F9 = 0x78, F10 = 0x79, F11 = 0x7A, F24 = 0x87, NumLock = 0x90,
                          ScrollLock = 0x91, OemPlus = 0xBB, OemComma = 0xBC, OemMinus = 0xBD,
                          OemPeriod = 0xBE;
 constexpr quint16 Letter(char upper) { return quint16(upper); }

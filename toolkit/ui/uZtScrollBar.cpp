@@ -5,8 +5,8 @@
 
 TScrollBar::TScrollBar(QWidget *AOwner) : QScrollBar(AOwner)
 {
-    const int extent = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
-    setGeometry(0, 0, extent, extent);
+    FThickness = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+    setGeometry(0, 0, FThickness, FThickness);
     setRange(0, 100);
     setContextMenuPolicy(Qt::NoContextMenu);
     connect(this, &QScrollBar::valueChanged, this, [this] {
@@ -22,6 +22,14 @@ void TScrollBar::SetKind(TScrollBarKind Value)
         Value == TScrollBarKind::sbHorizontal ? Qt::Horizontal : Qt::Vertical;
     if (orientation() != wanted)
         setOrientation(wanted);
+}
+
+void TScrollBar::FitThickness()
+{
+    const bool across = orientation() == Qt::Horizontal;
+    const QSize hint =
+        testAttribute(Qt::WA_StyleSheet) ? sizeHint() : QSize(FThickness, FThickness);
+    resize(across ? QSize(width(), hint.height()) : QSize(hint.width(), height()));
 }
 
 void TScrollBar::SetPageSize(int Value)

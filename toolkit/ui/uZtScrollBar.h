@@ -22,6 +22,8 @@ public:
     TNotifyEvent OnChange;
 
     void SetKind(TScrollBarKind Value);
+    /// Makes the bar as thick as a style sheet wants it, or else as it was made.
+    void FitThickness();
     int GetPosition() const { return value(); }
     /// A value outside 0 to `Max` is clipped.
     void SetPosition(int Value) { setValue(Value); }
@@ -51,6 +53,7 @@ private:
 
     std::optional<TLook> FDrawn; // by the last paint, unless it came between a change and its look
     bool FLookAsked = false;
+    int FThickness; // of the style that it was made in, in pixels
     int FPageSize = 0;
     int FLargeChange = 1;
 };

@@ -1,5 +1,7 @@
 #include "uZtSystemColors.h"
 
+#include "uZtColors.h"
+
 #include <array>
 
 namespace {
@@ -56,4 +58,21 @@ TColor ZtColorToRGB(TColor AColor, const QPalette &APalette)
 {
     const QColor color = ZtToQColor(AColor, APalette);
     return TColor(color.red()) | TColor(color.green()) << 8 | TColor(color.blue()) << 16;
+}
+
+std::optional<TColor> ZtToColor(const QVariant &AValue)
+{
+    const bool named =
+        AValue.typeId() == QMetaType::QString || AValue.typeId() == QMetaType::QByteArray;
+    TColor color = 0;
+    if (named && ZtIdentToColor(AValue.toString(), color))
+        return color;
+    bool number = false;
+    color = AValue.toUInt(&number);
+    if (!named && number)
+        return color;
+    const auto qt = named ? QColor(AValue.toString()) : AValue.value<QColor>();
+    if (!qt.isValid())
+        return std::nullopt;
+    return TColor(qt.red()) | TColor(qt.green()) << 8 | TColor(qt.blue()) << 16;
 }
