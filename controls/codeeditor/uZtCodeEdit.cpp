@@ -5,11 +5,13 @@
 #include "uZtClassRegistry.h"
 #include "uZtComposition.h"
 #include "uZtEditExtras.h"
+#include "uZtEditState.h"
 #include "uZtEditedText.h"
 #include "uZtFrame.h"
 #include "uZtHighlighter.h"
 #include "uZtLanguages.h"
 #include "uZtPlatform.h"
+#include "uZtSystemColors.h"
 #include "uZtUndoHistory.h"
 
 #include <QFont>
@@ -46,12 +48,14 @@ TZtCodeEdit::TZtCodeEdit(QWidget *AOwner)
       FUndoBytes(TZtUndoHistory::DefaultBytes)
 {
     InstallAccessible();
+    MakeState();
     resize(100, 100);
     FScollLines = ZtPlatform().WheelLines();
     if (FScollLines < 1)
         FScollLines = 3;
     FOptions.setFlag(TZtCodeOption::coShowRightMargin);
     setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setAttribute(Qt::WA_InputMethodEnabled);
     setInputMethodHints(Qt::ImhMultiLine | Qt::ImhNoPredictiveText | Qt::ImhNoAutoUppercase);
     setCursor(Qt::IBeamCursor);
@@ -67,6 +71,8 @@ TZtCodeEdit::TZtCodeEdit(QWidget *AOwner)
         (*bar)->setCursor(Qt::ArrowCursor);
         (*bar)->OnChange = [this](QObject *sender) { ScrollChange(sender); };
     }
+    FHScrollBar->SetKind(TScrollBarKind::sbHorizontal);
+    FVScrollBar->SetKind(TScrollBarKind::sbVertical);
     FSelStart = FSelEnd = QPoint(-1, -1);
     FUndoList = std::make_unique<TZtUndoList>(this);
 }
@@ -174,12 +180,19 @@ void TZtCodeEdit::SetRightMarginColor(TColor Value)
     Redraw();
 }
 
+void TZtCodeEdit::SetRightMarginColor(const QVariant &Value)
+{
+    if (const auto color = ZtToColor(Value))
+        SetRightMarginColor(*color);
+}
+
 void TZtCodeEdit::SetOptions(TZtCodeOptions Value)
 {
     FOptions = Value;
     PositionScollBars();
     KeepCaretInText();
     update();
+    StateChanged();
 }
 
 void TZtCodeEdit::Show(TZtCodeOption AOption, bool AShow)
@@ -198,6 +211,7 @@ void TZtCodeEdit::SetReadOnly(bool Value)
 {
     FReadOnly = Value;
     Redraw();
+    StateChanged();
 }
 
 void TZtCodeEdit::SetOnParserLineChange(const TZtParserLineChangeEvent &Value)
@@ -250,11 +264,11 @@ void TZtCodeEdit::PositionScollBars()
     const int height = ClientArea().height();
     const int g = RealGuttorWidth();
     const int h = FHScrollBar->height();
+    const int w = FVScrollBar->width();
 
-    FHScrollBar->SetKind(TScrollBarKind::sbHorizontal);
     // Below columns too, whose width changes with the count of lines.
     const int left = HasColumns() ? 0 : g;
-    Place(FHScrollBar, QRect(origin.x() + left, origin.y() + height - h, width - h - left, h));
+    Place(FHScrollBar, QRect(origin.x() + left, origin.y() + height - h, width - w - left, h));
     const int columns = (width - g - BarsWidth() - FCharWidth) / FCharWidth;
     const int lines = int((height - FHScrollBar->height() - RowPitch()) / RowPitch());
     SetRanges(columns, lines);
@@ -262,8 +276,7 @@ void TZtCodeEdit::PositionScollBars()
     if (columns >= 0)
         FHScrollBar->SetLargeChange(columns);
 
-    FVScrollBar->SetKind(TScrollBarKind::sbVertical);
-    Place(FVScrollBar, QRect(origin.x() + width - h, origin.y(), h, height - h));
+    Place(FVScrollBar, QRect(origin.x() + width - w, origin.y(), w, height - h));
     FVScrollBar->SetPageSize(lines);
     if (lines >= 0)
         FVScrollBar->SetLargeChange(lines);
@@ -307,6 +320,7 @@ void TZtCodeEdit::CodeChange(QObject *)
         KeepCaretInText();
         TellChange();
     }
+    StateChanged();
 }
 
 void TZtCodeEdit::Changed()
@@ -321,12 +335,14 @@ void TZtCodeEdit::RunToEnd(const std::function<void()> &AStep)
 {
     if (FLines->GetRaised())
         return AStep();
-    const THold hold(*this);
-    TZtFirstException raised;
-    FLines->SetRaised(&raised);
-    raised.Run(AStep);
-    FLines->SetRaised(nullptr);
-    raised.Raise();
+    Watched([&] {
+        const THold hold(*this);
+        TZtFirstException raised;
+        FLines->SetRaised(&raised);
+        raised.Run(AStep);
+        FLines->SetRaised(nullptr);
+        raised.Raise();
+    });
 }
 
 // Runs what leads to a host's code. What that begins is an operation of its own.
@@ -359,6 +375,7 @@ void TZtCodeEdit::Loaded()
 {
     TCustomControl::Loaded();
     FModified = false;
+    StateChanged();
 }
 
 void TZtCodeEdit::Notification(QObject *AComponent, TOperation Operation)
@@ -398,6 +415,8 @@ void TZtCodeEdit::LayoutChanged()
 {
     if (!WindowAvailable() || IsLoading())
         return;
+    FHScrollBar->FitThickness();
+    FVScrollBar->FitThickness();
     PositionScollBars();
     FCaret->SetParent(this);
     ResetCaret();
@@ -434,3 +453,12 @@ void TZtCodeEdit::HoldScrollBars(bool AHold)
 }
 
 QSize TZtCodeEdit::sizeHint() const { return {640, 400}; }
+
+// What the bars need.
+QSize TZtCodeEdit::minimumSizeHint() const
+{
+    const QSize bevels = size() - ClientArea().size();
+    return QSize(FHScrollBar->minimumSizeHint().width() + FVScrollBar->width(),
+                 FVScrollBar->minimumSizeHint().height() + FHScrollBar->height()) +
+           bevels;
+}

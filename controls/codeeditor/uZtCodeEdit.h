@@ -1,6 +1,8 @@
 #pragma once
 
 #include "uZtCells.h"
+#include "uZtCodeList.h"
+#include "uZtCodeOptions.h"
 #include "uZtCodeParser.h"
 #include "uZtColorScheme.h"
 #include "uZtCorrections.h"
@@ -23,36 +25,6 @@
 #include <limits>
 #include <memory>
 
-enum class TBorderStyle : quint8 { bsNone, bsSingle };
-
-/// Kinds of lines for folding, which is declared and switched off (`IsLineCollapse`).
-enum class TZtLineKind : quint8 { lkNotSet, lkNormal, lkMainOpen, lkMainClose, lkHidden };
-
-enum class TZtCodeOption : quint8 {
-    coCanCollapse = 1,
-    coShowGuttor = 2,
-    coShowRightMargin = 4,
-    coVirtualSpace = 8, ///< with `zcCaret`: the caret may stand right of its line's end
-};
-Q_DECLARE_FLAGS(TZtCodeOptions, TZtCodeOption)
-Q_DECLARE_OPERATORS_FOR_FLAGS(TZtCodeOptions)
-
-/// Lets the host recolour a line: true makes the whole line take the two colours. `aLineNr` is
-/// 1-based.
-using TZtParserLineChangeEvent =
-    std::function<bool(int aLineNr, TColor &aBackGroundColor, TColor &aFontColor)>;
-
-/// An inert shell: it holds nothing and answers empty strings. The editor's text is a
-/// `TStringList`.
-class ZT_EDITOR_EXPORT TZtCodeList : public QObject {
-    Q_OBJECT
-
-public:
-    using QObject::QObject;
-    QString GetStrings(int) const { return {}; }
-    void SetStrings(int, const QString &) {}
-};
-
 class QHelpEvent;
 class QMimeData;
 class QPagedPaintDevice;
@@ -61,6 +33,7 @@ class TZtCaret;
 class TZtComposition;
 class TZtEditExtras;
 class TZtEditWatcher;
+class TZtEditState;
 class TZtEditedText;
 class TZtFrame;
 class TZtGuttor;
@@ -81,16 +54,6 @@ struct TZtPrintOptions;
 struct TZtTextMarks;
 struct TZtViewState;
 
-/// The X of a selection point that means "up to the end of the line".
-inline constexpr int ZtEndOfLine = std::numeric_limits<int>::max();
-
-/// Told of a search what there is to say without a question.
-using TZtSearchMessageEvent = std::function<void(const QString &AText)>;
-
-/// Told of a press beside a line (0-based) in a column of the gutter (0-based, -1 right of the
-/// last).
-using TZtGuttorClickEvent = std::function<void(int ALine, int AColumn, TMouseButton AButton)>;
-
 /// The source-code editor control.
 ///
 /// Positions are (X: character, Y: line), both 0-based, characters being UTF-16 units. The caret is
@@ -110,37 +73,46 @@ class ZT_EDITOR_EXPORT TZtCodeEdit : public TCustomControl,
                                      public TZtUndoTarget,
                                      public TZtViewHost {
     Q_OBJECT
-    Q_PROPERTY(TBorderStyle BorderStyle READ GetBorderStyle WRITE SetBorderStyle)
+    Q_PROPERTY(ZtCodeOptions::TBorderStyle BorderStyle READ GetBorderStyle WRITE SetBorderStyle)
     Q_PROPERTY(TStringList *Lines READ GetLines WRITE SetLines DESIGNABLE false)
     Q_PROPERTY(TZtLangParser *Parser READ GetParser WRITE SetParser DESIGNABLE false)
     Q_PROPERTY(QString Language READ GetLanguage WRITE StoreLanguage NOTIFY languageChanged)
     Q_PROPERTY(QMenu *PopupMenu READ GetPopupMenu WRITE SetPopupMenu DESIGNABLE false)
     Q_PROPERTY(int GuttorWidth READ GetGuttorWidth WRITE SetGuttorWidth)
     Q_PROPERTY(int RightMargin READ GetRightMargin WRITE SetRightMargin)
-    Q_PROPERTY(TColor RightMarginColor READ GetRightMarginColor WRITE SetRightMarginColor)
-    Q_PROPERTY(TZtCodeOptions Options READ GetOptions WRITE SetOptions)
-    Q_PROPERTY(bool ReadOnly READ GetReadOnly WRITE SetReadOnly)
+    Q_PROPERTY(QVariant RightMarginColor READ GetRightMarginColor WRITE SetRightMarginColor)
+    Q_PROPERTY(ZtCodeOptions::TZtCodeOptions Options READ GetOptions WRITE SetOptions NOTIFY
+                   optionsChanged)
+    Q_PROPERTY(bool ReadOnly READ GetReadOnly WRITE SetReadOnly NOTIFY readOnlyChanged)
     Q_PROPERTY(int TabIndentSize READ GetTabIndentSize WRITE SetTabIndentSize)
-    Q_PROPERTY(TZtCorrections Corrections READ GetCorrections WRITE SetCorrections)
-    Q_PROPERTY(TZtExtras Extras READ GetExtras WRITE SetExtras)
-    Q_PROPERTY(int Zoom READ GetZoom WRITE SetZoom STORED false)
+    Q_PROPERTY(ZtCorrections::TZtCorrections Corrections READ GetCorrections WRITE SetCorrections
+                   NOTIFY correctionsChanged)
+    Q_PROPERTY(ZtExtras::TZtExtras Extras READ GetExtras WRITE SetExtras NOTIFY extrasChanged)
+    Q_PROPERTY(int Zoom READ GetZoom WRITE SetZoom NOTIFY zoomChanged STORED false)
     Q_PROPERTY(int WordMarkDelay READ GetWordMarkDelay WRITE SetWordMarkDelay)
     Q_PROPERTY(int TabWidth READ GetTabWidth WRITE SetTabWidth)
     Q_PROPERTY(qint64 UndoBytes READ GetUndoBytes WRITE SetUndoBytes)
     Q_PROPERTY(bool UndoLoads READ GetUndoLoads WRITE SetUndoLoads)
-    Q_PROPERTY(int LinePos READ GetLinePos WRITE SetLinePos STORED false DESIGNABLE false)
-    Q_PROPERTY(int CharPos READ GetCharPos WRITE SetCharPos STORED false DESIGNABLE false)
-    Q_PROPERTY(bool ShowGuttor READ GetShowGuttor WRITE SetShowGuttor STORED false)
-    Q_PROPERTY(bool ShowRightMargin READ GetShowRightMargin WRITE SetShowRightMargin STORED false)
-    Q_PROPERTY(QPoint SelStart READ GetSelStart WRITE SetSelStart STORED false DESIGNABLE false)
-    Q_PROPERTY(QPoint SelEnd READ GetSelEnd WRITE SetSelEnd STORED false DESIGNABLE false)
-    Q_PROPERTY(QString Text READ GetText WRITE SetText)
+    Q_PROPERTY(int LinePos READ GetLinePos WRITE SetLinePos NOTIFY cursorPositionChanged
+                   STORED false DESIGNABLE false)
+    Q_PROPERTY(int CharPos READ GetCharPos WRITE SetCharPos NOTIFY cursorPositionChanged
+                   STORED false DESIGNABLE false)
+    Q_PROPERTY(
+        bool ShowGuttor READ GetShowGuttor WRITE SetShowGuttor NOTIFY optionsChanged STORED false)
+    Q_PROPERTY(bool ShowRightMargin READ GetShowRightMargin WRITE SetShowRightMargin NOTIFY
+                   optionsChanged STORED false)
+    Q_PROPERTY(QPoint SelStart READ GetSelStart WRITE SetSelStart NOTIFY selectionChanged
+                   STORED false DESIGNABLE false)
+    Q_PROPERTY(QPoint SelEnd READ GetSelEnd WRITE SetSelEnd NOTIFY selectionChanged
+                   STORED false DESIGNABLE false)
+    Q_PROPERTY(QString Text READ GetText WRITE SetText NOTIFY textChanged USER true)
     Q_PROPERTY(
         int ParserLineNr READ GetParserLineNr WRITE SetParserLineNr STORED false DESIGNABLE false)
-    Q_PROPERTY(bool Modified READ GetModified WRITE SetModified STORED false DESIGNABLE false)
+    Q_PROPERTY(bool Modified READ GetModified WRITE SetModified NOTIFY modificationChanged
+                   STORED false DESIGNABLE false)
     Q_PROPERTY(bool CanPaste READ GetCanPaste)
-    Q_PROPERTY(bool CanUndo READ GetCanUndo)
-    Q_PROPERTY(bool CanRedo READ GetCanRedo)
+    Q_PROPERTY(bool CanUndo READ GetCanUndo NOTIFY undoAvailable)
+    Q_PROPERTY(bool CanRedo READ GetCanRedo NOTIFY redoAvailable)
 
 public:
     explicit TZtCodeEdit(QWidget *AOwner = nullptr);
@@ -151,7 +123,7 @@ public:
 
     TBorderStyle GetBorderStyle() const { return FBorderStyle; }
     /// Stored only; the next paint draws the border.
-    void SetBorderStyle(TBorderStyle Value) { FBorderStyle = Value; }
+    Q_SLOT void SetBorderStyle(TBorderStyle Value) { FBorderStyle = Value; }
     /// The live text. The host may edit it; nothing is recorded for undo then.
     TStringList *GetLines() const final { return FLines; }
     /// Takes over the lines of `Value`, which stays the caller's, and clears `Modified`. Nothing is
@@ -174,30 +146,32 @@ public:
     void SetPopupMenu(QMenu *Value);
     int GetGuttorWidth() const { return FGuttorWidth; }
     /// Pixels. Stored only: layout and picture follow with the next change of either.
-    void SetGuttorWidth(int Value) { FGuttorWidth = Value; }
+    Q_SLOT void SetGuttorWidth(int Value) { FGuttorWidth = Value; }
     int GetRightMargin() const { return FRightMargin; }
     /// The column of the margin's line.
-    void SetRightMargin(int Value);
+    Q_SLOT void SetRightMargin(int Value);
     TColor GetRightMarginColor() const { return FRightMarginColor; }
     void SetRightMarginColor(TColor Value);
+    /// What `ZtToColor` makes a colour of: for forms and style sheets. Ignores all else.
+    void SetRightMarginColor(const QVariant &Value);
     TZtCodeOptions GetOptions() const { return FOptions; }
-    void SetOptions(TZtCodeOptions Value);
+    Q_SLOT void SetOptions(TZtCodeOptions Value);
     bool GetShowGuttor() const { return FOptions.testFlag(TZtCodeOption::coShowGuttor); }
     /// Turns the gutter on; without `zcSwitches` also with false: it is taken away through
     /// `Options` alone then.
-    void SetShowGuttor(bool Value);
+    Q_SLOT void SetShowGuttor(bool Value);
     bool GetShowRightMargin() const { return FOptions.testFlag(TZtCodeOption::coShowRightMargin); }
     /// Turns the margin on; without `zcSwitches` also with false: it is taken away through
     /// `Options` alone then.
-    void SetShowRightMargin(bool Value);
+    Q_SLOT void SetShowRightMargin(bool Value);
     virtual bool GetReadOnly() const { return FReadOnly; }
-    virtual void SetReadOnly(bool Value);
+    Q_SLOT virtual void SetReadOnly(bool Value);
     int GetTabIndentSize() const { return FTabIndentSize; }
     /// How many spaces the Tab key inserts; none when 0 or negative.
-    void SetTabIndentSize(int Value) { FTabIndentSize = Value; }
+    Q_SLOT void SetTabIndentSize(int Value) { FTabIndentSize = Value; }
     int GetTabWidth() const { return FCells.TabWidth; }
     /// With `zcTabs`: every how many cells a tab stop stands, 1 or more.
-    void SetTabWidth(int Value);
+    Q_SLOT void SetTabWidth(int Value);
     int GetParserLineNr() const { return FParserLineNr; }
     /// The index of the line that the lexer is handed next.
     void SetParserLineNr(int Value)
@@ -207,7 +181,7 @@ public:
     }
     bool GetModified() const { return FModified; }
     /// Also says which text the saved one is, for `zcEvents`.
-    void SetModified(bool Value);
+    Q_SLOT void SetModified(bool Value);
 
     const TNotifyEvent &GetOnCursorChange() const { return FOnCursorChange; }
     /// Fired by every caret move, also by one that leads to where the caret was.
@@ -251,6 +225,7 @@ public:
     void SetParent(QWidget *AParent) override;
     void SetBounds(int ALeft, int ATop, int AWidth, int AHeight) override;
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
     /// Answers that the background is taken care of: `Paint` covers the whole client area.
     int WMEraseBkgnd() const { return 1; }
     /// Asks for a paint of the text area; the scroll bars keep their picture. A host calls it where
@@ -264,7 +239,7 @@ public:
     /// What is done better than by the first version; none of it unless the host says so. `zcTabs`,
     /// `zcCells` and `zcStates` bring `zcPicture` with them. Switching `zcUndo` or `zcEvents` on or
     /// off forgets what could be undone.
-    void SetCorrections(TZtCorrections Value);
+    Q_SLOT void SetCorrections(TZtCorrections Value);
     bool IsCorrected(TZtCorrection ACorrection) const { return FCorrections.testFlag(ACorrection); }
     /// Takes the last change back; nothing happens when there is none.
     virtual void Undo();
@@ -279,10 +254,10 @@ public:
     void EndUpdate();
     qint64 GetUndoBytes() const { return FUndoBytes; }
     /// With `zcUndo`: what the undo may take in memory, in bytes. The oldest steps go first.
-    void SetUndoBytes(qint64 Value);
+    Q_SLOT void SetUndoBytes(qint64 Value);
     bool GetUndoLoads() const { return FUndoLoads; }
     /// With `zcUndo`: whether `LoadFromFile` can be undone. If not, it forgets all steps.
-    void SetUndoLoads(bool Value) { FUndoLoads = Value; }
+    Q_SLOT void SetUndoLoads(bool Value) { FUndoLoads = Value; }
     /// Shows and edits the text of another editor from now on. With `zcUndo` in both, the two share
     /// one undo. The text lives as long as one of them.
     void ShareText(TZtCodeEdit *AOther);
@@ -294,7 +269,7 @@ public:
 
     TZtExtras GetExtras() const final { return FShownExtras; }
     /// What the editor shows and offers beside the text; none of it unless the host says so.
-    void SetExtras(TZtExtras Value);
+    Q_SLOT void SetExtras(TZtExtras Value);
     /// Its columns are shown with `zcPicture`, which the extras bring with them.
     TZtGuttor *GetGuttor() const;
     /// The gutter's column of marks, for icons of the host's own.
@@ -317,17 +292,17 @@ public:
     QRgb GetViewRgb(TZtViewColor APart) const final;
     int GetZoom() const { return FZoom; }
     /// The size of the font in per cent of what the host has set, 20 to 500.
-    void SetZoom(int Value);
+    Q_SLOT void SetZoom(int Value);
     int GetWordMarkDelay() const final { return FWordMarkDelay; }
     /// With `zeWordMarks`: how long the caret rests before its word is marked, in milliseconds, so
     /// that what is typed does not flicker; 0: at once.
-    void SetWordMarkDelay(int Value) { FWordMarkDelay = qMax(Value, 0); }
+    Q_SLOT void SetWordMarkDelay(int Value) { FWordMarkDelay = qMax(Value, 0); }
     /// Marks all matches of a text with `zeMatchMarks`, as a search does; an empty one marks none.
     void MarkMatches(const QString &AText, TZtSearchFlags AFlags);
     /// How many there are; -1 until the whole text was looked through, which is done in idle time.
     qint64 GetMatchCount() const;
     /// Puts the caret at the start of a line (0-based) and the line into the middle of the view.
-    void GoToLine(int ALine) final;
+    Q_SLOT void GoToLine(int ALine) final;
     /// Runs a command of the extras; message 1029 does it too. Answers whether it led anywhere.
     bool RunExtra(TZtExtraCommand ACommand);
     /// The colours of lines; null without `zcPicture`.
@@ -382,10 +357,10 @@ public:
     /// Moves the caret in its line; right of the line's end is allowed. A negative column gives
     /// column 0 of the line above. Scrolls it into view and fires `OnCursorChange`; the selection
     /// follows.
-    void SetCharPos(int Value) final;
+    Q_SLOT void SetCharPos(int Value) final;
     int GetLinePos() const final { return FLinePos; }
     /// Moves the caret to a line, clamped to the text. The column stays.
-    void SetLinePos(int Value) final;
+    Q_SLOT void SetLinePos(int Value) final;
     /// Puts the caret's mark where the caret is, or hides it outside the text area.
     void ResetCaret();
     TZtCaret *GetCaret() const { return FCaret; }
@@ -404,6 +379,7 @@ public:
     bool CMWantSpecialKey(quint16 Key) const;
     /// The kinds of keys that the editor wants: arrows, characters and Tab.
     int WMGetDlgCode() const { return 0x83; }
+    QVariant inputMethodQuery(Qt::InputMethodQuery AQuery) const override;
 
     // === uZtCodeEditMouse.cpp: mouse and scrolling
     // ================================================
@@ -440,10 +416,11 @@ public:
     /// Inserts `aTxt` at the start of the last line.
     virtual void AddCode(const QString &aTxt);
     void InsertCode(int ALinePos, int ACharPos, const QString &ATxt);
-    /// All lines, CR LF after each.
-    QString GetText() const { return FLines->GetText(); }
-    /// Replaces the text and puts the caret at its start. The undo list stays.
-    void SetText(const QString &S);
+    /// All lines, CR LF after each; with `zcText` with the line breaks of the text that was set.
+    QString GetText() const;
+    /// Replaces the text and puts the caret at its start. The undo list stays. With `zcText`
+    /// nothing happens when the text is `S` already.
+    Q_SLOT void SetText(const QString &S);
     /// Replaces the text by a file's, whose encoding is found out. Raises `EStreamError` when it
     /// cannot be read; the text is left then, the caret and the view are at the start already.
     virtual void LoadFromFile(const QString &aFileName);
@@ -518,16 +495,57 @@ public:
     /// With `zcReplaceAll`: told that a search went round the end of the text, or how much was
     /// replaced. Without a handler a message box says that it went round.
     void SetOnSearchMessage(const TZtSearchMessageEvent &Value) { FOnSearchMessage = Value; }
-    /// For a host with a dialog of its own, which posts message 1027 afterwards.
+    /// For a host with a dialog of its own, which posts message 1027 afterwards. Where `Options` is
+    /// empty, it follows from the three flags.
     void SetSearchOptions(const TZtSearchReplaceOptions &Value);
     /// The dialog, null before it was shown first. It keeps its entries.
     TFrmCodeEditSearchReplaceDlg *GetSearchDlg() const { return FSearchDlg; }
+
+    // === uZtCodeEditSlots.cpp: Qt's own idiom
+    // =====================================================
+
+    /// A menu of the usual commands, which is the caller's to delete.
+    QMenu *createStandardContextMenu();
+
+public Q_SLOTS:
+    // What the messages of these names do, at once; the two forms open when the event loop comes
+    // round. What is raised goes to `ZtHandleException`.
+    void undo();
+    void redo();
+    void cut();
+    void copy();
+    void paste();
+    void find();
+    void replace();
+    /// Repeats the search downwards, without replacing.
+    void findNext();
+    /// Repeats the search upwards, without replacing.
+    void findPrevious();
+    void selectAll();
+    /// Removes the selected text, as the Delete key does; nothing without a selection.
+    void deleteSelection();
+    /// Removes the text, whether or not the editor is read-only, and forgets what could be undone.
+    void clear();
 
 Q_SIGNALS:
     void textChanged();
     void cursorPositionChanged();
     /// The lexer is of another language now.
     void languageChanged();
+    // Each of these is emitted at the end of an operation, when the value is other than it was told
+    // last.
+    void modificationChanged(bool AModified);
+    void readOnlyChanged(bool AReadOnly);
+    void selectionChanged();
+    void undoAvailable(bool AAvailable);
+    void redoAvailable(bool AAvailable);
+    /// Whether there is a selected text.
+    void copyAvailable(bool AAvailable);
+    void schemeChanged();
+    void zoomChanged(int AZoom);
+    void optionsChanged(TZtCodeOptions AOptions);
+    void correctionsChanged(TZtCorrections ACorrections);
+    void extrasChanged(TZtExtras AExtras);
 
 protected:
     bool event(QEvent *AEvent) override;
@@ -538,7 +556,8 @@ protected:
     void contextMenuEvent(QContextMenuEvent *AEvent) override;
     void inputMethodEvent(QInputMethodEvent *AEvent) override;
     void timerEvent(QTimerEvent *AEvent) override;
-    QVariant inputMethodQuery(Qt::InputMethodQuery AQuery) const override;
+    void connectNotify(const QMetaMethod &ASignal) override;
+    void disconnectNotify(const QMetaMethod &ASignal) override;
     void LayoutChanged() override;
     void FocusPaused(bool AActive) override;
     void Abandoned() override;
@@ -546,6 +565,10 @@ protected:
     void dragMoveEvent(QDragMoveEvent *AEvent) override;
     void dragLeaveEvent(QDragLeaveEvent *AEvent) override;
     void dropEvent(QDropEvent *AEvent) override;
+    /// To be called when a value that a signal tells may be another one.
+    void StateChanged();
+    /// The lines were made of `S` otherwise than by `SetText`.
+    void TakeBreaks(const QString &S);
 
 private:
     struct TPaintPass;
@@ -559,6 +582,9 @@ private:
     void TellLanguage();
     // corrections
     bool MayEdit() const { return !IsCorrected(TZtCorrection::zcReadOnly) || !GetReadOnly(); }
+    void MakeState();
+    bool IsWatched() const;
+    void Watched(const std::function<void()> &AStep);
     template <typename TStep> void Operate(TStep AStep);
     void BeginOperation();
     void EndOperation();
@@ -704,6 +730,7 @@ private:
     void BreakLine();
     void DeleteLines(TZtChangeType AChangeType, const QString &ADeleted);
     void Load(const QString &aFileName);
+    void SetAllLines(const QString &S);
     void MarkSaved();
     void ForgetChanges();
     void CheckFits(qsizetype AMore) const;
@@ -724,6 +751,11 @@ private:
     void Type(const QString &S);
     void TypeTab(bool ABack);
     void IndentLines(int AFirst, int ALast, bool ABack);
+    // menus and slots
+    void PopupMenuAt(const QPoint &APlace);
+    bool PopupMenuAtCaret();
+    void CaretForMenu(int X, int Y);
+    void Send(quint32 AMsg, quint64 AWParam = 0);
     // searching
     void OfferSelection();
     void TakeSearchOptions();
@@ -750,6 +782,8 @@ private:
 
     TBorderStyle FBorderStyle = TBorderStyle::bsSingle;
     bool FModified = false;
+    std::unique_ptr<TZtEditState> FState;
+    bool FInside = false; // an operation at whose end the signals are told
     std::unique_ptr<TZtUndoList> FUndoList;
     std::shared_ptr<TZtEditedText> FText;
     TStringList *FLines = nullptr; // of FText
@@ -842,6 +876,8 @@ private:
 // step of undo, one `OnChange`, as far as these are corrected.
 template <typename TStep> void TZtCodeEdit::Operate(TStep AStep)
 {
+    if (IsWatched())
+        return Watched([&] { Operate(AStep); });
     if (!FCorrections)
         return AStep();
     const THold hold(*this);

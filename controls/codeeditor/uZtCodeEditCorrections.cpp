@@ -84,6 +84,7 @@ void TZtCodeEdit::SetCorrections(TZtCorrections Value)
     TrackMouse();
     ResetCaret();
     Redraw();
+    StateChanged();
 }
 
 void TZtCodeEdit::SetTabWidth(int Value)
@@ -162,6 +163,7 @@ void TZtCodeEdit::ShareText(TZtCodeEdit *AOther)
     InitSelectionAndPosition();
     PositionScollBars();
     Redraw();
+    StateChanged();
 }
 
 // In the middle of an operation too, whose step ends here then.
@@ -236,6 +238,7 @@ void TZtCodeEdit::EndOperation()
     if (FHistory)
         FHistory->EndStep(GetView(), joins ? FJoin : TZtUndoJoin::ujAlone);
     ForEach(*FText, [&](TZtCodeEdit &edit) { raised.Run([&] { edit.TellChange(); }); });
+    ForEach(*FText, [&](TZtCodeEdit &edit) { raised.Run([&] { edit.StateChanged(); }); });
     raised.Raise();
 }
 
@@ -282,6 +285,7 @@ void TZtCodeEdit::SetModified(bool Value)
         FHistory->SetSaved();
     if (!Value && FText->Marks)
         FText->Marks->Changes.MarkSaved();
+    ForEach(*FText, [](TZtCodeEdit &edit) { edit.StateChanged(); });
 }
 
 // --- undo and redo -------------------------------------------------------------------------------
@@ -357,6 +361,7 @@ void TZtCodeEdit::ClearUndo()
     FUndoList->Clear();
     if (FHistory)
         FHistory->Clear();
+    StateChanged();
 }
 
 void TZtCodeEdit::SetUndoBytes(qint64 Value)
@@ -364,4 +369,5 @@ void TZtCodeEdit::SetUndoBytes(qint64 Value)
     FUndoBytes = qMax<qint64>(Value, 0);
     if (FHistory)
         FHistory->SetMaxBytes(FUndoBytes);
+    StateChanged();
 }

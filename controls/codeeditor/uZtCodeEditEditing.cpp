@@ -618,10 +618,39 @@ void TZtCodeEdit::ForgetChanges()
         FText->Marks->Changes.Reset();
 }
 
+QString TZtCodeEdit::GetText() const
+{
+    return IsCorrected(zcText) ? FText->Breaks.Join(*FLines) : FLines->GetText();
+}
+
+// Who is told of the lines can ask for the text already; what raises leaves both as they were.
+void TZtCodeEdit::SetAllLines(const QString &S)
+{
+    const std::shared_ptr<TZtEditedText> text = FText;
+    const TZtTextBreaks before = text->Breaks;
+    const quint64 revision = FLines->GetRevision();
+    TZtFirstException raised;
+    raised.Run([&] {
+        TakeBreaks(S);
+        text->GetLines()->SetText(S);
+    });
+    if (text->GetLines()->GetRevision() == revision)
+        text->Breaks = before;
+    raised.Raise();
+}
+
+void TZtCodeEdit::TakeBreaks(const QString &S)
+{
+    if (IsCorrected(zcText))
+        FText->Breaks.Take(S);
+}
+
 void TZtCodeEdit::SetText(const QString &S)
 {
+    if (IsCorrected(zcText) && FText->Breaks.Gives(S, *FLines))
+        return; // what is bound to the text hands it back
     Operate([&] {
-        FLines->SetText(S);
+        SetAllLines(S);
         ForgetChanges();
         InitSelectionAndPosition();
     });
@@ -632,6 +661,7 @@ void TZtCodeEdit::LoadFromFile(const QString &aFileName)
     Operate([&] { Load(aFileName); });
     if (!FUndoLoads && FHistory)
         FHistory->Clear();
+    StateChanged();
 }
 
 void TZtCodeEdit::Load(const QString &aFileName)
@@ -646,6 +676,8 @@ void TZtCodeEdit::Load(const QString &aFileName)
         FLines->SetUtf8Text(stream.Bytes(), stream.Bytes().size() - stream.Content().size());
     else
         FLines->SetText(stream.GetWString());
+    if (IsCorrected(zcText))
+        FText->Breaks.Take(stream);
     if (IsCorrected(zcEvents))
         MarkSaved();
     ForgetChanges();

@@ -38,6 +38,7 @@ void TZtCodeEdit::SetExtras(TZtExtras Value)
     ShowInput();
     PointAt(RealGuttorWidth());
     ExtrasChanged();
+    StateChanged();
 }
 
 // Changes are known from now on.
@@ -157,6 +158,7 @@ void TZtCodeEdit::SetScheme(const std::shared_ptr<const TZtColorScheme> &Value)
     FExtras->TakeColours();
     Redraw();
     update(); // the corners too
+    StateChanged();
 }
 
 void TZtCodeEdit::ColourParser()
@@ -283,10 +285,12 @@ void TZtCodeEdit::SetZoom(int Value)
         zoomed.setPixelSize(qMax(FUnzoomed.pixelSize() * zoom / 100, 1));
     else
         zoomed.setPointSizeF(FUnzoomed.pointSizeF() * zoom / 100);
-    FZoom = 100; // whatever this tells
-    setFont(zoomed);
-    FZoom = zoom;
-    MeasureFont();
+    Watched([&] {
+        FZoom = 100; // whatever this tells
+        setFont(zoomed);
+        FZoom = zoom;
+        MeasureFont();
+    });
 }
 
 // Before the next paint does: the caret and the bars stand right at once.
@@ -397,6 +401,8 @@ bool TZtCodeEdit::RunExtra(TZtExtraCommand ACommand)
     case ecZoomReset:
         SetZoom(100);
         return true;
+    case ecContextMenu:
+        return PopupMenuAtCaret();
     }
     return false;
 }

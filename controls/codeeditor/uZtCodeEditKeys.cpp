@@ -80,6 +80,7 @@ constexpr std::array Shortcuts = {
     Extra(TZtKey::Subtract, TModifiers::Ctrl, ecZoomOut, TZtExtra::zeZoom),
     Extra('0', TModifiers::Ctrl, ecZoomReset, TZtExtra::zeZoom),
     Extra(TZtKey::Numpad0, TModifiers::Ctrl, ecZoomReset, TZtExtra::zeZoom),
+    Extra(TZtKey::F10, TModifiers::Shift, ecContextMenu, TZtExtra::zeContextMenu),
 };
 
 bool Matches(TModifiers AModifiers, TShiftState AShift)
@@ -367,6 +368,7 @@ bool TZtCodeEdit::event(QEvent *AEvent)
         FZoom = 100; // the host's own font from now on
         if (IsCorrected(zcPicture))
             MeasureFont();
+        Guarded([this] { StateChanged(); });
     }
     if (AEvent->type() == QEvent::PaletteChange)
         FExtras->TakeColours();

@@ -83,7 +83,10 @@ void TZtCodeEdit::DoMouseDown(TMouseButton Button, TShiftState Shift, int X, int
         }
     } else if (Button == TMouseButton::mbMiddle && FPrimary && X >= RealGuttorWidth()) {
         InsertPrimary({X, Y});
-    } else if (Button == TMouseButton::mbRight && FPopupMenu) {
+    } else if (Button == TMouseButton::mbRight) {
+        CaretForMenu(X, Y);
+        if (!FPopupMenu)
+            return;
         FPopupMenu->setProperty("PopupComponent", QVariant::fromValue<QObject *>(this));
         FPopupMenu->popup(mapToGlobal(QPoint(X, Y) + ClientArea().topLeft()));
     }
@@ -157,9 +160,11 @@ void TZtCodeEdit::wheelEvent(QWheelEvent *AEvent)
 
 void TZtCodeEdit::contextMenuEvent(QContextMenuEvent *AEvent)
 {
-    // The mouse's own menu is opened by `MouseDown`; what is left is the keyboard's menu key.
-    if (AEvent->reason() == QContextMenuEvent::Keyboard && FPopupMenu)
-        FPopupMenu->popup(mapToGlobal(FCaret->Rect().bottomLeft() + ClientArea().topLeft()));
+    // A host's menu was opened by `MouseDown`; what is left of it is the keyboard's menu key.
+    if (AEvent->reason() == QContextMenuEvent::Keyboard)
+        PopupMenuAtCaret();
+    else if (!FPopupMenu)
+        PopupMenuAt(AEvent->globalPos());
     AEvent->accept();
 }
 

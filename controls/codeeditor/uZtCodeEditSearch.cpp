@@ -104,10 +104,7 @@ void TZtCodeEdit::TakeSearchOptions()
     options.Origin = FSearchDlg->GetRgOrigin()->GetItemIndex() == 0
                          ? TZtSearchOrigin::SearchFromCursor
                          : TZtSearchOrigin::SearchEntireScope;
-    options.Options = {};
-    options.Options.setFlag(TZtSearchFlag::sfDown, options.SearchForward);
-    options.Options.setFlag(TZtSearchFlag::sfMatchCase, options.CaseSensitive);
-    options.Options.setFlag(TZtSearchFlag::sfWholeWord, options.WholeWordsOnly);
+    options.TakeFlags();
     options.Replace = FSearchDlg->GetDlgType() == TDlgType::replace;
     options.ReplaceWith = FSearchDlg->edtReplaceWith->text();
     options.PromptOnReplace = FSearchDlg->chkBxPromptOnReplace->isChecked();
@@ -116,6 +113,8 @@ void TZtCodeEdit::TakeSearchOptions()
 void TZtCodeEdit::SetSearchOptions(const TZtSearchReplaceOptions &Value)
 {
     FSearchOptions = Value;
+    if (!FSearchOptions.Options)
+        FSearchOptions.TakeFlags();
     FSearchGiven = true;
 }
 

@@ -12,16 +12,20 @@ using enum TZtCorrection;
 
 void TZtCodeEdit::SetSelStart(const QPoint &P)
 {
-    if (FSelStart != P)
-        Redraw();
+    if (FSelStart == P)
+        return;
+    Redraw();
     FSelStart = P;
+    StateChanged();
 }
 
 void TZtCodeEdit::SetSelEnd(const QPoint &P)
 {
-    if (FSelEnd != P)
-        Redraw();
+    if (FSelEnd == P)
+        return;
+    Redraw();
     FSelEnd = P;
+    StateChanged();
 }
 
 void TZtCodeEdit::SetSelection(bool ACollapse)
@@ -41,15 +45,19 @@ void TZtCodeEdit::SetSelection(bool ACollapse)
 
 void TZtCodeEdit::ClearSelection()
 {
-    SetSelStart(QPoint(-1, -1));
-    SetSelEnd(QPoint(-1, -1));
+    Watched([this] {
+        SetSelStart(QPoint(-1, -1));
+        SetSelEnd(QPoint(-1, -1));
+    });
 }
 
 void TZtCodeEdit::InitSelectionAndPosition()
 {
-    ClearSelection();
-    SetCharPos(0);
-    SetLinePos(0);
+    Watched([this] {
+        ClearSelection();
+        SetCharPos(0);
+        SetLinePos(0);
+    });
 }
 
 // What only looks at the selection leaves it as it is, where that is corrected.
@@ -211,6 +219,7 @@ bool TZtCodeEdit::Dispatch(TZtMessage &Message)
     for (const THandler &handler : handlers) {
         if (handler.Msg == Message.Msg) {
             (this->*handler.Handle)(Message);
+            StateChanged();
             return true;
         }
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "uZtStringList.h"
+#include "uZtTextBreaks.h"
 #include "uZtTextMarks.h"
 #include "uZtUndoHistory.h"
 
@@ -26,6 +27,7 @@ public:
     TStringList *GetLines() const { return FLines; }
     std::vector<TZtCodeEdit *> Editors;
     std::weak_ptr<TZtUndoHistory> History; ///< the one that the editors with `zcUndo` share
+    TZtTextBreaks Breaks;                  ///< with `zcText`
     std::unique_ptr<TZtTextMarks> Marks;   ///< from the first one on who asked for them
 
 private:

@@ -2,6 +2,13 @@
 
 #include "uZtStringList.h"
 
+void TZtSearchReplaceOptions::TakeFlags()
+{
+    Options.setFlag(TZtSearchFlag::sfDown, SearchForward);
+    Options.setFlag(TZtSearchFlag::sfMatchCase, CaseSensitive);
+    Options.setFlag(TZtSearchFlag::sfWholeWord, WholeWordsOnly);
+}
+
 void TZtSearchReplaceOptions::WidenTo(const TStringList &ALines)
 {
     StartLine = 0;

@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <functional>
+
 class TStringList;
 
 enum class TZtSearchOrigin : quint8 { SearchFromCursor, SearchEntireScope };
@@ -26,6 +28,8 @@ struct ZT_EDITOR_EXPORT TZtSearchReplaceOptions {
     bool PromptOnReplace = false;
     bool ReplaceAll = false; ///< goes on after each replacement
 
+    /// Makes `Options` what the three flags say.
+    void TakeFlags();
     /// Makes the scope the whole text.
     void WidenTo(const TStringList &ALines);
 };
@@ -33,3 +37,6 @@ struct ZT_EDITOR_EXPORT TZtSearchReplaceOptions {
 /// What message 1027 repeats the search with, in its `WParam`: as the options say, or in a given
 /// direction without replacing anything.
 enum class TZtSearchAgain : quint8 { saAsGiven, saForward, saBackward };
+
+/// Told of a search what there is to say without a question.
+using TZtSearchMessageEvent = std::function<void(const QString &AText)>;

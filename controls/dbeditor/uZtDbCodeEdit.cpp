@@ -16,13 +16,15 @@ const bool Registered = ZtRegisterClass<TZtDbCodeEdit>();
 
 constexpr quint32 MsgSetReadOnly = 0x00CF; // an edit control's message, which the editor ignores
 
-void LoadLines(TStringList &ALines, QIODevice &AStream)
+QString LoadLines(TStringList &ALines, QIODevice &AStream)
 {
-    TZtStringStream text;
-    text.LoadFromBytes(AStream.readAll());
+    TZtStringStream stream;
+    stream.LoadFromBytes(AStream.readAll());
+    const QString text = stream.GetWString();
     ALines.BeginUpdate();
-    ALines.SetText(text.GetWString());
+    ALines.SetText(text);
     ALines.EndUpdate();
+    return text;
 }
 
 } // namespace
@@ -70,6 +72,7 @@ TZtDbCodeEdit::TZtDbCodeEdit(QWidget *AOwner)
         return [this, operation](QObject *) {
             const THold hold(*this);
             (this->*operation)();
+            StateChanged(); // whether the text can be edited
         };
     };
     DataLink->OnDataChange = held(&TZtDbCodeEdit::DataChange);
@@ -121,6 +124,7 @@ void TZtDbCodeEdit::SetReadOnly(bool Value)
 {
     TZtCodeEdit::SetReadOnly(Value);
     DataLink->SetReadOnly(Value);
+    StateChanged();
 }
 
 // --- what the link tells -------------------------------------------------------------------------
@@ -156,11 +160,14 @@ void TZtDbCodeEdit::LoadMemo()
     };
     try {
         TField *field = GetField();
+        QString text;
         if (field->GetText().isEmpty())
             GetLines()->Clear();
         else
-            LoadLines(*GetLines(),
-                      *field->GetDataSet()->CreateBlobStream(field, TBlobStreamMode::bmRead));
+            text =
+                LoadLines(*GetLines(),
+                          *field->GetDataSet()->CreateBlobStream(field, TBlobStreamMode::bmRead));
+        TakeBreaks(text);
         InitSelectionAndPosition();
         EditingChange();
     } catch (...) {

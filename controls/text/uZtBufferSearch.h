@@ -4,17 +4,29 @@
 
 #include <QAnyStringView>
 #include <QFlags>
+#include <QObject>
 #include <QString>
 
 #include <array>
+
+/// For Qt's meta-objects; hosts write the names without it.
+namespace ZtSearch {
+Q_NAMESPACE_EXPORT(ZT_EDITOR_EXPORT)
 
 enum class TZtSearchFlag : quint8 {
     sfDown = 1,      ///< towards the end of the run
     sfMatchCase = 2, ///< compare with case
     sfWholeWord = 4, ///< only where no letter or digit stands before or behind the match
 };
+Q_ENUM_NS(TZtSearchFlag)
 Q_DECLARE_FLAGS(TZtSearchFlags, TZtSearchFlag)
+Q_FLAG_NS(TZtSearchFlags)
 Q_DECLARE_OPERATORS_FOR_FLAGS(TZtSearchFlags)
+
+} // namespace ZtSearch
+
+using ZtSearch::TZtSearchFlag;
+using ZtSearch::TZtSearchFlags;
 
 /// A search string made ready to be looked for in many runs of characters.
 ///

@@ -1,6 +1,13 @@
 #pragma once
 
+#include "uZtExport.h"
+
 #include <QFlags>
+#include <QObject>
+
+/// For Qt's meta-objects; hosts write the names without it.
+namespace ZtCorrections {
+Q_NAMESPACE_EXPORT(ZT_EDITOR_EXPORT)
 
 /// What the editor does in the way of its first version unless the host says otherwise. Each is
 /// described, with what happens without it and with it, in docs/corrections.md.
@@ -30,8 +37,15 @@ enum class TZtCorrection : quint32 {
     zcText = 1u << 22,
     zcDialogs = 1u << 23,
 };
+Q_ENUM_NS(TZtCorrection)
 Q_DECLARE_FLAGS(TZtCorrections, TZtCorrection)
+Q_FLAG_NS(TZtCorrections)
 Q_DECLARE_OPERATORS_FOR_FLAGS(TZtCorrections)
+
+} // namespace ZtCorrections
+
+using ZtCorrections::TZtCorrection;
+using ZtCorrections::TZtCorrections;
 
 /// The whole set.
 inline TZtCorrections ZtAllCorrections() { return TZtCorrections::fromInt((1u << 24) - 1); }

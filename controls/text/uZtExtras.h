@@ -1,6 +1,13 @@
 #pragma once
 
+#include "uZtExport.h"
+
 #include <QFlags>
+#include <QObject>
+
+/// For Qt's meta-objects; hosts write the names without it.
+namespace ZtExtras {
+Q_NAMESPACE_EXPORT(ZT_EDITOR_EXPORT)
 
 /// What the editor shows and offers beside the text. None of it unless the host says so.
 /// `ZtDrawnExtras` bring `zcPicture` with them.
@@ -25,8 +32,15 @@ enum class TZtExtra : quint32 {
     zeContextMenu = 1 << 17,    ///< a menu of the usual commands where the host has set none
     zeRichCopy = 1 << 18,       ///< what is copied is also there with its colours
 };
+Q_ENUM_NS(TZtExtra)
 Q_DECLARE_FLAGS(TZtExtras, TZtExtra)
+Q_FLAG_NS(TZtExtras)
 Q_DECLARE_OPERATORS_FOR_FLAGS(TZtExtras)
+
+} // namespace ZtExtras
+
+using ZtExtras::TZtExtra;
+using ZtExtras::TZtExtras;
 
 /// All of them, but `zeBlanks`, which few people want to see all the time.
 constexpr TZtExtras ZtAllExtras()
@@ -49,4 +63,5 @@ enum class TZtExtraCommand : quint8 {
     ecZoomIn,
     ecZoomOut,
     ecZoomReset,
+    ecContextMenu,
 };

@@ -122,7 +122,7 @@ protected:
                (Data->GetBof() ? "<" : "") + (Data->GetEof() ? ">" : "");
     }
     /// What the editor shows, a slash for each line break.
-    QString Shown() const { return Edit->GetText().replace("\r\n", "/"); }
+    QString Shown() const { return Edit->GetLines()->GetText().replace("\r\n", "/"); }
     TField *Field(const QString &AName) { return Data->FieldByName(AName); }
 
     void Press(Qt::Key AKey, const QString &AText = {}, Qt::KeyboardModifiers AModifiers = {})

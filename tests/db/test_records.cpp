@@ -223,7 +223,7 @@ protected:
 // What is stored is what the editor showed or what others put into the field.
 void TRecordsRun::Step(const QString &AStep)
 {
-    const QString shown = Edit->GetText(), records = Records();
+    const QString shown = Edit->GetLines()->GetText(), records = Records();
     const QString value = Edit->GetField()->GetText();
     const bool users = Edit->CMGetDataLink()->IsModified(), readOnly = Edit->GetReadOnly();
     if (!users)
@@ -246,13 +246,15 @@ void TRecordsRun::Step(const QString &AStep)
     const bool browsing = Data->GetState() == TDataSetState::dsBrowse;
     const bool copies = AStep == "key:Ctrl+C" || AStep == "key:Ctrl+Ins";
     const bool kept = copies || (AStep == "post" && browsing) || (readOnly && IsKey(AStep));
-    ASSERT_TRUE(!kept || Edit->GetText() == shown || (!changed && Lines(value) != Lines(shown)));
+    ASSERT_TRUE(!kept || Edit->GetLines()->GetText() == shown ||
+                (!changed && Lines(value) != Lines(shown)));
     ASSERT_TRUE(!(copies || (readOnly && IsKey(AStep))) || Records() == records);
-    ASSERT_TRUE(Lines(Edit->GetField()->GetText()) == Lines(Edit->GetText()) ||
+    ASSERT_TRUE(Lines(Edit->GetField()->GetText()) == Lines(Edit->GetLines()->GetText()) ||
                 (!browsing && Edit->CMGetDataLink()->IsModified()));
     if (!browsing)
         return;
-    ASSERT_TRUE(Edit->GetText() == shown || !(Edit->GetCanUndo() || Edit->GetModified()));
+    ASSERT_TRUE(Edit->GetLines()->GetText() == shown ||
+                !(Edit->GetCanUndo() || Edit->GetModified()));
 }
 
 TEST_F(TRecordsRun, LosesNothing)

@@ -63,7 +63,7 @@ void TCorrectedRun::Start(int ASeed)
     Edit.SetText("begin\r\n  one two\r\n\r\nend\r\n");
     Edit.ClearUndo();
     Edit.SetModified(false);
-    Saved = Edit.GetText();
+    Saved = Edit.GetLines()->GetText();
 }
 
 void TCorrectedRun::HostsLines()
@@ -129,7 +129,7 @@ void TCorrectedRun::Step()
 void TCorrectedRun::CheckStep(const QString &ABefore, bool AReadOnly)
 {
     const TStringList &lines = *Edit.GetLines();
-    const QString now = Edit.GetText();
+    const QString now = Edit.GetLines()->GetText();
     const bool setText = Last.contains(QStringLiteral("host 1 "));
     if (Edit.IsCorrected(zcEvents)) {
         ASSERT_EQ(Rig.Changes, now == ABefore ? 0 : 1);
@@ -155,13 +155,13 @@ void TCorrectedRun::UndoAndRedoAll()
         return;
     while (Edit.GetCanRedo())
         Edit.Redo();
-    const QString last = Edit.GetText();
+    const QString last = Edit.GetLines()->GetText();
     while (Edit.GetCanUndo())
         Edit.Undo();
-    ASSERT_EQ(Edit.GetText(), "begin\r\n  one two\r\n\r\nend\r\n");
+    ASSERT_EQ(Edit.GetLines()->GetText(), "begin\r\n  one two\r\n\r\nend\r\n");
     while (Edit.GetCanRedo())
         Edit.Redo();
-    ASSERT_EQ(Edit.GetText(), last);
+    ASSERT_EQ(Edit.GetLines()->GetText(), last);
 }
 
 TEST_F(TCorrectedRun, HoldsWhatIsPromised)
@@ -172,7 +172,7 @@ TEST_F(TCorrectedRun, HoldsWhatIsPromised)
     for (int seed = first; seed < first + seeds; ++seed) {
         Start(seed);
         for (int step = 0; step < (steps > 0 ? steps : 3'000); ++step) {
-            const QString before = Edit.GetText();
+            const QString before = Edit.GetLines()->GetText();
             const bool readOnly = Edit.GetReadOnly();
             Rig.Changes = 0;
             Step();
@@ -184,14 +184,15 @@ TEST_F(TCorrectedRun, HoldsWhatIsPromised)
                 Edit.SetReadOnly(Pick(3) == 0);
             if (Pick(40) == 0) { // saved, and led back to it
                 Edit.SetModified(false);
-                Saved = Edit.GetText();
+                Saved = Edit.GetLines()->GetText();
                 Rig.Do("z");
-                if (Edit.GetText() != Saved && Edit.GetCorrections() == ZtAllCorrections()) {
+                if (Edit.GetLines()->GetText() != Saved &&
+                    Edit.GetCorrections() == ZtAllCorrections()) {
                     ASSERT_TRUE(Edit.GetModified());
                     Edit.Undo();
-                    ASSERT_EQ(Edit.GetText(), Saved);
+                    ASSERT_EQ(Edit.GetLines()->GetText(), Saved);
                 }
-                ASSERT_TRUE(!Edit.GetModified() || Edit.GetText() != Saved ||
+                ASSERT_TRUE(!Edit.GetModified() || Edit.GetLines()->GetText() != Saved ||
                             !Edit.IsCorrected(zcEvents));
             }
             if (step % 2000 == 1999) {

@@ -293,13 +293,13 @@ TEST_F(TCorrections, AnEditorOfASharedTextMayGoAtAnyMoment)
     third.reset();
     Rig.Do("Left d");
     Edit.Undo();
-    EXPECT_EQ(Edit.GetText(), "bca\r\n");
+    EXPECT_EQ(Edit.GetLines()->GetText(), "bca\r\n");
     // The one that made the history leaves it first.
     const auto fourth = Sharing();
     Edit.SetCorrections({});
     fourth->GetLines()->Add("e");
     fourth->Undo();
-    EXPECT_EQ(fourth->GetText(), "bca\r\n");
+    EXPECT_EQ(fourth->GetLines()->GetText(), "bca\r\n");
 }
 
 TEST_F(TCorrections, TwoEditorsOnOneText)
@@ -313,14 +313,14 @@ TEST_F(TCorrections, TwoEditorsOnOneText)
     other->SetLinePos(2);
     other->SetCharPos(3);
     Rig.Do("Enter x");
-    EXPECT_EQ(other->GetText(), Edit.GetText());
+    EXPECT_EQ(other->GetLines()->GetText(), Edit.GetLines()->GetText());
     EXPECT_EQ(QPoint(other->GetCharPos(), other->GetLinePos()), QPoint(3, 3)) << "it moves along";
     EXPECT_EQ(changes, 2);
     EXPECT_TRUE(other->GetModified());
     other->Undo();
     other->Undo();
-    EXPECT_EQ(Edit.GetText(), "one\r\ntwo\r\nthree\r\n");
+    EXPECT_EQ(Edit.GetLines()->GetText(), "one\r\ntwo\r\nthree\r\n");
     EXPECT_FALSE(Edit.GetModified());
     Edit.Redo();
-    EXPECT_EQ(other->GetText(), "\r\none\r\ntwo\r\nthree\r\n");
+    EXPECT_EQ(other->GetLines()->GetText(), "\r\none\r\ntwo\r\nthree\r\n");
 }

@@ -100,7 +100,10 @@ QString THostSession::Path(const QString &AName) const
 
 TZtCodeEdit *THostSession::Editor() const { return Document()->Editor(); }
 
-QString THostSession::Text() const { return Editor()->GetText().replace(u"\r\n"_s, u"/"_s); }
+QString THostSession::Text() const
+{
+    return Editor()->GetLines()->GetText().replace(u"\r\n"_s, u"/"_s);
+}
 
 int THostSession::Box(const QString &AText)
 {

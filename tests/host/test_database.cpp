@@ -135,7 +135,7 @@ void TDbSession::AnswerConflict(int AChoice)
         auto *dialog = Db().findChild<TConflictDialog *>();
         ASSERT_TRUE(dialog);
         for (const auto *view : dialog->findChildren<TZtCodeEdit *>())
-            Say(view->GetText().replace(u"\r\n"_s, u"/"_s));
+            Say(view->GetLines()->GetText().replace(u"\r\n"_s, u"/"_s));
         dialog->done(AChoice);
     });
 }

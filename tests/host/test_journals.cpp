@@ -92,14 +92,18 @@ TEST(Journals, TheDialogShowsWhatComesBack)
     after.SetText(u"one\n2\nthree\n"_s);
     TRestoreDialog dialog({u"Note"_s, &before, &after});
     const auto *view = dialog.findChild<TZtCodeEdit *>();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !view->GetText().isEmpty(); }, 20'000));
-    EXPECT_EQ(view->GetText(), u"--- in the file\r\n+++ restored\r\n@@ -1,3 +1,3 @@\r\n one\r\n"
-                               "-two\r\n+2\r\n three\r\n"_s);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !view->GetLines()->GetText().isEmpty(); }, 20'000));
+    EXPECT_EQ(view->GetLines()->GetText(),
+              u"--- in the file\r\n+++ restored\r\n@@ -1,3 +1,3 @@\r\n one\r\n"
+              "-two\r\n+2\r\n three\r\n"_s);
     for (const auto *button : dialog.findChildren<QPushButton *>())
         EXPECT_EQ(button->isDefault(), button->text() == u"&Restore"_s);
     dialog.reject();
     EXPECT_EQ(dialog.result(), TRestoreDialog::Later);
-    EXPECT_EQ(TRestoreDialog({u"Note"_s, nullptr, &after}).findChild<TZtCodeEdit *>()->GetText(),
+    EXPECT_EQ(TRestoreDialog({u"Note"_s, nullptr, &after})
+                  .findChild<TZtCodeEdit *>()
+                  ->GetLines()
+                  ->GetText(),
               after.GetText());
 }
 
@@ -151,7 +155,7 @@ QString TextAfter(int AKeys)
 QString ComesBack(THostSession &ASession)
 {
     ASession.Do(u"restore open:a start"_s);
-    const QString text = ASession.Editor()->GetText().remove(u'\r');
+    const QString text = ASession.Editor()->GetLines()->GetText().remove(u'\r');
     return text.chopped(text.isEmpty() ? 0 : 1); // the end of the last line
 }
 

@@ -1,0 +1,161 @@
+#include "uZtEditActions.h"
+
+#include "uZtCodeEdit.h"
+#include "uZtGuarded.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QIcon>
+#include <QInputDialog>
+#include <QMimeData>
+
+#include <array>
+
+namespace {
+
+// What an action needs so that it can be chosen, besides an editor.
+enum TNeed : quint8 {
+    nNothing = 0,
+    nWritable = 1,
+    nSelection = 2,
+    nUndo = 4,
+    nRedo = 8,
+    nClipboard = 16
+};
+
+struct TRow {
+    const char *Text;
+    const char *Icon;
+    QKeySequence::StandardKey Key;
+    int Needs;
+    void (TZtCodeEdit::*Run)();
+};
+
+using TEdit = TZtCodeEdit;
+
+// In the order of `TZtEditAction`; the last one is the actions' own.
+constexpr std::array Rows = {
+    TRow{QT_TRANSLATE_NOOP("TZtEditActions", "&Undo"), "edit-undo", QKeySequence::Undo,
+         nWritable | nUndo, &TEdit::undo},
+    TRow{QT_TRANSLATE_NOOP("TZtEditActions", "&Redo"), "edit-redo", QKeySequence::Redo,
+         nWritable | nRedo, &TEdit::redo},
+    TRow{QT_TRANSLATE_NOOP("TZtEditActions", "Cu&t"), "edit-cut", QKeySequence::Cut,
+         nWritable | nSelection, &TEdit::cut},
+    TRow{QT_TRANSLATE_NOOP("TZtEditActions", "&Copy"), "edit-copy", QKeySequence::Copy, nSelection,
+         &TEdit::copy},
+    TRow{QT_TRANSLATE_NOOP("TZtEditActions", "&Paste"), "edit-paste", QKeySequence::Paste,
+         nWritable | nClipboard, &TEdit::paste},
+    TRow{QT_TRANSLATE_NOOP("TZtEditActions", "&Delete"), "edit-delete", QKeySequence::Delete,
+         nWritable | nSelection, &TEdit::deleteSelection},
+    TRow{QT_TRANSLATE_NOOP("TZtEditActions", "Select &all"), "edit-select-all",
+         QKeySequence::SelectAll, nNothing, &TEdit::selectAll},
+    TRow{QT_TRANSLATE_NOOP("TZtEditActions", "&Find…"), "edit-find", QKeySequence::Find, nNothing,
+         &TEdit::find},
+    TRow{QT_TRANSLATE_NOOP("TZtEditActions", "R&eplace…"), "edit-find-replace",
+         QKeySequence::Replace, nWritable, &TEdit::replace},
+    TRow{QT_TRANSLATE_NOOP("TZtEditActions", "Find &next"), nullptr, QKeySequence::FindNext,
+         nNothing, &TEdit::findNext},
+    TRow{QT_TRANSLATE_NOOP("TZtEditActions", "Find &previous"), nullptr, QKeySequence::FindPrevious,
+         nNothing, &TEdit::findPrevious},
+    TRow{QT_TRANSLATE_NOOP("TZtEditActions", "&Go to line…"), "go-jump", QKeySequence::UnknownKey,
+         nNothing, nullptr},
+};
+
+QList<QKeySequence> KeysOf(const TRow &ARow)
+{
+    if (ARow.Key != QKeySequence::UnknownKey)
+        return QKeySequence::keyBindings(ARow.Key);
+    // Some desktops go on searching with it.
+    const QKeySequence goTo(Qt::CTRL | Qt::Key_G);
+    if (QKeySequence::keyBindings(QKeySequence::FindNext).contains(goTo))
+        return {};
+    return {goTo};
+}
+
+// What the desktop offers is not fetched to find out.
+bool HasClipboardText()
+{
+    const QMimeData *data = QGuiApplication::clipboard()->mimeData();
+    return data && data->hasText();
+}
+
+int OffersOf(const TZtCodeEdit &AEdit)
+{
+    const QPoint start = AEdit.GetSelStart(), end = AEdit.GetSelEnd();
+    const bool selected = start.x() != -1 && end.x() != -1 && start != end;
+    return (AEdit.GetReadOnly() ? 0 : nWritable) | (selected ? nSelection : 0) |
+           (AEdit.GetCanUndo() ? nUndo : 0) | (AEdit.GetCanRedo() ? nRedo : 0) |
+           (HasClipboardText() ? nClipboard : 0);
+}
+
+} // namespace
+
+TZtEditActions::TZtEditActions(TZtCodeEdit *AEdit, QObject *AOwner) : QObject(AOwner)
+{
+    for (const TRow &row : Rows) {
+        auto *action = new QAction(this);
+        FActions.push_back(action);
+        if (row.Icon)
+            action->setIcon(QIcon::fromTheme(QLatin1StringView(row.Icon)));
+        action->setShortcuts(KeysOf(row));
+        action->setShortcutContext(Qt::WidgetShortcut);
+        connect(action, &QAction::triggered, this, TZtGuarded([this, run = row.Run] {
+                    if (FEdit && run)
+                        (FEdit->*run)();
+                    else if (FEdit)
+                        GoToLine();
+                }));
+    }
+    Retranslate();
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &TZtEditActions::Refresh);
+    SetEdit(AEdit);
+    Refresh();
+}
+
+QList<QAction *> TZtEditActions::GetActions(TZtEditAction AFirst, TZtEditAction ALast) const
+{
+    return {FActions.begin() + int(AFirst), FActions.begin() + int(ALast) + 1};
+}
+
+void TZtEditActions::Retranslate()
+{
+    for (size_t i = 0; i < Rows.size(); ++i)
+        FActions[i]->setText(tr(Rows[i].Text));
+}
+
+void TZtEditActions::SetEdit(TZtCodeEdit *Value)
+{
+    if (Value == FEdit)
+        return;
+    for (const QMetaObject::Connection &connection : std::exchange(FConnections, {}))
+        disconnect(connection);
+    FEdit = Value;
+    if (FEdit) {
+        const auto refresh = [this] { Refresh(); };
+        FConnections = {connect(FEdit, &TEdit::undoAvailable, this, refresh),
+                        connect(FEdit, &TEdit::redoAvailable, this, refresh),
+                        connect(FEdit, &TEdit::copyAvailable, this, refresh),
+                        connect(FEdit, &TEdit::readOnlyChanged, this, refresh),
+                        connect(FEdit, &QObject::destroyed, this, refresh)};
+    }
+    Refresh();
+}
+
+void TZtEditActions::Refresh()
+{
+    const int offers = FEdit ? OffersOf(*FEdit) : 0;
+    for (size_t i = 0; i < Rows.size(); ++i)
+        FActions[i]->setEnabled(FEdit && !(Rows[i].Needs & ~offers));
+}
+
+void TZtEditActions::GoToLine()
+{
+    const QPointer<TZtCodeEdit> edit = FEdit;
+    const int last = qMax(edit->GetLines()->GetCount(), 1);
+    bool agreed = false;
+    const int line = QInputDialog::getInt(edit, tr("Go to line"), tr("Line (1 to %1):").arg(last),
+                                          edit->GetLinePos() + 1, 1, last, 1, &agreed);
+    if (agreed && edit)
+        edit->GoToLine(line - 1);
+}

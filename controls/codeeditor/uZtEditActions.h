@@ -1,0 +1,60 @@
+#pragma once
+
+#include "uZtExport.h"
+
+#include <QList>
+#include <QObject>
+#include <QPointer>
+
+#include <vector>
+
+class QAction;
+class TZtCodeEdit;
+
+enum class TZtEditAction : quint8 {
+    eaUndo,
+    eaRedo,
+    eaCut,
+    eaCopy,
+    eaPaste,
+    eaDelete,
+    eaSelectAll,
+    eaFind,
+    eaReplace,
+    eaFindNext,
+    eaFindPrevious,
+    eaGoToLine,
+};
+
+/// The usual commands of an editor as actions, for a host's menus and tool bars. They are enabled
+/// as the editor can carry them out.
+///
+/// Their keys are shown; the editor handles those that it has by itself, and no other widget loses
+/// one: the shortcuts are of `Qt::WidgetShortcut`. A host that adds the actions to the editor
+/// (`QWidget::addActions`) lets the other keys, Ctrl+G for instance, trigger them there; one that
+/// the editor has never does.
+class ZT_EDITOR_EXPORT TZtEditActions : public QObject {
+    Q_OBJECT
+
+public:
+    explicit TZtEditActions(TZtCodeEdit *AEdit = nullptr, QObject *AOwner = nullptr);
+
+    TZtCodeEdit *GetEdit() const { return FEdit; }
+    /// The editor that the actions are about from now on; null disables them.
+    void SetEdit(TZtCodeEdit *Value);
+    QAction *GetAction(TZtEditAction AAction) const { return FActions[size_t(AAction)]; }
+    /// Those from the first to the last, in the order of `TZtEditAction`.
+    QList<QAction *> GetActions(TZtEditAction AFirst = TZtEditAction::eaUndo,
+                                TZtEditAction ALast = TZtEditAction::eaGoToLine) const;
+    /// Takes the texts from the translation that is installed now.
+    void Retranslate();
+    /// Looks again at what can be done. Called for all that an editor's signals tell.
+    void Refresh();
+
+private:
+    void GoToLine();
+
+    QPointer<TZtCodeEdit> FEdit;
+    std::vector<QAction *> FActions;
+    QList<QMetaObject::Connection> FConnections;
+};
