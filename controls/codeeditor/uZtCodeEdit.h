@@ -557,7 +557,6 @@ protected:
     void inputMethodEvent(QInputMethodEvent *AEvent) override;
     void timerEvent(QTimerEvent *AEvent) override;
     void connectNotify(const QMetaMethod &ASignal) override;
-    void disconnectNotify(const QMetaMethod &ASignal) override;
     void LayoutChanged() override;
     void FocusPaused(bool AActive) override;
     void Abandoned() override;

@@ -105,13 +105,7 @@ void TZtCodeEdit::StateChanged()
 void TZtCodeEdit::connectNotify(const QMetaMethod &ASignal)
 {
     TCustomControl::connectNotify(ASignal);
-    FState->Watch([this](const QMetaMethod &signal) { return isSignalConnected(signal); });
-}
-
-void TZtCodeEdit::disconnectNotify(const QMetaMethod &ASignal)
-{
-    TCustomControl::disconnectNotify(ASignal);
-    FState->Watch([this](const QMetaMethod &signal) { return isSignalConnected(signal); });
+    FState->Watch(ASignal);
 }
 
 // --- slots ---------------------------------------------------------------------------------------

@@ -7,17 +7,13 @@ TZtEditState::TZtEditState(TZtCodeEdit &AEdit, const std::vector<TRow> &ARows)
 {
 }
 
-void TZtEditState::Watch(const std::function<bool(const QMetaMethod &)> &AIsConnected)
+void TZtEditState::Watch(const QMetaMethod &ASignal)
 {
     for (size_t i = 0; i < FRows.size(); ++i) {
-        const bool connected = AIsConnected(FRows[i].Signal);
-        if (FTold[i].has_value() == connected)
+        if (FRows[i].Signal != ASignal || FTold[i])
             continue;
-        if (connected)
-            FTold[i] = FRows[i].Read(FEdit);
-        else
-            FTold[i].reset();
-        FWatched += connected ? 1 : -1;
+        FTold[i] = FRows[i].Read(FEdit);
+        ++FWatched;
     }
 }
 

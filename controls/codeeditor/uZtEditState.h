@@ -19,8 +19,8 @@ class TZtColorScheme;
 
 /// What an editor's signals have told of its state.
 ///
-/// A signal that nobody is connected to is not watched: its value is not even looked at. One that
-/// is watched is emitted when its value is other than it was when it was told last, or when it
+/// A signal that nobody was ever connected to is not watched: its value is not even looked at. One
+/// that is watched is emitted when its value is other than it was when it was told last, or when it
 /// began to be watched.
 class TZtEditState {
 public:
@@ -38,8 +38,8 @@ public:
     /// The rows are told in their order; they outlive the object.
     TZtEditState(TZtCodeEdit &AEdit, const std::vector<TRow> &ARows);
 
-    /// Watches the signals of which `AIsConnected` says that somebody is.
-    void Watch(const std::function<bool(const QMetaMethod &)> &AIsConnected);
+    /// Somebody is connected to a signal, which is watched from now on.
+    void Watch(const QMetaMethod &ASignal);
     bool IsWatching() const { return FWatched > 0; }
     /// Emits the signals whose values are others. A slot may change the state, which is told then,
     /// and delete the editor. What one raises comes after the others were told.

@@ -142,13 +142,22 @@ void TZtDbCodeEdit::DataChange()
         if (field->IsBlob())
             LoadMemo();
         else
-            SetText(field->GetEditText());
+            ShowText(field->GetEditText());
         Fire(OnLoadData, this);
     } else {
         SkipNextDataChange = false; // what is shown next is another text
-        SetText(IsDesigning() ? objectName() : QString());
+        ShowText(IsDesigning() ? objectName() : QString());
     }
     UpdateReadOnly();
+}
+
+// The caret goes to the start, also where the text is the one that another record had.
+void TZtDbCodeEdit::ShowText(const QString &S)
+{
+    const bool same = IsCorrected(zcText) && GetText() == S;
+    SetText(S);
+    if (same)
+        InitSelectionAndPosition();
 }
 
 void TZtDbCodeEdit::LoadMemo()

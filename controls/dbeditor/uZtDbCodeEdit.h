@@ -112,6 +112,7 @@ protected:
 private:
     struct TPlace;
     TPlace Place() const;
+    void ShowText(const QString &S);
     struct TCopy;
     TZtTextFormat FormatOf(const TField &AField) const;
     bool AgreeToStore(const TField &AField, TCopy &ACopy) const;

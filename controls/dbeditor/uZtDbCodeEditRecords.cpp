@@ -51,11 +51,11 @@ void TZtDbCodeEdit::LoadRecord()
     TZtFirstException raised;
     raised.Run([this] {
         if (!GetField())
-            SetText(IsDesigning() ? objectName() : QString());
+            ShowText(IsDesigning() ? objectName() : QString());
         else if (GetField()->IsBlob())
             LoadMemo();
         else
-            SetText(GetField()->GetEditText());
+            ShowText(GetField()->GetEditText());
         FShown->Load(GetField(), *GetLines());
     });
     ClearUndo(); // it would change another text than the one it was made of
