@@ -137,7 +137,7 @@ void TZtEditActions::SetEdit(TZtCodeEdit *Value)
                         connect(FEdit, &TEdit::redoAvailable, this, refresh),
                         connect(FEdit, &TEdit::copyAvailable, this, refresh),
                         connect(FEdit, &TEdit::readOnlyChanged, this, refresh),
-                        connect(FEdit, &QObject::destroyed, this, refresh)};
+                        connect(FEdit, &QObject::destroyed, this, [this] { SetEdit(nullptr); })};
     }
     Refresh();
 }
