@@ -442,8 +442,6 @@ public:
     bool SelectionGiven() const;
     /// What stands between two places in either order, as far as the text has it.
     TZtTextPiece GetPiece(const QPoint &AFrom, const QPoint &ATo) const;
-    /// The selected text as other programs get it, with the desktop's line breaks.
-    std::unique_ptr<QMimeData> CreateSelectionData() const;
     /// Whether text that is dropped, or of the primary selection, can be put in.
     virtual bool MayTakeText() const { return !GetReadOnly(); }
     void InitSelectionAndPosition();
@@ -477,8 +475,9 @@ public:
     int PageCount(const QPagedPaintDevice &ADevice, const TZtPrintOptions &AOptions) const;
     /// Writes the text or the selection as HTML; see `ZtWriteHtml`.
     bool WriteHtml(QIODevice &ADevice, bool ASelectionOnly, const QString &ATitle = {});
-    /// The selected text for the clipboard or a drag: plain with CR LF at its line breaks and, up
-    /// to 2^20 units of it, as HTML, which is made when it is asked for. Null without a selection.
+    /// The selected text as other programs get it: plain with the desktop's line breaks and, with
+    /// `zeRichCopy` and up to 2^20 units of it, as HTML, which is made when it is asked for. Empty
+    /// without a selection.
     std::unique_ptr<QMimeData> CreateMimeData();
 
     // === uZtCodeEditSearch.cpp: search and replace

@@ -93,8 +93,10 @@ std::unique_ptr<QMimeData> TZtCodeEdit::CreateMimeData()
     QPoint from;
     QPoint to;
     if (!GetSelection(from, to))
-        return nullptr;
-    return MimeOf(FLines->GetPiece(from, to).GetText(), from, to);
+        return std::make_unique<QMimeData>();
+    auto mime = MimeOf(FLines->GetPiece(from, to).GetText(), from, to);
+    mime->setText(ZtToDesktop(mime->text()));
+    return mime;
 }
 
 // The colours are those that are known, or found from a few lines above: a key does not wait for
@@ -102,7 +104,7 @@ std::unique_ptr<QMimeData> TZtCodeEdit::CreateMimeData()
 std::unique_ptr<QMimeData> TZtCodeEdit::MimeOf(const QString &S, const QPoint &AFrom,
                                                const QPoint &ATo)
 {
-    if (S.size() > MostWithColours) {
+    if (S.size() > MostWithColours || !HasExtra(TZtExtra::zeRichCopy)) {
         auto plain = std::make_unique<QMimeData>();
         plain->setText(S);
         return plain;
@@ -123,7 +125,7 @@ void TZtCodeEdit::ToClipboard(const QString &S)
 {
     QPoint from;
     QPoint to;
-    if (S.isEmpty() || !FShownExtras.testFlag(TZtExtra::zeRichCopy) || !GetSelection(from, to))
+    if (S.isEmpty() || !HasExtra(TZtExtra::zeRichCopy) || !GetSelection(from, to))
         return Tell([&] { ZtPlatform().SetClipboardText(S); });
     auto mime = MimeOf(S, from, to);
     Tell([&] { ZtPlatform().SetClipboardData(std::move(mime)); });

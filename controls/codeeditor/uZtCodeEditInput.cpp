@@ -239,14 +239,6 @@ TZtTextPiece TZtCodeEdit::GetPiece(const QPoint &AFrom, const QPoint &ATo) const
     return FLines->GetPiece(inText(ordered ? AFrom : ATo), inText(ordered ? ATo : AFrom));
 }
 
-std::unique_ptr<QMimeData> TZtCodeEdit::CreateSelectionData() const
-{
-    auto selected = std::make_unique<QMimeData>();
-    if (SelectionGiven())
-        selected->setText(GetPiece(FSelStart, FSelEnd).GetText(ZtDesktopBreak()));
-    return selected;
-}
-
 // --- drag and drop -------------------------------------------------------------------------------
 
 void TZtCodeEdit::ShowInput()

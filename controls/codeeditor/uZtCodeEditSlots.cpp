@@ -2,6 +2,7 @@
 
 #include "uZtCodeEdit.h"
 
+#include "uZtCaret.h"
 #include "uZtEditActions.h"
 #include "uZtEditState.h"
 #include "uZtEditedText.h"

@@ -56,7 +56,7 @@ void TZtTextDrag::Move(const QPoint &APixel)
 void TZtTextDrag::Run()
 {
     const TZtNotifier::THold hold(FEdit); // it may be deleted before the button goes up
-    auto data = FEdit.CreateSelectionData();
+    auto data = FEdit.CreateMimeData();
     const QString text = data->text();
     auto *drag = new QDrag(&FEdit); // Qt deletes it
     drag->setMimeData(data.release());
@@ -70,7 +70,7 @@ void TZtTextDrag::Run()
     if (done != Qt::MoveAction || FMoved || FEdit.IsAbandoned() || !FEdit.MayTakeText())
         return;
     // What others changed meanwhile is not taken for what was moved.
-    if (!FEdit.SelectionGiven() || FEdit.CreateSelectionData()->text() != text)
+    if (!FEdit.SelectionGiven() || FEdit.CreateMimeData()->text() != text)
         return;
     QString removed;
     FEdit.DeleteSelected(TZtChangeType::ctDelete, removed);

@@ -1,6 +1,8 @@
 // What comes from input methods, drags and the primary selection.
 
 #include "marked_text.h"
+#include "uZtCaret.h"
+#include "uZtFrame.h"
 
 #include <QApplication>
 #include <QDrag>

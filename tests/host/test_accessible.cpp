@@ -6,11 +6,11 @@
 #include "DbFieldsDialog.h"
 #include "DbOpenDialog.h"
 #include "EventDialog.h"
-#include "Languages.h"
 #include "MethodListDialog.h"
 #include "Methods.h"
 #include "fZtCodeEditSearchReplaceDlg.h"
 #include "session.h"
+#include "uZtLanguages.h"
 
 #include "uZtCodeEdit.h"
 #include "uZtDataSet.h"

@@ -63,6 +63,8 @@ QLatin1StringView ZtDesktopBreak()
 #endif
 }
 
+QString ZtToDesktop(const QString &AText) { return WithBreaks(AText, ZtDesktopBreak()); }
+
 QString ZtFromDesktop(const QString &AText) { return WithBreaks(AText, QLatin1StringView("\r\n")); }
 
 TZtPlatform ZtDefaultPlatform()
@@ -74,7 +76,7 @@ TZtPlatform ZtDefaultPlatform()
     };
     platform.ClipboardText = [] { return ZtFromDesktop(QGuiApplication::clipboard()->text()); };
     platform.SetClipboardText = [](const QString &text) {
-        QGuiApplication::clipboard()->setText(WithBreaks(text, ZtDesktopBreak()));
+        QGuiApplication::clipboard()->setText(ZtToDesktop(text));
     };
     platform.HasPrimary = [] { return QGuiApplication::clipboard()->supportsSelection(); };
     platform.PrimaryText = [] {
@@ -91,7 +93,7 @@ TZtPlatform ZtDefaultPlatform()
                           actions.testFlag(Qt::MoveAction) ? Qt::MoveAction : Qt::CopyAction);
     };
     platform.SetClipboardData = [](std::unique_ptr<QMimeData> data) {
-        data->setText(WithBreaks(data->text(), DesktopBreak));
+        data->setText(ZtToDesktop(data->text()));
         QGuiApplication::clipboard()->setMimeData(data.release());
     };
     platform.WheelLines = [] { return QApplication::wheelScrollLines(); };

@@ -60,6 +60,8 @@ ZT_EDITOR_EXPORT TZtPlatform ZtDefaultPlatform();
 
 /// The line break of the desktop's programs.
 ZT_EDITOR_EXPORT QLatin1StringView ZtDesktopBreak();
+/// A text with that at each of its line breaks: CR LF, CR and LF are one each.
+ZT_EDITOR_EXPORT QString ZtToDesktop(const QString &AText);
 /// A text of another program with CR LF at each of its line breaks: CR LF, CR and LF are one each.
 ZT_EDITOR_EXPORT QString ZtFromDesktop(const QString &AText);
 
