@@ -1,5 +1,6 @@
 #pragma once
 
+#include "uZtCodeEdit.h"
 #include "uZtExport.h"
 
 #include <QList>
@@ -9,7 +10,6 @@
 #include <vector>
 
 class QAction;
-class TZtCodeEdit;
 
 enum class TZtEditAction : quint8 {
     eaUndo,

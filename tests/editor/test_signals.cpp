@@ -419,7 +419,8 @@ TEST_F(TSignals, TheSearchsFlagsFollow)
         Rig.SetMarked("|b B b");
         options.WidenTo(*Edit.GetLines());
         Edit.SetSearchOptions(options);
-        Rig.Do("#1027");
+        TZtMessage again(1027, 0, 0);
+        Edit.Dispatch(again);
         EXPECT_EQ(Edit.GetCharPos(), given ? 1 : 3) << "a host's own flags are taken as they are";
     }
 }
