@@ -53,7 +53,7 @@ QWidget *TConflictDialog::CreatePage(const TConflict &AConflict)
         view->SetReadOnly(true);
         auto *label = new QLabel(title, page);
         label->setBuddy(view);
-        view->setAccessibleName(QString(title).remove(u'&').remove(u':'));
+        view->setAccessibleName(QString(title).remove(u'&').remove(u':').trimmed());
         grid->addWidget(label, 0, column);
         grid->addWidget(view, 1, column++);
     }

@@ -17,7 +17,9 @@
 
 namespace {
 
-QString Tr(const char *AText) { return QCoreApplication::translate("DbConnection", AText); }
+struct TTexts {
+    Q_DECLARE_TR_FUNCTIONS(DbConnection)
+};
 
 // Opens a connection of a new name. A lock of another program is waited for only as long as a user
 // does not notice.
@@ -100,7 +102,7 @@ TDbConnection::TDbConnection(const QString &APath) : FPath(QFileInfo(APath).abso
 {
     // SQLite would make the file.
     if (!QFileInfo(FPath).isFile())
-        throw EDatabaseError(Tr("There is no database \"%1\".").arg(APath));
+        throw EDatabaseError(TTexts::tr("There is no database \"%1\".").arg(APath));
     FName = AddConnection(FPath);
     try {
         Open();
@@ -121,7 +123,7 @@ void TDbConnection::Open() const
         return;
     const QSqlError error = database.isOpen() ? query.lastError() : database.lastError();
     throw EDatabaseError(
-        Tr("Cannot open the database \"%1\": %2.").arg(FPath, error.text().simplified()));
+        TTexts::tr("Cannot open the database \"%1\": %2.").arg(FPath, error.text().simplified()));
 }
 
 QStringList TDbConnection::Tables() const { return TSqlTableSource::Tables(Database()); }
@@ -129,7 +131,7 @@ QStringList TDbConnection::Tables() const { return TSqlTableSource::Tables(Datab
 QStringList TDbConnection::Columns(const QString &ATable) const
 {
     if (!Tables().contains(ATable, Qt::CaseInsensitive))
-        throw EDatabaseError(Tr("The database \"%1\" has no table \"%2\"; it has: %3.")
+        throw EDatabaseError(TTexts::tr("The database \"%1\" has no table \"%2\"; it has: %3.")
                                  .arg(FPath, ATable, Tables().join(QLatin1StringView(", "))));
     const QSqlRecord columns = TSqlTableSource(Database(), ATable).Columns();
     QStringList names;
@@ -144,14 +146,16 @@ void TDbConnection::Check(const TDbPlace &APlace) const
     const QString key = APlace.Key.isEmpty() ? APlace.Field : APlace.Key;
     for (const QString &name : {APlace.Field, key})
         if (!names.contains(name, Qt::CaseInsensitive))
-            throw EDatabaseError(Tr("The table \"%1\" has no field \"%2\"; it has: %3.")
+            throw EDatabaseError(TTexts::tr("The table \"%1\" has no field \"%2\"; it has: %3.")
                                      .arg(APlace.Table, name, names.join(QLatin1StringView(", "))));
 }
 
 void ZtMakeSample(const QString &APath)
 {
     const QString statements = QString::fromUtf8(ZtReadFile(APath + QStringLiteral(".sql")));
-    const auto exists = [&] { return EStreamError(Tr("\"%1\" is there already.").arg(APath)); };
+    const auto exists = [&] {
+        return EStreamError(TTexts::tr("\"%1\" is there already.").arg(APath));
+    };
     const QFileInfo info(APath);
     if (info.exists() || info.isSymLink())
         throw exists();
@@ -164,11 +168,11 @@ void ZtMakeSample(const QString &APath)
         fresh.PutAt(path);
         ZtSyncFolderOf(path);
     } catch (const EDatabaseError &error) {
-        throw EDatabaseError(Tr("Cannot make \"%1\": %2").arg(APath, error.Message()));
+        throw EDatabaseError(TTexts::tr("Cannot make \"%1\": %2").arg(APath, error.Message()));
     } catch (const std::system_error &error) {
         if (error.code().value() == EEXIST)
             throw exists();
-        throw EStreamError(
-            Tr("Cannot make \"%1\": %2.").arg(APath, qt_error_string(error.code().value())));
+        throw EStreamError(TTexts::tr("Cannot make \"%1\": %2.")
+                               .arg(APath, qt_error_string(error.code().value())));
     }
 }

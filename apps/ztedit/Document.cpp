@@ -126,7 +126,8 @@ try {
 } catch (const EStreamError &) {
     throw;
 } catch (...) {
-    throw EStreamError(tr("Cannot open \"%1\": %2").arg(APath, ZtCurrentExceptionMessage()));
+    throw EStreamError(
+        TDocument::tr("Cannot open \"%1\": %2").arg(APath, ZtCurrentExceptionMessage()));
 }
 
 void TDocument::Begin(const QString &APath)

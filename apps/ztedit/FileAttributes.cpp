@@ -23,7 +23,9 @@ namespace {
 
 constexpr mode_t AllModeBits = 07777;
 
-QString Tr(const char *AText) { return QCoreApplication::translate("FileAttributes", AText); }
+struct TTexts {
+    Q_DECLARE_TR_FUNCTIONS(FileAttributes)
+};
 
 // What a function of <sys/xattr.h> puts into a buffer.
 template <typename T> std::optional<QByteArray> Fetch(T ACall)
@@ -130,27 +132,27 @@ QStringList TZtFileAttributes::GiveTo(int AHandle) const
     const bool owner =
         now.st_uid == FStatus.st_uid || fchown(AHandle, FStatus.st_uid, gid_t(-1)) == 0;
     if (!owner)
-        lost.append(Tr("its owner (%1)").arg(UserName(FStatus.st_uid)));
+        lost.append(TTexts::tr("its owner (%1)").arg(UserName(FStatus.st_uid)));
     if (!group)
-        lost.append(Tr("its group (%1)").arg(GroupName(FStatus.st_gid)));
+        lost.append(TTexts::tr("its group (%1)").arg(GroupName(FStatus.st_gid)));
     // In a list the owning group has no name: it would let another group in.
     const bool lists = (group || !HasLists()) && GiveLists(AHandle);
     if (!lists) {
         RemoveList(AHandle);
-        lost.append(Tr("its access control list"));
+        lost.append(TTexts::tr("its access control list"));
     }
     for (const TAttribute &attribute : FAttributes)
         if (!IsList(attribute.Name) && !Give(AHandle, attribute.Name, attribute.Value))
-            lost.append(Tr("its attribute %1").arg(QString::fromLocal8Bit(attribute.Name)));
+            lost.append(TTexts::tr("its attribute %1").arg(QString::fromLocal8Bit(attribute.Name)));
     if (!FAllListed)
-        lost.append(Tr("its extended attributes"));
+        lost.append(TTexts::tr("its extended attributes"));
     const mode_t mode = ModeWithout(!owner, !group, !lists);
     ZtCheckCall(fstat(AHandle, &now));
     if ((now.st_mode & AllModeBits) != mode)
         fchmod(AHandle, mode);
     ZtCheckCall(fstat(AHandle, &now));
     if ((now.st_mode ^ FStatus.st_mode) & AllModeBits)
-        lost.append(Tr("its permissions"));
+        lost.append(TTexts::tr("its permissions"));
     return lost;
 }
 

@@ -21,11 +21,13 @@ namespace {
 
 constexpr int MaxLinks = 40;
 
-QString Tr(const char *AText) { return QCoreApplication::translate("FileStore", AText); }
+struct TTexts {
+    Q_DECLARE_TR_FUNCTIONS(FileStore)
+};
 
 EStreamError CannotWrite(const QString &APath, const QString &AReason)
 {
-    return EStreamError(Tr("Cannot write \"%1\": %2.").arg(APath, AReason));
+    return EStreamError(TTexts::tr("Cannot write \"%1\": %2.").arg(APath, AReason));
 }
 
 // Runs what raises errors of the system, for which the user gets the file's name.
@@ -42,9 +44,9 @@ void CheckKind(const QString &APath, const QString &ATarget)
 {
     const QFileInfo info(ATarget);
     if (info.isDir())
-        throw CannotWrite(APath, Tr("it is a directory"));
+        throw CannotWrite(APath, TTexts::tr("it is a directory"));
     if (info.exists() && !info.isFile())
-        throw CannotWrite(APath, Tr("it is not a regular file"));
+        throw CannotWrite(APath, TTexts::tr("it is not a regular file"));
 }
 
 std::optional<TZtFileAttributes> AttributesOf(const QString &ATarget)
@@ -71,7 +73,7 @@ QStringList Prepare(const TZtSideFile &AFresh, const QString &ATarget,
     }
     QStringList lost = AOld->GiveTo(AFresh.Handle());
     if (AOld->Status().st_nlink > 1)
-        lost.append(Tr("its other names, which keep the old contents"));
+        lost.append(TTexts::tr("its other names, which keep the old contents"));
     return lost;
 }
 
@@ -145,7 +147,7 @@ QStringList SaveInPlace(const QString &ATarget, const QByteArray &ABytes,
             const QString kept = backup.Path();
             backup.Keep();
             throw CannotWrite(ATarget,
-                              Tr("%1. What it held before is in \"%2\"").arg(reason, kept));
+                              TTexts::tr("%1. What it held before is in \"%2\"").arg(reason, kept));
         }
         throw;
     }

@@ -19,12 +19,13 @@
 
 namespace {
 
-QString Tr(const char *AText) { return QCoreApplication::translate("JournalFlow", AText); }
+struct TTexts {
+    Q_DECLARE_TR_FUNCTIONS(JournalFlow)
+};
 
 QString NameOf(const QString &APath)
 {
-    return APath.isEmpty() ? Tr("A text without a name")
-                           : QLatin1Char('"') + APath + QLatin1Char('"');
+    return APath.isEmpty() ? TTexts::tr("A text without a name") : TTexts::tr("\"%1\"").arg(APath);
 }
 
 void Load(const QByteArray &ABytes, TStringList &AText)
@@ -88,18 +89,19 @@ QString TJournalFlow::TFound::Note() const
 {
     const QDateTime time = QFileInfo(Journal.Path).lastModified();
     QStringList notes{
-        Tr("%1 was not saved when the program was cut short. The last change is of %2.")
+        TTexts::tr("%1 was not saved when the program was cut short. The last change is of %2.")
             .arg(NameOf(Path()), QLocale().toString(time, QLocale::ShortFormat))};
     if (IsPartOnly())
-        notes += Tr("The file is not what it was any more, so that only what was typed and "
-                    "inserted can come back, piece by piece, as a text of its own.");
+        notes += TTexts::tr("The file is not what it was any more, so that only what was typed and "
+                            "inserted can come back, piece by piece, as a text of its own.");
     else if (IsBeside())
-        notes += Tr("The file was changed since then. It stays as it is, and what comes back "
-                    "opens beside it.");
+        notes +=
+            TTexts::tr("The file was changed since then. It stays as it is, and what comes back "
+                       "opens beside it.");
     else if (!File && !Path().isEmpty())
-        notes += Tr("There is no file of this name, or it cannot be read.");
+        notes += TTexts::tr("There is no file of this name, or it cannot be read.");
     if (!Result.IsComplete)
-        notes += Tr("The very last changes may be missing.");
+        notes += TTexts::tr("The very last changes may be missing.");
     return notes.join(QLatin1Char('\n'));
 }
 
@@ -144,9 +146,9 @@ try {
         (answer == TRestoreDialog::Restore && Restore(found).FlushJournal()))
         ZtRemoveJournal(AJournal.Path);
 } catch (...) {
-    ZtMsgBoxError(
-        Tr("%1 is not restored: %2").arg(NameOf(AJournal.Header.Path), ZtCurrentExceptionMessage()),
-        QCoreApplication::applicationName());
+    ZtMsgBoxError(TTexts::tr("%1 is not restored: %2")
+                      .arg(NameOf(AJournal.Header.Path), ZtCurrentExceptionMessage()),
+                  QCoreApplication::applicationName());
 }
 
 TJournalFlow::TFound TJournalFlow::Read(const TLeftJournal &AJournal) const
@@ -168,7 +170,7 @@ TRestoreDialog::TAnswer TJournalFlow::AskUntilSure(const TFound &AFound)
         const TRestoreDialog::TAnswer answer = Ask(offer);
         if (answer != TRestoreDialog::Discard ||
             ZtMsgBoxConfirm(
-                Tr("%1: give up for good what was not saved?").arg(NameOf(AFound.Path())),
+                TTexts::tr("%1: give up for good what was not saved?").arg(NameOf(AFound.Path())),
                 QCoreApplication::applicationName()) == mrYes)
             return answer;
     }

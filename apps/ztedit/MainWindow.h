@@ -2,6 +2,7 @@
 
 #include "CompilerOutput.h"
 
+#include "uZtCodeEdit.h"
 #include "uZtExtras.h"
 
 #include <QMainWindow>
@@ -21,7 +22,6 @@ class TDbDocument;
 class TDocument;
 class TStatusTexts;
 class TViewMenu;
-enum class TZtSearchAgain : quint8;
 
 /// The window: a tab for each document, the menus and the status bar.
 class TMainWindow : public QMainWindow {

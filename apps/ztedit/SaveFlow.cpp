@@ -14,7 +14,9 @@
 
 namespace {
 
-QString Tr(const char *AText) { return QCoreApplication::translate("SaveFlow", AText); }
+struct TTexts {
+    Q_DECLARE_TR_FUNCTIONS(SaveFlow)
+};
 
 int Ask(const QString &AText)
 {
@@ -30,7 +32,7 @@ void Tell(const QString &AText)
 }
 
 // Runs what ends with a message when something is raised, and answers what it does.
-template <typename T> bool Try(const QString &AFault, T AWork)
+template <typename T> bool Try(const char *AFault, const QString &AName, T AWork)
 {
     try {
         return AWork();
@@ -38,7 +40,7 @@ template <typename T> bool Try(const QString &AFault, T AWork)
         Tell(error.Message());
     } catch (...) {
         const QString message = ZtCurrentExceptionMessage();
-        Tell(message.isEmpty() ? message : AFault + QLatin1Char(' ') + message);
+        Tell(message.isEmpty() ? message : TTexts::tr(AFault).arg(AName, message));
     }
     return false;
 }
@@ -49,15 +51,17 @@ void OfferRestore(const QString &ATarget, const TZtBackup &ABackup)
 {
     if (!ABackup.Fault.isEmpty())
         return Tell(
-            Tr("A save of \"%1\" was cut short. What it held before that is in \"%2\", which "
-               "cannot be restored here: %3.")
+            TTexts::tr(
+                "A save of \"%1\" was cut short. What it held before that is in \"%2\", which "
+                "cannot be restored here: %3.")
                 .arg(NameOf(ATarget), ABackup.Path, ABackup.Fault));
     const QString kept = ZtFreeName(ATarget);
     const QString time =
         QLocale().toString(QFileInfo(ABackup.Path).lastModified(), QLocale::ShortFormat);
     const int answer =
-        Ask(Tr("A save of \"%1\" was cut short at %2, and it may hold only a part of its text. "
-               "Restore what it held before that save? What you do not choose is kept as \"%3\".")
+        Ask(TTexts::tr(
+                "A save of \"%1\" was cut short at %2, and it may hold only a part of its text. "
+                "Restore what it held before that save? What you do not choose is kept as \"%3\".")
                 .arg(NameOf(ATarget), time, NameOf(kept)));
     if (answer == mrYes)
         ZtRestoreBackup(ATarget, ABackup, kept);
@@ -71,13 +75,15 @@ bool ConfirmOverwriting(const TDocument &ADocument)
     QString reason;
     switch (ADocument.ChangeOnDisk(reason)) {
     case TZtFileChange::fcChanged:
-        return Confirm(Tr("\"%1\" was changed by another program after it was read here. Overwrite "
-                          "those changes?")
-                           .arg(ADocument.Title()));
+        return Confirm(
+            TTexts::tr("\"%1\" was changed by another program after it was read here. Overwrite "
+                       "those changes?")
+                .arg(ADocument.Title()));
     case TZtFileChange::fcUnknown:
-        return Confirm(Tr("\"%1\" cannot be read to see whether another program changed it: %2. "
-                          "Overwrite it?")
-                           .arg(ADocument.Title(), reason));
+        return Confirm(
+            TTexts::tr("\"%1\" cannot be read to see whether another program changed it: %2. "
+                       "Overwrite it?")
+                .arg(ADocument.Title(), reason));
     case TZtFileChange::fcNone:
     case TZtFileChange::fcMissing:
         break;
@@ -88,9 +94,10 @@ bool ConfirmOverwriting(const TDocument &ADocument)
 bool ConfirmReplacing(const QString &APath)
 {
     return !ZtMayOnlyReplace(APath) ||
-           Confirm(Tr("You have no right to write \"%1\", but you may put another file in its "
-                      "place. Replace it?")
-                       .arg(NameOf(APath)));
+           Confirm(
+               TTexts::tr("You have no right to write \"%1\", but you may put another file in its "
+                          "place. Replace it?")
+                   .arg(NameOf(APath)));
 }
 
 // An edited text cannot give back all of a file with mixed line endings or undecodable bytes.
@@ -100,9 +107,10 @@ bool ConfirmWhatIsLost(const TDocument &ADocument)
     if (!ADocument.IsModified())
         return true;
     if (format.MixedLineEndings &&
-        !Confirm(Tr("The line endings of \"%1\" are mixed. All of them will be written as %2. "
-                    "Save it?")
-                     .arg(ADocument.Title(), ZtLineEndingName(format.LineEnding))))
+        !Confirm(
+            TTexts::tr("The line endings of \"%1\" are mixed. All of them will be written as %2. "
+                       "Save it?")
+                .arg(ADocument.Title(), ZtLineEndingName(format.LineEnding))))
         return false;
     return !format.Undecodable ||
            ZtAgreeOnUndecodable(ADocument.Title(), ZtEncodingName(format.Encoding));
@@ -120,15 +128,12 @@ bool Save(TDocument &ADocument, const QString &APath)
         return false;
     const QStringList lost = ADocument.Write(APath, bytes, format);
     if (!lost.isEmpty())
-        Tell(Tr("\"%1\" is saved, but it lost %2.")
+        Tell(TTexts::tr("\"%1\" is saved, but it lost %2.")
                  .arg(ADocument.Title(), lost.join(QLatin1StringView(", "))));
     return true;
 }
 
-QString NotSaved(const TDocument &ADocument)
-{
-    return Tr("\"%1\" is not saved:").arg(ADocument.Title());
-}
+constexpr const char *NotSaved = QT_TRANSLATE_NOOP("SaveFlow", "\"%1\" is not saved: %2");
 
 } // namespace
 
@@ -137,7 +142,7 @@ void ZtOfferRestore(const QString &APath)
     const QString target = ZtFollowLinks(APath);
     if (!QFileInfo(target).isFile())
         return;
-    Try(Tr("\"%1\" is not restored:").arg(NameOf(target)), [&] {
+    Try(QT_TRANSLATE_NOOP("SaveFlow", "\"%1\" is not restored: %2"), NameOf(target), [&] {
         for (const TZtBackup &backup : ZtFindBackups(target))
             OfferRestore(target, backup);
         return true;
@@ -146,7 +151,7 @@ void ZtOfferRestore(const QString &APath)
 
 bool ZtSaveDocument(TDocument &ADocument)
 {
-    return Try(NotSaved(ADocument), [&] {
+    return Try(NotSaved, ADocument.Title(), [&] {
         ZtOfferRestore(ADocument.Path());
         QString reason;
         if (!ADocument.IsModified() && ADocument.ChangeOnDisk(reason) == TZtFileChange::fcNone)
@@ -157,7 +162,7 @@ bool ZtSaveDocument(TDocument &ADocument)
 
 bool ZtSaveDocumentAs(TDocument &ADocument, const QString &APath)
 {
-    return Try(NotSaved(ADocument), [&] {
+    return Try(NotSaved, ADocument.Title(), [&] {
         ZtOfferRestore(APath);
         return Save(ADocument, APath);
     });

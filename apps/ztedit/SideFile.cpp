@@ -25,7 +25,9 @@ constexpr QLatin1StringView BackupSuffix("zt-old");
 // Leaves room for what a side file's name has besides.
 constexpr qsizetype MaxName = 200;
 
-QString Tr(const char *AText) { return QCoreApplication::translate("SideFile", AText); }
+struct TTexts {
+    Q_DECLARE_TR_FUNCTIONS(SideFile)
+};
 
 QString NameIn(const QString &ATarget)
 {
@@ -169,7 +171,7 @@ std::vector<TZtBackup> ZtFindBackups(const QString &ATarget)
         if (!backup.Handle.IsOpen()) {
             backup.Fault = qt_error_string(EACCES);
         } else if (!IsTrusted(backup.Handle, ATarget)) {
-            backup.Fault = Tr("it belongs to the user %1").arg(info.owner());
+            backup.Fault = TTexts::tr("it belongs to the user %1").arg(info.owner());
         } else if (target.IsOpen() && ZtSameContents(target.Get(), backup.Handle.Get())) {
             unlink(QFile::encodeName(backup.Path).constData());
             continue;

@@ -11,7 +11,9 @@
 
 namespace {
 
-QString Tr(const char *AText) { return QCoreApplication::translate("Tokens", AText); }
+struct TTexts {
+    Q_DECLARE_TR_FUNCTIONS(Tokens)
+};
 
 QStringList LinesOf(const QString &APath)
 {
@@ -33,11 +35,11 @@ void ZtPrintTokens(const QString &APath, FILE *ATo)
     const QStringList lines = LinesOf(APath);
     const TZtTokenLanguage *language = ZtTokenLanguageOf(APath);
     if (!language)
-        throw EZtException(Tr("\"%1\" is in no language that has tokens.").arg(APath));
+        throw EZtException(TTexts::tr("\"%1\" is in no language that has tokens.").arg(APath));
     const auto reader = language->CreateReader();
     QList<int> kinds;
     for (const TZtTokenRecord &token : ZtReadTokens(*reader, lines, kinds))
         std::fprintf(ATo, "%s\n", token.ToString().toUtf8().constData());
     if (std::fflush(ATo) != 0 || std::ferror(ATo))
-        throw EStreamError(Tr("Cannot print the tokens: %1.").arg(qt_error_string(errno)));
+        throw EStreamError(TTexts::tr("Cannot print the tokens: %1.").arg(qt_error_string(errno)));
 }

@@ -3,6 +3,7 @@
 #include "uZtElements.h"
 #include "uZtJsonText.h"
 
+#include <QCoreApplication>
 #include <QFile>
 
 #include <algorithm>
@@ -11,6 +12,10 @@
 using enum TZtViewColor;
 
 namespace {
+
+struct TTexts {
+    Q_DECLARE_TR_FUNCTIONS(ColorScheme)
+};
 
 constexpr qint64 LargestFile = 1 << 20;
 
@@ -40,24 +45,22 @@ bool IsElement(QStringView ALanguage, QStringView AElement)
 
 [[noreturn]] void Fail(qsizetype APlace, const QString &AReason) { throw EZtJson(APlace, AReason); }
 
-[[noreturn]] void FailName(const TZtJsonMember &AMember, const char *AWhat)
+[[noreturn]] void FailName(const TZtJsonMember &AMember, const char *AFault)
 {
-    Fail(AMember.NamePlace,
-         QStringLiteral("There is no %1 \"%2\".").arg(QLatin1String(AWhat), AMember.Name));
+    Fail(AMember.NamePlace, TTexts::tr(AFault).arg(AMember.Name));
 }
 
 void Expect(const TZtJsonMember &AMember, QJsonValue::Type AType)
 {
-    static const QMap<QJsonValue::Type, QString> names = {
-        {QJsonValue::Bool, QStringLiteral("true or false")},
-        {QJsonValue::String, QStringLiteral("a text in quotes")},
-        {QJsonValue::Object, QStringLiteral("an object")},
-    };
-    if (AMember.Value.type() != AType)
-        Fail(AMember.Place,
-             AMember.Name.isEmpty()
-                 ? QStringLiteral("A scheme has to be %1.").arg(names[AType])
-                 : QStringLiteral("\"%1\" has to be %2.").arg(AMember.Name, names[AType]));
+    if (AMember.Value.type() == AType)
+        return;
+    if (AMember.Name.isEmpty()) // the outermost
+        Fail(AMember.Place, TTexts::tr("A scheme has to be an object."));
+    const QString fault = AType == QJsonValue::Bool ? TTexts::tr("\"%1\" has to be true or false.")
+                          : AType == QJsonValue::String
+                              ? TTexts::tr("\"%1\" has to be a text in quotes.")
+                              : TTexts::tr("\"%1\" has to be an object.");
+    Fail(AMember.Place, fault.arg(AMember.Name));
 }
 
 QString ReadText(const TZtJsonMember &AMember)
@@ -74,8 +77,7 @@ TColor ReadColor(const TZtJsonMember &AMember)
                         std::all_of(text.begin() + 1, text.end(),
                                     [](QChar C) { return C < u'g' && isxdigit(C.unicode()); });
     if (!formed)
-        Fail(AMember.Place,
-             QStringLiteral("\"%1\" is no colour of the form \"#rrggbb\".").arg(text));
+        Fail(AMember.Place, TTexts::tr("\"%1\" is no colour of the form \"#rrggbb\".").arg(text));
     const uint rgb = text.sliced(1).toUInt(nullptr, 16);
     return ((rgb & 0xFF) << 16) | (rgb & 0xFF00) | (rgb >> 16);
 }
@@ -102,7 +104,7 @@ public:
             const auto *row = std::ranges::find_if(
                 Rows, [&](const TRow &ARow) { return member.Name == QLatin1String(ARow.Name); });
             if (row == std::end(Rows))
-                FailName(member, "key");
+                FailName(member, QT_TRANSLATE_NOOP("ColorScheme", "There is no key \"%1\"."));
             (reader.*row->Read)(member);
         }
         reader.CheckWhole(root);
@@ -123,7 +125,7 @@ private:
     {
         FScheme->FName = ReadText(AMember);
         if (FScheme->FName.isEmpty())
-            Fail(AMember.Place, QStringLiteral("The name is empty."));
+            Fail(AMember.Place, TTexts::tr("The name is empty."));
     }
 
     // The classic scheme has no styles that could be changed.
@@ -133,7 +135,7 @@ private:
         const auto base = Find(name);
         if (!base || !base->HasStyles())
             Fail(AMember.Place,
-                 QStringLiteral("There is no scheme \"%1\" that could be extended.").arg(name));
+                 TTexts::tr("There is no scheme \"%1\" that could be extended.").arg(name));
         FScheme->FColors = base->FColors;
         FScheme->FStyles = base->FStyles;
         FIsKnown.fill(true);
@@ -148,7 +150,8 @@ private:
             while (part < ViewColorCount && ColorName(TZtViewColor(part)) != member.Name)
                 ++part;
             if (part == ViewColorCount)
-                FailName(member, "part of the view");
+                FailName(member,
+                         QT_TRANSLATE_NOOP("ColorScheme", "There is no part of the view \"%1\"."));
             FScheme->FColors[part] = ReadColor(member);
             FIsKnown[part] = true;
         }
@@ -159,11 +162,13 @@ private:
         Expect(AMember, QJsonValue::Object);
         for (const TZtJsonMember &language : AMember.Members) {
             if (!IsLanguage(language.Name))
-                FailName(language, "language");
+                FailName(language,
+                         QT_TRANSLATE_NOOP("ColorScheme", "There is no language \"%1\"."));
             Expect(language, QJsonValue::Object);
             for (const TZtJsonMember &element : language.Members) {
                 if (!IsElement(language.Name, element.Name))
-                    FailName(element, "element");
+                    FailName(element,
+                             QT_TRANSLATE_NOOP("ColorScheme", "There is no element \"%1\"."));
                 Expect(element, QJsonValue::Object);
                 ReadStyle(element, FScheme->FStyles[{language.Name, element.Name}]);
             }
@@ -192,7 +197,8 @@ private:
             } else if (member.Name == u"background") {
                 AStyle.Back = ReadColor(member);
             } else {
-                FailName(member, "property of a style");
+                FailName(member, QT_TRANSLATE_NOOP("ColorScheme",
+                                                   "There is no property of a style \"%1\"."));
             }
         }
     }
@@ -200,11 +206,11 @@ private:
     void CheckWhole(const TZtJsonMember &ARoot) const
     {
         if (FScheme->FName.isEmpty())
-            Fail(ARoot.Place, QStringLiteral("The scheme has no \"name\"."));
+            Fail(ARoot.Place, TTexts::tr("The scheme has no \"name\"."));
         for (size_t part = 0; part < ViewColorCount; ++part)
             if (!FIsKnown[part])
                 Fail(FColorsPlace < 0 ? ARoot.Place : FColorsPlace,
-                     QStringLiteral("There is no colour for \"%1\".")
+                     TTexts::tr("There is no colour for \"%1\".")
                          .arg(ColorName(TZtViewColor(part))));
     }
 
@@ -231,7 +237,7 @@ std::shared_ptr<const TZtColorScheme> TZtColorScheme::Load(const QString &AFileN
         throw EZtColorScheme(AFileName, 0, 0, file.errorString());
     const QByteArray text = file.read(LargestFile + 1);
     if (text.size() > LargestFile)
-        throw EZtColorScheme(AFileName, 0, 0, QStringLiteral("The file is too large."));
+        throw EZtColorScheme(AFileName, 0, 0, TTexts::tr("The file is too large."));
     if (file.error() != QFileDevice::NoError)
         throw EZtColorScheme(AFileName, 0, 0, file.errorString());
     return FromJson(text, AFileName);

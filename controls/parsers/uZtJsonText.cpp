@@ -1,5 +1,6 @@
 #include "uZtJsonText.h"
 
+#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -62,7 +63,9 @@ private:
             const QByteArray quoted = '[' + FText.mid(place, FPlace - place) + ']';
             const QString name = QJsonDocument::fromJson(quoted).array().first().toString();
             if (AMember.Find(name))
-                throw EZtJson(place, QStringLiteral("The name \"%1\" is there twice.").arg(name));
+                throw EZtJson(place,
+                              QCoreApplication::translate("Json", "The name \"%1\" is there twice.")
+                                  .arg(name));
             AMember.Members.push_back({name, place, 0, object.value(name), {}});
             Read(AMember.Members.back());
         }
@@ -103,7 +106,8 @@ const TZtJsonMember *TZtJsonMember::Find(QStringView AName) const
 TZtJsonMember ZtReadJson(const QByteArray &AText)
 {
     if (AText.startsWith(Mark))
-        throw EZtJson(0, QStringLiteral("The text begins with a byte order mark."));
+        throw EZtJson(
+            0, QCoreApplication::translate("Json", "The text begins with a byte order mark."));
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(AText, &error);
     if (error.error != QJsonParseError::NoError)

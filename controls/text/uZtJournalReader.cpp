@@ -2,6 +2,7 @@
 
 #include "uZtStringStream.h"
 
+#include <QCoreApplication>
 #include <QFile>
 
 #include <algorithm>
@@ -70,7 +71,8 @@ TZtJournalReader::TZtJournalReader(const QString &APath) : FBytes(ZtReadFile(APa
     TZtJournalUnframer unframer(FBytes);
     std::optional<TZtJournalHeader> header = HeaderOf(unframer.Next());
     if (!header)
-        throw EStreamError(QStringLiteral("\"%1\" is no journal.").arg(APath));
+        throw EStreamError(
+            QCoreApplication::translate("Journal", "\"%1\" is no journal.").arg(APath));
     FHeader = std::move(*header);
     while (const std::optional<QByteArrayView> record = unframer.Next())
         FRecords.push_back(*record);

@@ -2,6 +2,7 @@
 
 #include "uZtException.h"
 
+#include <QCoreApplication>
 #include <QSet>
 #include <QStringEncoder>
 
@@ -46,7 +47,8 @@ void TZtLineStore::CheckLength(qsizetype ALength)
 {
     if (ALength > MaxLength)
         throw EStringListError(
-            QStringLiteral("A line of %1 characters is too long; it may have %2.")
+            QCoreApplication::translate("TStringList",
+                                        "A line of %1 characters is too long; it may have %2.")
                 .arg(ALength)
                 .arg(MaxLength));
 }
@@ -54,7 +56,9 @@ void TZtLineStore::CheckLength(qsizetype ALength)
 void TZtLineStore::CheckCount(qsizetype ACount)
 {
     if (ACount > MaxLength)
-        throw EStringListError(QStringLiteral("A text holds at most %1 lines.").arg(MaxLength));
+        throw EStringListError(
+            QCoreApplication::translate("TStringList", "A text holds at most %1 lines.")
+                .arg(MaxLength));
 }
 
 qint64 TZtLineStore::BytesOf(qsizetype i, qsizetype ACount) const

@@ -245,7 +245,9 @@ void TZtStringStream::LoadFromBytes(const QByteArray &ABytes, int ACodePage)
         std::find_if(Encodings.begin(), Encodings.end(),
                      [=](const TEncodingRow &row) { return row.CodePage == ACodePage; });
     if (ACodePage != -1 && known == Encodings.end())
-        throw EStreamError(QStringLiteral("There is no code page %1.").arg(ACodePage));
+        throw EStreamError(
+            QCoreApplication::translate("TZtStringStream", "There is no code page %1.")
+                .arg(ACodePage));
     FBytes = ABytes;
     FFormat = {};
     const bool utf8 = FBytes.isValidUtf8();

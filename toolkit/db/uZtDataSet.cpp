@@ -46,7 +46,7 @@ void TDataSet::SetState(TDataSetState AState)
 void TDataSet::CheckActive() const
 {
     if (!GetActive())
-        throw EDatabaseError(QStringLiteral("The dataset is closed."));
+        throw EDatabaseError(QCoreApplication::translate("DataSet", "The dataset is closed."));
 }
 
 void TDataSet::CheckCanModify() const
@@ -59,7 +59,8 @@ void TDataSet::CheckCanModify() const
 void TDataSet::CheckPending() const
 {
     if (!IsPending())
-        throw EDatabaseError(QStringLiteral("The dataset is not in edit or insert state."));
+        throw EDatabaseError(
+            QCoreApplication::translate("DataSet", "The dataset is not in edit or insert state."));
 }
 
 // --- model and fields ----------------------------------------------------------------------------
@@ -111,7 +112,7 @@ void TDataSet::Open()
     if (GetActive())
         return;
     if (!FSource)
-        throw EDatabaseError(QStringLiteral("The dataset has no model."));
+        throw EDatabaseError(QCoreApplication::translate("DataSet", "The dataset has no model."));
     FSource->Select();
     CreateFields();
     FEof = FSource->Count() == 0;
@@ -141,7 +142,9 @@ void TDataSet::Close()
 TField *TDataSet::GetFields(int Index) const
 {
     if (Index < 0 || Index >= GetFieldCount())
-        throw EDatabaseError(QStringLiteral("There is no field with the index %1.").arg(Index));
+        throw EDatabaseError(
+            QCoreApplication::translate("DataSet", "There is no field with the index %1.")
+                .arg(Index));
     return FFields[size_t(Index)].get();
 }
 
@@ -157,7 +160,8 @@ TField *TDataSet::FieldByName(const QString &AFieldName) const
 {
     if (TField *field = FindField(AFieldName))
         return field;
-    throw EDatabaseError(QStringLiteral("There is no field \"%1\".").arg(AFieldName));
+    throw EDatabaseError(
+        QCoreApplication::translate("DataSet", "There is no field \"%1\".").arg(AFieldName));
 }
 
 std::unique_ptr<TBlobStream> TDataSet::CreateBlobStream(TField *AField, TBlobStreamMode AMode)
@@ -253,7 +257,9 @@ void TDataSet::SetRecNo(int Value)
 {
     CheckBrowseMode();
     if (Value < 1 || Value > GetRecordCount())
-        throw EDatabaseError(QStringLiteral("There is no record with the number %1.").arg(Value));
+        throw EDatabaseError(
+            QCoreApplication::translate("DataSet", "There is no record with the number %1.")
+                .arg(Value));
     FBof = FEof = false;
     MoveTo(Value - 1);
 }
@@ -331,7 +337,7 @@ void TDataSet::Delete()
         return Cancel();
     CheckCanModify();
     if (FRow < 0)
-        throw EDatabaseError(QStringLiteral("The dataset has no records."));
+        throw EDatabaseError(QCoreApplication::translate("DataSet", "The dataset has no records."));
     FSource->Remove(FRow, FStored);
     SetState(TDataSetState::dsBrowse);
     Reselect({}, {});

@@ -4,6 +4,8 @@
 #include "uZtStringStream.h"
 #include "uZtUtf8.h"
 
+#include <QCoreApplication>
+
 namespace {
 
 // Qt takes a null string or byte array for the database's null.
@@ -44,10 +46,12 @@ QByteArray TField::GetAsBytes() const
 void TField::CheckStore() const
 {
     if (!FRecord)
-        throw EDatabaseError(QStringLiteral("The dataset is closed."));
+        throw EDatabaseError(QCoreApplication::translate("DataSet", "The dataset is closed."));
     FRecord->CheckPending();
     if (FReadOnly)
-        throw EDatabaseError(QStringLiteral("The field \"%1\" is read-only.").arg(GetFieldName()));
+        throw EDatabaseError(
+            QCoreApplication::translate("DataSet", "The field \"%1\" is read-only.")
+                .arg(GetFieldName()));
 }
 
 void TField::Clear() { SetValue(NullValue()); }
@@ -79,8 +83,9 @@ QVariant TField::FromText(const QString &AText) const
         return NullValue();
     QVariant value(AText.trimmed());
     if (!value.convert(type))
-        throw EDatabaseError(QStringLiteral("\"%1\" is no value for the field \"%2\".")
-                                 .arg(AText.trimmed(), GetFieldName()));
+        throw EDatabaseError(
+            QCoreApplication::translate("DataSet", "\"%1\" is no value for the field \"%2\".")
+                .arg(AText.trimmed(), GetFieldName()));
     return value;
 }
 

@@ -1,5 +1,6 @@
 #include "uZtFieldDataLink.h"
 
+#include <QCoreApplication>
 #include <QScopedValueRollback>
 
 namespace {
@@ -25,7 +26,7 @@ void TFieldDataLink::SetDataSource(TDataSource *Value)
     if (Value == FDataSource)
         return;
     if (FDataSourceFixed)
-        throw EDatabaseError(QStringLiteral("The data source is fixed."));
+        throw EDatabaseError(QCoreApplication::translate("DataSet", "The data source is fixed."));
     if (FDataSource)
         DataSourceRemoved();
     FDataSource = Value;

@@ -10,7 +10,9 @@
 
 namespace {
 
-QString Tr(const char *AText) { return QCoreApplication::translate("DataSet", AText); }
+struct TTexts {
+    Q_DECLARE_TR_FUNCTIONS(DataSet)
+};
 
 QString Quoted(QString AName)
 {
@@ -67,7 +69,7 @@ void TSqlTableSource::ReadCatalogue()
         FIsView = query.value(3).toString() == QLatin1StringView("view");
     }
     if (FColumns.isEmpty())
-        throw EDatabaseError(Tr("There is no table \"%1\".").arg(FTable));
+        throw EDatabaseError(TTexts::tr("There is no table \"%1\".").arg(FTable));
     std::sort(key.begin(), key.end());
     for (const auto &[place, column] : key)
         FPrimaryKey.push_back(column);
@@ -87,7 +89,7 @@ void TSqlTableSource::ChooseKey(const QStringList &AKey)
     for (const QString &name : AKey) {
         FKey.push_back(ColumnOf(name));
         if (FKey.back() < 0)
-            throw EDatabaseError(Tr("There is no field \"%1\".").arg(name));
+            throw EDatabaseError(TTexts::tr("There is no field \"%1\".").arg(name));
     }
     if (FKey.empty())
         FKey = FPrimaryKey;
@@ -177,7 +179,7 @@ void TSqlTableSource::Select()
 
 QString TSqlTableSource::ReadOnlyReason() const
 {
-    return FIsView ? Tr("A view is read-only.") : FFault;
+    return FIsView ? TTexts::tr("A view is read-only.") : FFault;
 }
 
 bool TSqlTableSource::IsExact(int ARow, int AColumn) const

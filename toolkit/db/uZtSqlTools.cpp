@@ -5,7 +5,9 @@
 
 namespace {
 
-QString Tr(const char *AText) { return QCoreApplication::translate("DataSet", AText); }
+struct TTexts {
+    Q_DECLARE_TR_FUNCTIONS(DataSet)
+};
 
 } // namespace
 
@@ -43,14 +45,14 @@ TZtValues ZtReadOneRecord(QSqlQuery &AQuery, int AColumns)
     if (!AQuery.next()) {
         if (AQuery.lastError().isValid())
             ZtRaiseSqlError(AQuery.lastError());
-        throw EDatabaseError(Tr("The record was removed or changed by someone else."));
+        throw EDatabaseError(TTexts::tr("The record was removed or changed by someone else."));
     }
     TZtValues values;
     for (int i = 0; i < AColumns; ++i)
         values.push_back(AQuery.value(i));
     if (AQuery.next())
         throw EDatabaseError(
-            Tr("The record cannot be told from another one: the table has no key."));
+            TTexts::tr("The record cannot be told from another one: the table has no key."));
     return values;
 }
 
@@ -76,5 +78,5 @@ bool ZtStoredTextIsValid(const QSqlDatabase &ADatabase, const QString &ATable,
 
 QString ZtReadingBrokeOffMessage(const QSqlError &AError)
 {
-    return Tr("The records were not all read: %1").arg(AError.text().trimmed());
+    return TTexts::tr("The records were not all read: %1").arg(AError.text().trimmed());
 }

@@ -7,7 +7,9 @@
 
 namespace {
 
-QString Tr(const char *AText) { return QCoreApplication::translate("LossQuestion", AText); }
+struct TTexts {
+    Q_DECLARE_TR_FUNCTIONS(LossQuestion)
+};
 
 QString CharacterName(char32_t AChar)
 {
@@ -48,11 +50,12 @@ bool ZtAgreeOnEncoding(const TZtEncodeText &AEncode, const QString &AName, TZtTe
     std::vector<TZtLostChar> lost;
     for (ABytes = AEncode(AFormat, lost); !lost.empty(); ABytes = AEncode(AFormat, lost)) {
         const TZtTextFormat other = RoomierFormat(AFormat);
-        if (!Confirm(Tr("%1 cannot hold all characters of \"%2\"; the first is %3 in line %4, "
-                        "column %5. Save it as %6 instead?")
-                         .arg(ZtEncodingName(AFormat.Encoding), AName, CharacterName(lost[0].Char),
-                              QString::number(lost[0].Line + 1),
-                              QString::number(lost[0].Column + 1), ZtEncodingName(other.Encoding))))
+        if (!Confirm(
+                TTexts::tr("%1 cannot hold all characters of \"%2\"; the first is %3 in line %4, "
+                           "column %5. Save it as %6 instead?")
+                    .arg(ZtEncodingName(AFormat.Encoding), AName, CharacterName(lost[0].Char),
+                         QString::number(lost[0].Line + 1), QString::number(lost[0].Column + 1),
+                         ZtEncodingName(other.Encoding))))
             return false;
         AFormat = other;
     }
@@ -61,15 +64,17 @@ bool ZtAgreeOnEncoding(const TZtEncodeText &AEncode, const QString &AName, TZtTe
 
 bool ZtAgreeOnReplacements(const QString &AName, const TZtLostChar &AFirst)
 {
-    return Confirm(Tr("\"%1\" cannot hold all characters of the text; the first is %2 in line %3, "
-                      "column %4. Store a replacement character (U+FFFD) for each?")
-                       .arg(AName, CharacterName(AFirst.Char), QString::number(AFirst.Line + 1),
-                            QString::number(AFirst.Column + 1)));
+    return Confirm(
+        TTexts::tr("\"%1\" cannot hold all characters of the text; the first is %2 in line %3, "
+                   "column %4. Store a replacement character (U+FFFD) for each?")
+            .arg(AName, CharacterName(AFirst.Char), QString::number(AFirst.Line + 1),
+                 QString::number(AFirst.Column + 1)));
 }
 
 bool ZtAgreeOnUndecodable(const QString &AName, const QString &AEncoding)
 {
-    return Confirm(Tr("\"%1\" holds bytes that are no %2 text. A replacement character (U+FFFD) "
-                      "will be written for each. Save it?")
-                       .arg(AName, AEncoding));
+    return Confirm(
+        TTexts::tr("\"%1\" holds bytes that are no %2 text. A replacement character (U+FFFD) "
+                   "will be written for each. Save it?")
+            .arg(AName, AEncoding));
 }
