@@ -21,7 +21,13 @@ constexpr int ReplaceHeight = 319;
 constexpr int ButtonWidth = 75;
 constexpr int ButtonHeight = 25;
 constexpr int ButtonBottom = 31; // from the form's bottom to the buttons' top
+constexpr int ButtonMargin = 7;  // at the sides of its text
+constexpr int ButtonStep = 78;   // from one button to the next
+constexpr int FirstButtonLeft = 162;
 constexpr int CancelLeft = 318;
+constexpr int LabelWidth = 78;
+constexpr int GroupWidth = 177;
+constexpr int Margin = 8; // at the left of the form, and around what is in a group
 constexpr int ResultOK = 1;
 constexpr int ResultCancel = 2;
 constexpr int ResultReplaceAll = 10;
@@ -288,10 +294,36 @@ void TFrmCodeEditSearchReplaceDlg::SetGoesRound(bool Value)
 void TFrmCodeEditSearchReplaceDlg::FitToType()
 {
     const int added = minimumWidth() > 0 ? width() - minimumWidth() : 0;
+    MeasureTexts();
+    const int least = Scaled(FormWidth) + FGrowth.Form;
     setMinimumSize(0, 0);
-    resize(Scaled(FormWidth) + added, Scaled(IsReplace() ? ReplaceHeight : FindHeight));
-    setMinimumSize(Scaled(FormWidth), height());
+    resize(least + added, Scaled(IsReplace() ? ReplaceHeight : FindHeight));
+    setMinimumSize(least, height());
     Arrange();
+}
+
+// The places are made for the English texts, with which they stay as they are.
+void TFrmCodeEditSearchReplaceDlg::MeasureTexts()
+{
+    FGrowth = {};
+    if (btnReplaceAll->text() == QLatin1StringView("Replace &All"))
+        return;
+    for (const QLabel *label : {lblTextToFind, Label1, lblReplaceWith})
+        FGrowth.Label = qMax(FGrowth.Label, label->sizeHint().width() - Scaled(LabelWidth));
+    int group = 0;
+    for (const auto *box : findChildren<QGroupBox *>()) {
+        group = qMax(group, box->minimumSizeHint().width() - Scaled(GroupWidth));
+        for (const auto *button : box->findChildren<QAbstractButton *>())
+            group = qMax(group, button->sizeHint().width() - Scaled(GroupWidth - 2 * Margin));
+    }
+    // The least width of a style's buttons is more than these have.
+    for (const QPushButton *button : {btnOK, btnCancel, btnReplaceAll}) {
+        const int text = button->fontMetrics().size(Qt::TextShowMnemonic, button->text()).width();
+        FGrowth.Button =
+            qMax(FGrowth.Button, text + Scaled(2 * ButtonMargin) - Scaled(ButtonWidth));
+    }
+    const int buttons = 3 * FGrowth.Button - Scaled(FirstButtonLeft - Margin);
+    FGrowth.Form = qMax(FGrowth.Label, qMax(2 * group, buttons));
 }
 
 int TFrmCodeEditSearchReplaceDlg::Scaled(int APixels) const
@@ -302,7 +334,7 @@ int TFrmCodeEditSearchReplaceDlg::Scaled(int APixels) const
 // Places all controls; what is anchored to the right and the bottom follows the form's size.
 void TFrmCodeEditSearchReplaceDlg::Arrange()
 {
-    constexpr int editWidth = 285, editHeight = 21, groupWidth = 177, right = 196, row = 21;
+    constexpr int editWidth = 285, editHeight = 21, groupWidth = GroupWidth, right = 196, row = 21;
     const int dx = width() - Scaled(FormWidth);
     pcMain->setGeometry(Scaled(8), Scaled(8), width() - Scaled(18), height() - Scaled(45));
     const std::vector<TPlace> places = {
@@ -321,12 +353,22 @@ void TFrmCodeEditSearchReplaceDlg::Arrange()
         {rgReplaceScope, 8, 156, groupWidth, 65},
         {rgReplaceOrigin, right, 156, groupWidth, 65},
     };
+    const int half = FGrowth.Form / 2;
     for (const TPlace &place : places) {
-        place.Control->setGeometry(Scaled(place.Left), Scaled(place.Top), Scaled(place.Width),
-                                   Scaled(place.Height));
+        QRect rect(Scaled(place.Left), Scaled(place.Top), Scaled(place.Width),
+                   Scaled(place.Height));
+        if (qobject_cast<QLabel *>(place.Control))
+            rect.adjust(0, 0, FGrowth.Label, 0);
+        else if (qobject_cast<QLineEdit *>(place.Control))
+            rect.adjust(FGrowth.Label, 0, FGrowth.Form, 0);
+        else
+            rect.adjust(place.Left == right ? half : 0, 0, place.Left == right ? 2 * half : half,
+                        0);
+        place.Control->setGeometry(rect);
         int top = 21;
         for (auto *button : place.Control->findChildren<QAbstractButton *>()) {
-            button->setGeometry(Scaled(8), Scaled(top), Scaled(groupWidth - 16), Scaled(row - 1));
+            button->setGeometry(Scaled(Margin), Scaled(top), Scaled(groupWidth - 2 * Margin) + half,
+                                Scaled(row - 1));
             top += row;
         }
     }
@@ -334,9 +376,11 @@ void TFrmCodeEditSearchReplaceDlg::Arrange()
     const std::vector<TPlace> buttons = {{btnOK, FOKLeft, 0, 0, 0},
                                          {btnReplaceAll, FReplaceAllLeft, 0, 0, 0},
                                          {btnCancel, CancelLeft, 0, 0, 0}};
-    for (const TPlace &place : buttons)
-        place.Control->setGeometry(Scaled(place.Left) + dx, top, Scaled(ButtonWidth),
-                                   Scaled(ButtonHeight));
+    for (const TPlace &place : buttons) {
+        const int fromRight = 1 + (CancelLeft - place.Left) / ButtonStep;
+        place.Control->setGeometry(Scaled(place.Left) + dx - fromRight * FGrowth.Button, top,
+                                   Scaled(ButtonWidth) + FGrowth.Button, Scaled(ButtonHeight));
+    }
 }
 
 void TFrmCodeEditSearchReplaceDlg::resizeEvent(QResizeEvent *AEvent)

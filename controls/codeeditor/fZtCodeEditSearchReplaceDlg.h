@@ -45,7 +45,8 @@ private:
 /// showings, as it keeps a width that the user gave it. It closes with 1 (OK), 2 (Cancel, Escape)
 /// or 10 (Replace All).
 ///
-/// Geometry is in pixels at a font of 8 points and grows with a larger one.
+/// Geometry is in pixels at a font of 8 points and grows with a larger one, and where the texts of
+/// another language than English need more room.
 class TFrmCodeEditSearchReplaceDlg : public QDialog {
     Q_OBJECT
 
@@ -124,11 +125,20 @@ private:
     bool TakesKey(QEvent *AEvent);
     void ColourForm();
     void FitToType();
+    void MeasureTexts();
     void Arrange();
     int Scaled(int APixels) const;
 
     TFrmCodeEditSearchReplaceDlgType FDlgType;
     bool FCtl3D = false;
+    // What the texts of another language need beyond their places, in pixels.
+    struct TGrowth {
+        int Label = 0;
+        int Button = 0;
+        int Form = 0; // half of it for each of two groups side by side
+    };
+
+    TGrowth FGrowth;
     int FOKLeft = 162;
     int FReplaceAllLeft = 240;
 };
