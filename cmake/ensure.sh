@@ -3,13 +3,14 @@
 
 # Debian package names: what building and running need, and what the tests need beyond it.
 # Liberation Mono stands in for Courier New, with the same widths; DejaVu draws the menus.
-build_packages='g++ cmake ninja-build qt6-base-dev qt6-svg-dev libqt6sql6-sqlite libicu-dev
+build_packages='g++ cmake ninja-build qt6-base-dev qt6-svg-dev qt6-tools-dev
+    qt6-l10n-tools qt6-translations-l10n libqt6sql6-sqlite libicu-dev
     fontconfig fonts-liberation fonts-dejavu-core'
-test_packages='libgtest-dev pkgconf dpkg-dev qt6-tools-dev libqt6opengl6-dev
+test_packages='libgtest-dev pkgconf dpkg-dev libqt6opengl6-dev
     xvfb xdotool x11-xkb-utils xclip poppler-utils
     at-spi2-core dbus-daemon gir1.2-atspi-2.0 python3-pyatspi'
 
-elsewhere='a C++20 compiler, CMake 3.25, Ninja, Qt 6.4 (Widgets, Svg, and Sql with SQLite), ICU, GoogleTest, the Liberation fonts, Xvfb, xdotool, setxkbmap, xclip and poppler-utils, and AT-SPI with pyatspi'
+elsewhere='a C++20 compiler, CMake 3.25, Ninja, Qt 6.4 (Widgets, Svg, Sql with SQLite, and the Linguist tools), ICU, GoogleTest, the Liberation fonts, Xvfb, xdotool, setxkbmap, xclip and poppler-utils, and AT-SPI with pyatspi'
 build_folder="$root/build/release"
 
 say() { printf '%s\n' "== $*" >&2; }

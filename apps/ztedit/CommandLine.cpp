@@ -3,6 +3,7 @@
 #include "Schemes.h"
 
 #include "uZtException.h"
+#include "uZtTranslation.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -15,11 +16,13 @@ namespace {
 
 constexpr int MaxSide = 16384;
 
-QString Tr(const char *AText) { return QCoreApplication::translate("CommandLine", AText); }
+struct TTexts {
+    Q_DECLARE_TR_FUNCTIONS(CommandLine)
+};
 
 TCommandAnswer UsageError(const QString &AText)
 {
-    return {Tr("%1 (--help tells how it is used)").arg(AText), ZtUsageTrouble};
+    return {TTexts::tr("%1 (--help tells how it is used)").arg(AText), ZtUsageTrouble};
 }
 
 bool ReadSize(const QString &AText, QSize &ASize)
@@ -54,7 +57,7 @@ std::optional<TCommandAnswer> ReadScheme(const QString &AName, QString &AScheme)
         return std::nullopt;
     }
     if (!QFileInfo::exists(AName))
-        return UsageError(Tr("--scheme wants one of %1, or a file, not \"%2\".")
+        return UsageError(TTexts::tr("--scheme wants one of %1, or a file, not \"%2\".")
                               .arg(names.join(QStringLiteral(", ")), AName));
     try {
         ZtSchemeOf(AName);
@@ -119,7 +122,7 @@ QString TakeQtOptions(QStringList &AArguments, TCommandLine &ALine)
         }
         const bool two = option->Value != TQtOption::None && !AArguments[i].contains(u'=');
         if (two && i + 1 == AArguments.size())
-            return Tr("-%1 wants a value.").arg(QLatin1StringView(option->Name));
+            return TTexts::tr("-%1 wants a value.").arg(QLatin1StringView(option->Name));
         ALine.ChoosesDisplay |= option->Display;
         AArguments.remove(i, two ? 2 : 1);
     }
@@ -128,23 +131,26 @@ QString TakeQtOptions(QStringList &AArguments, TCommandLine &ALine)
 
 // The texts of a database, of which three options make one.
 struct TDbOptions {
-    const QCommandLineOption File{QStringLiteral("db"),
-                                  Tr("Open the texts of an SQLite database, with --table and "
-                                     "--field."),
-                                  QStringLiteral("FILE")};
-    const QCommandLineOption Table{QStringLiteral("table"), Tr("The table or view."),
+    const QCommandLineOption File{
+        QStringLiteral("db"),
+        TTexts::tr("Open the texts of an SQLite database, with --table and "
+                   "--field."),
+        QStringLiteral("FILE")};
+    const QCommandLineOption Table{QStringLiteral("table"), TTexts::tr("The table or view."),
                                    QStringLiteral("T")};
     const QCommandLineOption Field{QStringLiteral("field"),
-                                   Tr("The field to edit, of text or of bytes."),
+                                   TTexts::tr("The field to edit, of text or of bytes."),
                                    QStringLiteral("F")};
-    const QCommandLineOption Key{QStringLiteral("key"),
-                                 Tr("The field that tells the records apart, for a table without "
-                                    "a primary key."),
-                                 QStringLiteral("K")};
-    const QCommandLineOption Sample{QStringLiteral("make-sample"),
-                                    Tr("Make the database FILE by the statements in FILE.sql and "
-                                       "leave."),
-                                    QStringLiteral("FILE")};
+    const QCommandLineOption Key{
+        QStringLiteral("key"),
+        TTexts::tr("The field that tells the records apart, for a table without "
+                   "a primary key."),
+        QStringLiteral("K")};
+    const QCommandLineOption Sample{
+        QStringLiteral("make-sample"),
+        TTexts::tr("Make the database FILE by the statements in FILE.sql and "
+                   "leave."),
+        QStringLiteral("FILE")};
 
     // Answers what is wrong.
     QString Read(const QCommandLineParser &AParser, TCommandLine &ALine) const
@@ -156,59 +162,62 @@ struct TDbOptions {
         const bool all = !place.File.isEmpty() && !place.Table.isEmpty() && !place.Field.isEmpty();
         for (const QCommandLineOption &option : {File, Table, Field, Key})
             if (AParser.isSet(option) && !all)
-                return Tr("--db, --table and --field are wanted together.");
+                return TTexts::tr("--db, --table and --field are wanted together.");
         if (AParser.isSet(Sample) && (all || ALine.SampleToMake.isEmpty()))
-            return Tr("--make-sample wants the name of a database, and no --db.");
+            return TTexts::tr("--make-sample wants the name of a database, and no --db.");
         return {};
     }
 };
 
 // What is shown in the texts.
 struct TTextOptions {
-    const QCommandLineOption Line{QStringLiteral("line"),
-                                  Tr("Put the caret on line N of the first file, in column C."),
-                                  QStringLiteral("N[:C]")};
-    const QCommandLineOption Bookmark{QStringLiteral("bookmark"),
-                                      Tr("Put a bookmark on line N of the first file; may be given "
-                                         "several times."),
-                                      QStringLiteral("N")};
-    const QCommandLineOption Diagnostics{QStringLiteral("diagnostics"),
-                                         Tr("Show what a compiler printed into FILE, in the texts "
-                                            "that it is about."),
-                                         QStringLiteral("FILE")};
+    const QCommandLineOption Line{
+        QStringLiteral("line"),
+        TTexts::tr("Put the caret on line N of the first file, in column C."),
+        QStringLiteral("N[:C]")};
+    const QCommandLineOption Bookmark{
+        QStringLiteral("bookmark"),
+        TTexts::tr("Put a bookmark on line N of the first file; may be given "
+                   "several times."),
+        QStringLiteral("N")};
+    const QCommandLineOption Diagnostics{
+        QStringLiteral("diagnostics"),
+        TTexts::tr("Show what a compiler printed into FILE, in the texts "
+                   "that it is about."),
+        QStringLiteral("FILE")};
 
     // Answers what is wrong.
     QString Read(const QCommandLineParser &AParser, TCommandLine &ALine) const
     {
         if (AParser.isSet(Line) && !ReadPlace(AParser.value(Line), ALine.Line, &ALine.Column))
-            return Tr("--line wants a number from 1 up, or two such as 12:5, not \"%1\".")
+            return TTexts::tr("--line wants a number from 1 up, or two such as 12:5, not \"%1\".")
                 .arg(AParser.value(Line));
         for (const QString &bookmark : AParser.values(Bookmark)) {
             int line = 0;
             if (!ReadPlace(bookmark, line))
-                return Tr("--bookmark wants a number from 1 up, not \"%1\".").arg(bookmark);
+                return TTexts::tr("--bookmark wants a number from 1 up, not \"%1\".").arg(bookmark);
             ALine.Bookmarks.append(line);
         }
         ALine.Diagnostics = AParser.value(Diagnostics);
         if (AParser.isSet(Diagnostics) && ALine.Diagnostics.isEmpty())
-            return Tr("--diagnostics wants the name of a file.");
+            return TTexts::tr("--diagnostics wants the name of a file.");
         return {};
     }
 };
 
 // What is written instead of showing a window, one of them at most.
 struct TOutputOptions {
-    const QCommandLineOption Render{QStringLiteral("render"),
-                                    Tr("Draw the window into the picture OUT.png and leave."),
-                                    QStringLiteral("OUT.png")};
+    const QCommandLineOption Render{
+        QStringLiteral("render"), TTexts::tr("Draw the window into the picture OUT.png and leave."),
+        QStringLiteral("OUT.png")};
     const QCommandLineOption Print{QStringLiteral("print"),
-                                   Tr("Print FILE into OUT.pdf and leave."),
+                                   TTexts::tr("Print FILE into OUT.pdf and leave."),
                                    QStringLiteral("OUT.pdf")};
-    const QCommandLineOption Html{QStringLiteral("html"),
-                                  Tr("Write FILE with its colours into OUT.html and leave."),
-                                  QStringLiteral("OUT.html")};
+    const QCommandLineOption Html{
+        QStringLiteral("html"), TTexts::tr("Write FILE with its colours into OUT.html and leave."),
+        QStringLiteral("OUT.html")};
     const QCommandLineOption Tokens{QStringLiteral("tokens"),
-                                    Tr("Print the tokens of FILE, one a line, and leave.")};
+                                    TTexts::tr("Print the tokens of FILE, one a line, and leave.")};
 
     // Answers what is wrong.
     QString Read(const QCommandLineParser &AParser, TCommandLine &ALine) const
@@ -223,25 +232,30 @@ struct TOutputOptions {
             given += int(AParser.isSet(option));
             if (AParser.isSet(option) && !option.valueName().isEmpty() &&
                 AParser.value(option).isEmpty())
-                return Tr("--%1 wants the name of a file to write.").arg(name);
+                return TTexts::tr("--%1 wants the name of a file to write.").arg(name);
             const bool one = ALine.Files.size() == 1 && ALine.Database.File.isEmpty();
             if (AParser.isSet(option) && name != Render.names().constFirst() && !one)
-                return Tr("--%1 wants one file, and no --db.").arg(name);
+                return TTexts::tr("--%1 wants one file, and no --db.").arg(name);
         }
         if (given > 1)
-            return Tr("Only one of --render, --print, --html and --tokens can be given.");
+            return TTexts::tr("Only one of --render, --print, --html and --tokens can be given.");
         return {};
     }
 };
 
 // How the window looks.
 struct TViewOptions {
-    const QCommandLineOption Size{QStringLiteral("size"), Tr("The window's size in pixels."),
-                                  QStringLiteral("WxH")};
-    const QCommandLineOption Scheme{
-        QStringLiteral("scheme"),
-        Tr("The colours: %1, or a JSON file.").arg(ZtSchemeNames().join(QStringLiteral(", "))),
-        QStringLiteral("NAME")};
+    const QCommandLineOption Size{
+        QStringLiteral("size"), TTexts::tr("The window's size in pixels."), QStringLiteral("WxH")};
+    const QCommandLineOption Scheme{QStringLiteral("scheme"),
+                                    TTexts::tr("The colours: %1, or a JSON file.")
+                                        .arg(ZtSchemeNames().join(QStringLiteral(", "))),
+                                    QStringLiteral("NAME")};
+    const QCommandLineOption Language{
+        QStringLiteral("language"),
+        TTexts::tr("The language of the texts: %1. Without it, it is the desktop's.")
+            .arg(ZtTranslatedLanguages().join(QStringLiteral(", "))),
+        QStringLiteral("XX")};
     QCommandLineOption Plain{QStringLiteral("plain-control")};
 
     TViewOptions() { Plain.setFlags(QCommandLineOption::HiddenFromHelp); }
@@ -249,11 +263,17 @@ struct TViewOptions {
     std::optional<TCommandAnswer> Read(const QCommandLineParser &AParser, TCommandLine &ALine) const
     {
         ALine.PlainControl = AParser.isSet(Plain);
+        ALine.Language = AParser.value(Language);
+        const QStringList languages = ZtTranslatedLanguages();
+        if (AParser.isSet(Language) && !languages.contains(ALine.Language))
+            return UsageError(TTexts::tr("--language wants one of %1, not \"%2\".")
+                                  .arg(languages.join(QStringLiteral(", ")), ALine.Language));
         if (AParser.isSet(Size) && !ReadSize(AParser.value(Size), ALine.Size))
-            return UsageError(Tr("--size wants a width and a height from 1 to %1, such as 900x640, "
-                                 "not \"%2\".")
-                                  .arg(MaxSide)
-                                  .arg(AParser.value(Size)));
+            return UsageError(
+                TTexts::tr("--size wants a width and a height from 1 to %1, such as 900x640, "
+                           "not \"%2\".")
+                    .arg(MaxSide)
+                    .arg(AParser.value(Size)));
         return AParser.isSet(Scheme) ? ReadScheme(AParser.value(Scheme), ALine.Scheme)
                                      : std::nullopt;
     }
@@ -261,26 +281,37 @@ struct TViewOptions {
 
 } // namespace
 
+QString ZtLanguageAskedFor(const QStringList &AArguments)
+{
+    const QCommandLineOption language(QStringLiteral("language"), {}, QStringLiteral("XX"));
+    QCommandLineParser parser;
+    parser.addOption(language);
+    parser.parse(AArguments); // all others are unknown to it
+    const QString value = parser.value(language);
+    return ZtTranslatedLanguages().contains(value) ? value : QString();
+}
+
 std::optional<TCommandAnswer> ZtReadCommandLine(const QStringList &AArguments, TCommandLine &ALine)
 {
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
-                                  Tr("Show this help and leave."));
+                                  TTexts::tr("Show this help and leave."));
     const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
-                                     Tr("Show the version and leave."));
+                                     TTexts::tr("Show the version and leave."));
     const TOutputOptions output;
     const TTextOptions text;
     const TViewOptions view;
     const TDbOptions database;
     QCommandLineParser parser;
-    parser.setApplicationDescription(
-        Tr("Edits source code. Without a display, and with --render, the window is drawn into a "
-           "picture instead. The options of every Qt application are known too, such as -style, "
-           "-platform and -reverse."));
+    parser.setApplicationDescription(TTexts::tr(
+        "Edits source code. Without a display, and with --render, the window is drawn into a "
+        "picture instead. The options of every Qt application are known too, such as -style, "
+        "-platform and -reverse."));
     parser.addOptions({help, version, output.Render, output.Print, output.Html, output.Tokens,
                        text.Line, text.Bookmark, text.Diagnostics, view.Size, view.Scheme,
-                       view.Plain, database.File, database.Table, database.Field, database.Key,
-                       database.Sample});
-    parser.addPositionalArgument(QStringLiteral("FILE"), Tr("The files to open, a tab each."),
+                       view.Language, view.Plain, database.File, database.Table, database.Field,
+                       database.Key, database.Sample});
+    parser.addPositionalArgument(QStringLiteral("FILE"),
+                                 TTexts::tr("The files to open, a tab each."),
                                  QStringLiteral("[FILE...]"));
     QStringList arguments = AArguments;
     if (const QString fault = TakeQtOptions(arguments, ALine); !fault.isEmpty())

@@ -32,6 +32,8 @@ struct TCommandLine {
     bool ChoosesDisplay = false;
     /// The scheme of colours, as `ZtSchemeOf` takes it; empty for none given.
     QString Scheme;
+    /// The language of the texts, as `ZtTranslatedLanguages` names it; empty for none given.
+    QString Language;
     /// Whether the editors do without corrections, to compare.
     bool PlainControl = false;
     /// The caret's line and column, counted from 1, columns in UTF-16 units; 0 for none given.
@@ -51,6 +53,10 @@ struct TCommandAnswer {
 
 inline constexpr int ZtFileTrouble = 1;
 inline constexpr int ZtUsageTrouble = 2;
+
+/// The language that the arguments ask for, as it is there; empty for none. For the texts with
+/// which the arguments themselves are answered.
+QString ZtLanguageAskedFor(const QStringList &AArguments);
 
 /// Reads the arguments, of which the first is the program's name. The options that every Qt
 /// application has are left to Qt.

@@ -96,7 +96,7 @@ QWidget *TDbDocument::CreateToolBar()
         {QT_TR_NOOP("&Next"), "go-next", &TDoc::Next, HasBehind},
         {QT_TR_NOOP("&Last"), "go-last", &TDoc::Last, HasBehind},
         {},
-        {QT_TR_NOOP("&Insert…"), "list-add", &TDoc::InsertWithFields, CanInsert},
+        {QT_TR_NOOP("In&sert…"), "list-add", &TDoc::InsertWithFields, CanInsert},
         {QT_TR_NOOP("&Delete…"), "list-remove", &TDoc::Delete, HasRecord},
         {QT_TR_NOOP("&Fields…"), "document-properties", &TDoc::EditFields, HasAny},
         {},

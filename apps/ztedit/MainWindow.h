@@ -2,7 +2,6 @@
 
 #include "CompilerOutput.h"
 
-#include "uZtCodeEdit.h"
 #include "uZtExtras.h"
 
 #include <QMainWindow>
@@ -22,6 +21,7 @@ class TDbDocument;
 class TDocument;
 class TStatusTexts;
 class TViewMenu;
+enum class TZtSearchAgain : quint8;
 
 /// The window: a tab for each document, the menus and the status bar.
 class TMainWindow : public QMainWindow {

@@ -32,6 +32,16 @@ bool HasSelection(const TZtCodeEdit &AEditor)
     return start.x() != -1 && end.x() != -1 && start != end;
 }
 
+// The keys behind a tab are called what Qt calls those of the other commands.
+QString WithKeyNames(const QString &AText)
+{
+    const qsizetype tab = AText.indexOf(u'\t');
+    if (tab < 0)
+        return AText;
+    const auto keys = QKeySequence::fromString(AText.sliced(tab + 1), QKeySequence::PortableText);
+    return AText.first(tab + 1) + keys.toString(QKeySequence::NativeText);
+}
+
 // What a command asks for so that it can be chosen: nothing, a document, or one whose editor has
 // these extras.
 using TNeeds = std::optional<TZtExtras>;
@@ -159,7 +169,7 @@ QMenu *TMainWindow::CreateMenu(const QString &ATitle, std::span<const TCommand> 
             menu->addSeparator();
             continue;
         }
-        QAction *action = menu->addAction(tr(command.Text));
+        QAction *action = menu->addAction(WithKeyNames(tr(command.Text)));
         if (command.Icon)
             action->setIcon(ZtIcon(command.Icon));
         if (command.Shortcut)

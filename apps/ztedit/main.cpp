@@ -7,6 +7,7 @@
 #include "MainWindow.h"
 #include "PrintFlow.h"
 #include "Tokens.h"
+#include "UiLanguage.h"
 #include "ViewMenu.h"
 
 #include "uZtException.h"
@@ -230,6 +231,7 @@ int main(int argc, char *argv[])
     {
         // Without a display, which --help and --tokens must not need.
         const QCoreApplication application(argc, argv);
+        ZtUseLanguage(ZtLanguageAskedFor(QCoreApplication::arguments()));
         if (const auto answer = ZtReadCommandLine(QCoreApplication::arguments(), line)) {
             if (answer->ExitCode != 0)
                 return Fail(answer->Text, answer->ExitCode);
@@ -246,6 +248,8 @@ int main(int argc, char *argv[])
         qputenv("QT_QPA_PLATFORM", "offscreen");
     OuterHandler = qInstallMessageHandler(HandleMessage);
     const QApplication application(argc, argv);
+    // A picture is the same on every machine.
+    ZtUseLanguage(line.Language.isEmpty() && offScreen ? QStringLiteral("en") : line.Language);
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Zt Code Editor"));
     try {
         return Run(line, offScreen);

@@ -334,24 +334,24 @@ int TFrmCodeEditSearchReplaceDlg::Scaled(int APixels) const
 // Places all controls; what is anchored to the right and the bottom follows the form's size.
 void TFrmCodeEditSearchReplaceDlg::Arrange()
 {
-    constexpr int editWidth = 285, editHeight = 21, groupWidth = GroupWidth, right = 196, row = 21;
+    constexpr int editWidth = 285, editHeight = 21, right = 196, row = 21;
     const int dx = width() - Scaled(FormWidth);
     pcMain->setGeometry(Scaled(8), Scaled(8), width() - Scaled(18), height() - Scaled(45));
     const std::vector<TPlace> places = {
-        {lblTextToFind, 8, 11, 78, 13},
+        {lblTextToFind, 8, 11, LabelWidth, 13},
         {edtSearchTextToFind, 88, 8, editWidth, editHeight},
-        {gbSearchOptions, 8, 36, groupWidth, 65},
-        {rgSearchDirection, right, 36, groupWidth, 65},
-        {rgSearchScope, 8, 108, groupWidth, 65},
-        {rgSearchOrigin, right, 108, groupWidth, 65},
-        {Label1, 8, 11, 78, 13},
-        {lblReplaceWith, 8, 35, 78, 13},
+        {gbSearchOptions, 8, 36, GroupWidth, 65},
+        {rgSearchDirection, right, 36, GroupWidth, 65},
+        {rgSearchScope, 8, 108, GroupWidth, 65},
+        {rgSearchOrigin, right, 108, GroupWidth, 65},
+        {Label1, 8, 11, LabelWidth, 13},
+        {lblReplaceWith, 8, 35, LabelWidth, 13},
         {edtReplaceTextToFind, 88, 8, editWidth, editHeight},
         {edtReplaceWith, 88, 32, editWidth, editHeight},
-        {gbReplaceOptions, 8, 60, groupWidth, 89},
-        {rgReplaceDirection, right, 60, groupWidth, 89},
-        {rgReplaceScope, 8, 156, groupWidth, 65},
-        {rgReplaceOrigin, right, 156, groupWidth, 65},
+        {gbReplaceOptions, 8, 60, GroupWidth, 89},
+        {rgReplaceDirection, right, 60, GroupWidth, 89},
+        {rgReplaceScope, 8, 156, GroupWidth, 65},
+        {rgReplaceOrigin, right, 156, GroupWidth, 65},
     };
     const int half = FGrowth.Form / 2;
     for (const TPlace &place : places) {
@@ -367,7 +367,7 @@ void TFrmCodeEditSearchReplaceDlg::Arrange()
         place.Control->setGeometry(rect);
         int top = 21;
         for (auto *button : place.Control->findChildren<QAbstractButton *>()) {
-            button->setGeometry(Scaled(Margin), Scaled(top), Scaled(groupWidth - 2 * Margin) + half,
+            button->setGeometry(Scaled(Margin), Scaled(top), Scaled(GroupWidth - 2 * Margin) + half,
                                 Scaled(row - 1));
             top += row;
         }

@@ -32,6 +32,7 @@ fi
 folder=$(mktemp -d)
 export XDG_STATE_HOME="$folder/state" XDG_CONFIG_HOME="$folder/config" # not the user's own
 export XDG_RUNTIME_DIR="$folder/run"
+export LC_ALL=C.UTF-8 LANGUAGE= # things are found by their English names
 mkdir -m 700 "$XDG_RUNTIME_DIR"
 server=
 editor=

@@ -17,6 +17,7 @@ needs() {
 
 needs Xvfb xdotool
 folder=$(mktemp -d)
+export LC_ALL=C.UTF-8 LANGUAGE= # windows are found by their English titles
 export XDG_STATE_HOME="$folder/state" XDG_CONFIG_HOME="$folder/config" # not the user's own
 server=
 editor=

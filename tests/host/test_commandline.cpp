@@ -1,18 +1,23 @@
 #include "CommandLine.h"
 #include "session.h"
 
+#include "uZtTranslation.h"
+
 #include <QProcess>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-// The exit code, output and errors of ztedit where there is neither a display nor a way to draw.
-QString RunZtedit(const QString &AArguments)
+// The exit code, output and errors of ztedit where there is neither a display nor a way to draw,
+// for a user of that language.
+QString RunZtedit(const QString &AArguments, const QString &ALanguage = {})
 {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(u"QT_QPA_PLATFORM"_s, u"none"_s);
+    environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
+    environment.insert(u"LANGUAGE"_s, ALanguage);
     process.setProcessEnvironment(environment);
     process.start(QStringLiteral(ZT_ZTEDIT), AArguments.split(u' ', Qt::SkipEmptyParts));
     EXPECT_TRUE(process.waitForFinished() && process.exitStatus() == QProcess::NormalExit);
@@ -101,4 +106,28 @@ TEST(CommandLine, TokensAndSamplesAreMadeOrAnError)
     EXPECT_EQ(session.Do(u"names"_s), u"a.BAS,a.js,a.txt,b,b.sql,c.sql@,c@,e.sql,o.html,o.pdf"_s);
     QFile html(session.Path(u"o.html"_s));
     EXPECT_TRUE(html.open(QIODevice::ReadOnly) && html.readAll().contains("<title>a.js</title>"));
+}
+
+TEST(CommandLine, AnswersInTheUsersLanguage)
+{
+    if (ZtTranslatedLanguages().size() == 1)
+        GTEST_SKIP() << "there is English alone";
+    const struct {
+        const char *Language, *Arguments, *Holds;
+    } rows[] = {
+        {"fr:de", "--bookmark 0", "à partir de 1"},
+        {"sv:de_AT", "--bookmark 0", "ab 1"},
+        {"en_GB:de", "--bookmark 0", "from 1"},
+        {"sv", "--bookmark 0", "from 1"},
+        {"fr", "--language nl --bookmark 0", "vanaf 1"},
+        {"fr", "--bookmark 0 --language=en", "from 1"},
+        {"de", "--language xx", "de, en, es, fr, nl, nicht „xx“"},
+        {"es", "--help", "Mostrar esta ayuda y salir"},
+    };
+    for (const auto &row : rows) {
+        const QString run =
+            RunZtedit(QString::fromUtf8(row.Arguments), QString::fromUtf8(row.Language));
+        EXPECT_TRUE(run.contains(QString::fromUtf8(row.Holds)))
+            << row.Arguments << run.toStdString();
+    }
 }
