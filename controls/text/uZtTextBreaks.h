@@ -1,5 +1,6 @@
 #pragma once
 
+#include "uZtExport.h"
 #include "uZtStringStream.h"
 
 class TStringList;
@@ -8,7 +9,7 @@ class TStringList;
 ///
 /// The text that was taken is given back to the last break as long as the lines are those that it
 /// was taken apart into. Other lines end as most of its lines did, the last one only if it did.
-class TZtTextBreaks {
+class ZT_EDITOR_EXPORT TZtTextBreaks {
 public:
     /// `AUsual` ends the lines where a text without breaks was taken, or none.
     explicit TZtTextBreaks(TZtLineEnding AUsual = TZtLineEnding::leLf) : FUsual(AUsual)

@@ -47,7 +47,7 @@ ZT_PARSERS_EXPORT QString ZtLineEndingName(TZtLineEnding ALineEnding);
 
 /// Sets what is to be known of a text's line endings: which is the most frequent one, whether there
 /// are others, and whether one stands at the end. Answers how many there are.
-qsizetype ZtFindLineEndings(TZtTextFormat &AFormat, QStringView AText);
+ZT_PARSERS_EXPORT qsizetype ZtFindLineEndings(TZtTextFormat &AFormat, QStringView AText);
 
 /// The bytes of a file. Raises `EStreamError`, with the file and the reason in the message, for a
 /// file that is missing, not readable, not a regular file or larger than the memory that is left.
