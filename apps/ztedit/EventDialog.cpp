@@ -57,10 +57,12 @@ QListWidget *TEventDialog::AddList(const QString &ATitle, int AColumn)
 
 void TEventDialog::CreateButtons()
 {
-    auto *box = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
+    auto *box = new QDialogButtonBox(this);
     FAtCaret = box->addButton(tr("Insert at the &caret"), QDialogButtonBox::ActionRole);
     FAtEnd = box->addButton(tr("Insert at the e&nd"), QDialogButtonBox::ActionRole);
     FGoTo = box->addButton(tr("&Go to the method"), QDialogButtonBox::ActionRole);
+    // Last, as it stands: made before the others, it would never be reached with Tab.
+    box->addButton(QDialogButtonBox::Cancel);
     FGoTo->setAutoDefault(false);
     FAtEnd->setDefault(true);
     connect(FAtCaret, &QPushButton::clicked, this,
