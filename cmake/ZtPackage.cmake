@@ -5,6 +5,13 @@ include(GNUInstallDirs)
 
 set(zt_include_folder ${CMAKE_INSTALL_INCLUDEDIR}/ZtCodeEditor)
 set(zt_package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/ZtCodeEditor)
+# Before 1.0 each minor version may change what a host sees.
+set(zt_soversion ${PROJECT_VERSION_MAJOR})
+set(zt_compatibility SameMajorVersion)
+if(PROJECT_VERSION_MAJOR EQUAL 0)
+  set(zt_soversion 0.${PROJECT_VERSION_MINOR})
+  set(zt_compatibility SameMinorVersion)
+endif()
 
 # zt_part(NAME OUTPUT file LAYERS ... LINK ... PRIVATE ... DESCRIPTION ...): the library
 # ZtCodeEditor::NAME, made of the layers' objects. LINK names parts and Qt's libraries that a host
@@ -37,7 +44,7 @@ function(zt_part name)
     EXPORT_NAME ${name}
     LINKER_LANGUAGE CXX
     OUTPUT_NAME ${arg_OUTPUT}
-    SOVERSION ${PROJECT_VERSION_MAJOR}
+    SOVERSION ${zt_soversion}
     VERSION ${PROJECT_VERSION}
     ZT_DESCRIPTION "${arg_DESCRIPTION}")
   # Where the system does not look, the libraries find each other by their own place.
@@ -73,15 +80,19 @@ function(zt_install)
       DESTINATION ${zt_package_folder} COMPONENT development)
   endforeach()
   zt_install_pc(Parsers "Qt6Core >= 6.4" "")
-  zt_install_pc(Editor "ztcodeeditor-parsers = ${PROJECT_VERSION}, Qt6Widgets >= 6.4" "icu-uc")
+  # A shared library has what it needs itself; pkg-config would look for it all the same.
+  set(private "")
+  if(NOT BUILD_SHARED_LIBS)
+    set(private "icu-uc")
+  endif()
+  zt_install_pc(Editor "ztcodeeditor-parsers = ${PROJECT_VERSION}, Qt6Widgets >= 6.4" "${private}")
   zt_install_pc(DbEditor "ztcodeeditor = ${PROJECT_VERSION}, Qt6Sql >= 6.4" "")
 
   configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/ZtCodeEditorConfig.cmake.in
     ${PROJECT_BINARY_DIR}/package/ZtCodeEditorConfig.cmake
     INSTALL_DESTINATION ${zt_package_folder} NO_SET_AND_CHECK_MACRO)
-  # Before 1.0 each minor version may change what a host sees.
   write_basic_package_version_file(${PROJECT_BINARY_DIR}/package/ZtCodeEditorConfigVersion.cmake
-    COMPATIBILITY SameMinorVersion)
+    COMPATIBILITY ${zt_compatibility})
   install(FILES
     ${PROJECT_BINARY_DIR}/package/ZtCodeEditorConfig.cmake
     ${PROJECT_BINARY_DIR}/package/ZtCodeEditorConfigVersion.cmake
