@@ -154,6 +154,7 @@ public:
     void SetRightMarginColor(TColor Value);
     /// What `ZtToColor` makes a colour of: for forms and style sheets. Ignores all else.
     void SetRightMarginColor(const QVariant &Value);
+    /// Gutter, margin and where the caret may stand. A setter lays out and paints anew.
     TZtCodeOptions GetOptions() const { return FOptions; }
     Q_SLOT void SetOptions(TZtCodeOptions Value);
     bool GetShowGuttor() const { return FOptions.testFlag(TZtCodeOption::coShowGuttor); }
@@ -164,6 +165,7 @@ public:
     /// Turns the margin on; without `zcSwitches` also with false: it is taken away through
     /// `Options` alone then.
     Q_SLOT void SetShowRightMargin(bool Value);
+    /// Whether users cannot change the text; without `zcReadOnly` Backspace and undo still do.
     virtual bool GetReadOnly() const { return FReadOnly; }
     Q_SLOT virtual void SetReadOnly(bool Value);
     int GetTabIndentSize() const { return FTabIndentSize; }
@@ -205,8 +207,8 @@ public:
     void SetLineWidth(int Value);
     /// Lays out the two scroll bars and sets their ranges.
     void PositionScollBars();
-    TScrollBar *GetHScrollBar() const { return FHScrollBar; }
-    TScrollBar *GetVScrollBar() const { return FVScrollBar; }
+    TScrollBar *GetHScrollBar() const { return FHScrollBar; } ///< at the first cell in sight
+    TScrollBar *GetVScrollBar() const { return FVScrollBar; } ///< at the first line in sight
     /// Lines that a notch of the wheel scrolls.
     int GetScollLines() const { return FScollLines; }
     /// Whether the line starts a block that can be folded. Always false, `Collapsed` untouched.
@@ -214,10 +216,13 @@ public:
 
     /// The text is about to change; ignored while painting.
     virtual void LinesChanged(QObject *Sender);
+    /// The text has changed: fits the scroll bars and tells who is connected. Ignored while
+    /// painting.
     void CodeChange(QObject *Sender);
     /// An operation is about to change the text: fires `OnChange`, unless `zcEvents` does that
     /// later.
     virtual void Changed();
+    /// A bar has moved: the caret's mark and the picture follow.
     void ScrollChange(QObject *Sender);
 
     void Loaded() override;
@@ -240,18 +245,19 @@ public:
     /// `zcCells` and `zcStates` bring `zcPicture` with them. Switching `zcUndo` or `zcEvents` on or
     /// off forgets what could be undone.
     Q_SLOT void SetCorrections(TZtCorrections Value);
+    /// One of `Corrections`.
     bool IsCorrected(TZtCorrection ACorrection) const { return FCorrections.testFlag(ACorrection); }
     /// Takes the last change back; nothing happens when there is none.
     virtual void Undo();
     /// With `zcUndo`: makes the change again that was taken back last.
     virtual void Redo();
-    bool GetCanRedo() const;
+    bool GetCanRedo() const; ///< whether `Redo` has something to do; never without `zcUndo`
     /// Forgets what could be undone and redone.
     void ClearUndo();
     /// Between these, with `zcUndo`, all changes are one step of undo and, with `zcEvents`, of
     /// `OnChange`.
     void BeginUpdate();
-    void EndUpdate();
+    void EndUpdate(); ///< nothing happens without a `BeginUpdate`
     qint64 GetUndoBytes() const { return FUndoBytes; }
     /// With `zcUndo`: what the undo may take in memory, in bytes. The oldest steps go first.
     Q_SLOT void SetUndoBytes(qint64 Value);
@@ -363,6 +369,7 @@ public:
     Q_SLOT void SetLinePos(int Value) final;
     /// Puts the caret's mark where the caret is, or hides it outside the text area.
     void ResetCaret();
+    /// The mark that blinks; of a class that only the library knows.
     TZtCaret *GetCaret() const { return FCaret; }
     void CMEnter() override;
     void CMExit() override;
@@ -415,6 +422,8 @@ public:
     void WMChar(TZtMessage &Message) override;
     /// Inserts `aTxt` at the start of the last line.
     virtual void AddCode(const QString &aTxt);
+    /// Moves the caret to a place (0-based) and inserts `ATxt` there, as `InsertText` does with
+    /// `ctPaste`.
     void InsertCode(int ALinePos, int ACharPos, const QString &ATxt);
     /// All lines, CR LF after each; with `zcText` with the line breaks of the text that was set.
     QString GetText() const;
@@ -424,19 +433,24 @@ public:
     /// Replaces the text by a file's, whose encoding is found out. Raises `EStreamError` when it
     /// cannot be read; the text is left then, the caret and the view are at the start already.
     virtual void LoadFromFile(const QString &aFileName);
+    /// What `Undo` takes back without `zcUndo`; with it nothing is recorded here.
     TZtUndoList *GetUndoList() const { return FUndoList.get(); }
     void RunToEnd(const std::function<void()> &AStep) final;
 
     // === uZtCodeEditSelection.cpp: selection and clipboard
     // ========================================
 
+    /// The end of the selection that follows the caret; an X of -1: there is none. A setter checks
+    /// nothing and fires no event.
     QPoint GetSelStart() const final { return FSelStart; }
     void SetSelStart(const QPoint &P) final;
+    /// The selection's anchor; an X of -1: there is no selection. May stand before the other end.
     QPoint GetSelEnd() const final { return FSelEnd; }
     void SetSelEnd(const QPoint &P) final;
     /// Moves the selection's end to the caret, and its anchor too unless Shift is down or a drag
     /// goes on; with `ACollapse` Shift does not count.
     void SetSelection(bool ACollapse);
+    /// Nothing is selected any more. The caret stays.
     virtual void ClearSelection();
     /// Whether a deletion would remove a selected text.
     bool SelectionGiven() const;
@@ -444,6 +458,7 @@ public:
     TZtTextPiece GetPiece(const QPoint &AFrom, const QPoint &ATo) const;
     /// Whether text that is dropped, or of the primary selection, can be put in.
     virtual bool MayTakeText() const { return !GetReadOnly(); }
+    /// Nothing is selected any more, and the caret goes to the start of the text.
     void InitSelectionAndPosition();
     /// The selected text; empty without a selection. A selection that ends below the text appends
     /// an empty line.
@@ -451,16 +466,17 @@ public:
     /// More than 0 when there is a selection. Line breaks are not counted, and in one line it
     /// counts from the selection's start to the line's end.
     int SelLength();
-    bool GetCanPaste() const;
+    bool GetCanPaste() const; ///< whether the clipboard has text; asks the desktop, and is not told
+    /// Whether `Undo` has something to do, also while the editor is read-only.
     bool GetCanUndo() const;
     /// Selects the word at the caret.
     void WMSselectWord(TZtMessage &Message);
-    void WMCut(TZtMessage &Message);
-    void WMCopy(TZtMessage &Message);
-    void WMPaste(TZtMessage &Message);
-    void WMUndo(TZtMessage &Message);
-    void WMRedo(TZtMessage &Message);
-    void WMExtra(TZtMessage &Message);
+    void WMCut(TZtMessage &Message);   ///< message 768: moves the selected text to the clipboard
+    void WMCopy(TZtMessage &Message);  ///< message 769
+    void WMPaste(TZtMessage &Message); ///< message 770: replaces the selection
+    void WMUndo(TZtMessage &Message);  ///< message 772: `Undo`
+    void WMRedo(TZtMessage &Message);  ///< message 1028: `Redo`
+    void WMExtra(TZtMessage &Message); ///< message 1029: runs the `TZtExtraCommand` in `WParam`
 
     bool Dispatch(TZtMessage &Message) override;
 
@@ -509,42 +525,43 @@ public:
 public Q_SLOTS:
     // What the messages of these names do, at once; the two forms open when the event loop comes
     // round. What is raised goes to `ZtHandleException`.
-    void undo();
-    void redo();
-    void cut();
-    void copy();
-    void paste();
-    void find();
-    void replace();
+    void undo();    ///< see `Undo`
+    void redo();    ///< see `Redo`
+    void cut();     ///< moves the selected text to the clipboard
+    void copy();    ///< copies the selected text, with `zeRichCopy` also its colours
+    void paste();   ///< the clipboard's text replaces the selection
+    void find();    ///< opens the search form
+    void replace(); ///< opens the search form for replacing
     /// Repeats the search downwards, without replacing.
     void findNext();
     /// Repeats the search upwards, without replacing.
     void findPrevious();
-    void selectAll();
+    void selectAll(); ///< the caret goes to the end of the text
     /// Removes the selected text, as the Delete key does; nothing without a selection.
     void deleteSelection();
     /// Removes the text, whether or not the editor is read-only, and forgets what could be undone.
     void clear();
 
 Q_SIGNALS:
+    /// Emitted with `OnChange` where `zcEvents` is on, else after each change of the lines.
     void textChanged();
-    void cursorPositionChanged();
+    void cursorPositionChanged(); ///< emitted with `OnCursorChange`
     /// The lexer is of another language now.
     void languageChanged();
     // Each of these is emitted at the end of an operation, when the value is other than it was told
     // last.
-    void modificationChanged(bool AModified);
-    void readOnlyChanged(bool AReadOnly);
-    void selectionChanged();
-    void undoAvailable(bool AAvailable);
-    void redoAvailable(bool AAvailable);
+    void modificationChanged(bool AModified); ///< what `Modified` is now
+    void readOnlyChanged(bool AReadOnly);     ///< what `ReadOnly` is now
+    void selectionChanged();                  ///< one of its ends is another one
+    void undoAvailable(bool AAvailable);      ///< what `CanUndo` is now
+    void redoAvailable(bool AAvailable);      ///< what `CanRedo` is now
     /// Whether there is a selected text.
     void copyAvailable(bool AAvailable);
-    void schemeChanged();
-    void zoomChanged(int AZoom);
-    void optionsChanged(TZtCodeOptions AOptions);
-    void correctionsChanged(TZtCorrections ACorrections);
-    void extrasChanged(TZtExtras AExtras);
+    void schemeChanged();                                 ///< another scheme
+    void zoomChanged(int AZoom);                          ///< what `Zoom` is now, in per cent
+    void optionsChanged(TZtCodeOptions AOptions);         ///< what `Options` is now
+    void correctionsChanged(TZtCorrections ACorrections); ///< what `Corrections` is now
+    void extrasChanged(TZtExtras AExtras);                ///< what `Extras` is now
 
 protected:
     bool event(QEvent *AEvent) override;

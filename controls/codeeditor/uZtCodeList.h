@@ -12,6 +12,6 @@ class ZT_EDITOR_EXPORT TZtCodeList : public QObject {
 
 public:
     using QObject::QObject;
-    QString GetStrings(int) const { return {}; }
-    void SetStrings(int, const QString &) {}
+    QString GetStrings(int) const { return {}; } ///< always empty
+    void SetStrings(int, const QString &) {}     ///< does nothing
 };

@@ -13,14 +13,16 @@
 namespace ZtCodeOptions {
 Q_NAMESPACE_EXPORT(ZT_EDITOR_EXPORT)
 
+/// The frame that the editor draws while `Ctl3D` is off: none, or a line of one pixel.
 enum class TBorderStyle : quint8 { bsNone, bsSingle };
 Q_ENUM_NS(TBorderStyle)
 
+/// What `TZtCodeEdit::Options` switches.
 enum class TZtCodeOption : quint8 {
-    coCanCollapse = 1,
-    coShowGuttor = 2,
-    coShowRightMargin = 4,
-    coVirtualSpace = 8, ///< with `zcCaret`: the caret may stand right of its line's end
+    coCanCollapse = 1,     ///< kept, and without an effect
+    coShowGuttor = 2,      ///< the strip left of the text
+    coShowRightMargin = 4, ///< the line at the column `RightMargin`
+    coVirtualSpace = 8,    ///< with `zcCaret`: the caret may stand right of its line's end
 };
 Q_ENUM_NS(TZtCodeOption)
 Q_DECLARE_FLAGS(TZtCodeOptions, TZtCodeOption)

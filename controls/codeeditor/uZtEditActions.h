@@ -11,6 +11,7 @@
 
 class QAction;
 
+/// The commands, in the order in which a menu has them. `eaGoToLine` asks for a line's number.
 enum class TZtEditAction : quint8 {
     eaUndo,
     eaRedo,
@@ -37,11 +38,13 @@ class ZT_EDITOR_EXPORT TZtEditActions : public QObject {
     Q_OBJECT
 
 public:
+    /// `AEdit` may be null, and may go first. `AOwner` is the parent, which deletes the actions.
     explicit TZtEditActions(TZtCodeEdit *AEdit = nullptr, QObject *AOwner = nullptr);
 
     TZtCodeEdit *GetEdit() const { return FEdit; }
     /// The editor that the actions are about from now on; null disables them.
     void SetEdit(TZtCodeEdit *Value);
+    /// Never null; it is this object's child.
     QAction *GetAction(TZtEditAction AAction) const { return FActions[size_t(AAction)]; }
     /// Those from the first to the last, in the order of `TZtEditAction`.
     QList<QAction *> GetActions(TZtEditAction AFirst = TZtEditAction::eaUndo,

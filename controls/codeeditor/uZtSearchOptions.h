@@ -9,24 +9,26 @@
 
 class TStringList;
 
+/// Where a search begins: at the caret, or at that end of the scope from which it runs.
 enum class TZtSearchOrigin : quint8 { SearchFromCursor, SearchEntireScope };
 
 /// What is looked for, where, and what is done with it. Lines and positions are 0-based.
 struct ZT_EDITOR_EXPORT TZtSearchReplaceOptions {
-    QString SearchString;
-    bool CaseSensitive = false;
-    bool WholeWordsOnly = false;
-    bool SearchForward = false; ///< towards the end of the text
+    QString SearchString;        ///< within a line; an empty one is found nowhere
+    bool CaseSensitive = false;  ///< else letters are compared by Unicode's simple case folding
+    bool WholeWordsOnly = false; ///< only where no letter or digit stands beside the match
+    bool SearchForward = false;  ///< towards the end of the text
+    /// `SearchFromCursor` after each step.
     TZtSearchOrigin Origin = TZtSearchOrigin::SearchFromCursor;
-    int StartLine = 0; ///< the scope, from here
-    int StartPos = 0;
-    int EndLine = 0; ///< to here
-    int EndPos = 0;
+    int StartLine = 0;      ///< the scope, from here
+    int StartPos = 0;       ///< 0-based, in UTF-16 units
+    int EndLine = 0;        ///< to here
+    int EndPos = 0;         ///< behind the last character
     TZtSearchFlags Options; ///< what the search is run with; follows from the three flags above
-    bool Replace = false;
-    QString ReplaceWith;
-    bool PromptOnReplace = false;
-    bool ReplaceAll = false; ///< goes on after each replacement
+    bool Replace = false;   ///< replaces what is found
+    QString ReplaceWith;    ///< in the place of each match
+    bool PromptOnReplace = false; ///< asks before each replacement
+    bool ReplaceAll = false;      ///< goes on after each replacement
 
     /// Makes `Options` what the three flags say.
     void TakeFlags();

@@ -7,6 +7,7 @@
 
 /// What is marked in a text, for all editors that show it.
 struct TZtTextMarks {
+    /// Listens to `AText`, which may go before; changes are counted from now on.
     explicit TZtTextMarks(TStringList *AText)
         : Decorations(AText), Diagnostics(AText), Marks(AText), Changes(AText)
     {
@@ -20,7 +21,7 @@ struct TZtTextMarks {
     }
 
     TZtDecorations Decorations; ///< the host's; those of a text that is replaced are empty
-    TZtDiagnostics Diagnostics;
-    TZtLineMarks Marks;
-    TZtLineChanges Changes;
+    TZtDiagnostics Diagnostics; ///< what compilers say
+    TZtLineMarks Marks;         ///< bookmarks, breakpoints and a host's own
+    TZtLineChanges Changes;     ///< which lines were changed, and which of them saved since
 };

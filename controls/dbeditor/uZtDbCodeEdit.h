@@ -19,6 +19,7 @@ class TZtShownRecord;
 /// and only what changes the text enters edit state.
 class ZT_DBEDITOR_EXPORT TZtDbCodeEdit : public TZtCodeEdit {
     Q_OBJECT
+    /// What is shown of the field. A form does not store it: it is the record's.
     Q_PROPERTY(QString Text READ GetText WRITE SetText STORED false DESIGNABLE false)
     Q_PROPERTY(QString DataField READ GetDataField WRITE SetDataField)
     Q_PROPERTY(TDataSource *DataSource READ GetDataSource WRITE SetDataSource DESIGNABLE false)

@@ -95,7 +95,9 @@ Q_ENUM_NS(TJSToken)
 } // namespace ZtJS
 
 using ZtJS::TJSToken;
+/// Kinds of tokens.
 using TJSTokens = TZtSet<TJSToken>;
+/// A row of the table that draws JavaScript.
 using TZtJSInfo = TZtScriptInfo<TJSToken>;
 
 /// Lexer for JavaScript. A "/*" comment that is open at a line end goes on in the next line through

@@ -63,6 +63,8 @@ const TRow &ZtDrawInfoRow(const TRow (&ADrawInfo)[N], TToken AKind)
 class TZtDrawInfoRows {
 public:
     template <typename TRow, size_t N, typename TToken>
+    /// The row of a kind, as `ZtDrawInfoRow` tells it. `AResets` is another number after each
+    /// `Reset`.
     const TRow &Find(const TRow (&ADrawInfo)[N], TToken AKind, int AResets)
     {
         if (std::exchange(FResets, AResets) != AResets)
@@ -104,9 +106,9 @@ using TZtTokenText = QVarLengthArray<char16_t, 128>;
 /// What a lexer carries over a line end. Two equal ones at a line's start mean equal tokens from
 /// there on, as far as the lines are equal.
 struct TZtLexerState {
-    QString RemarkEnd;
-    int LineKind = 0;
-    bool InRemark = false;
+    QString RemarkEnd;     ///< what closes the comment that is open; empty for none
+    int LineKind = 0;      ///< what is open, by a number of the lexer's own; 0 for nothing
+    bool InRemark = false; ///< `TZtLangParser::InRemark`
     int Own = 0; ///< what one lexer alone carries, in numbers of its own; 0 at the text's start
     bool operator==(const TZtLexerState &) const = default;
 };
@@ -167,7 +169,9 @@ public:
     /// the buffer before; #0 when nothing was read yet.
     char16_t ReadCurrChar() const;
 
+    /// `ReadChar`, for a lexer that changes what is read.
     virtual char16_t InternalReadChar();
+    /// `PushChar`, for a lexer that changes what is read.
     virtual void InternalPushChar(char16_t C);
 
     /// Reads one token of the plain-text lexer: a line, a line break or the end of the input.
@@ -325,6 +329,7 @@ protected:
     }
     /// Whether the word that was just read is no name and no part of a longer one.
     bool IsWholeWord() { return !IsName() && !IsLetter(Ahead()); }
+    /// What the language has besides the lexer's tables.
     const TZtGrammar &Grammar() const { return FGrammar; }
 
     /// Appends the characters of `ASet` that come next to `AText` and pushes the first other one

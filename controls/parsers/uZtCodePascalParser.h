@@ -85,19 +85,22 @@ Q_ENUM_NS(TPascalToken)
 } // namespace ZtPascal
 
 using ZtPascal::TPascalToken;
+/// Kinds of tokens.
 using TPascalTokens = TZtSet<TPascalToken>;
 
+/// The words that begin what a documentation comment can belong to.
 inline constexpr TPascalTokens ptSoapMethods = {TPascalToken::ptFunction,
                                                 TPascalToken::ptProcedure};
+/// The comments, documentation or not.
 inline constexpr TPascalTokens ptComments = {TPascalToken::ptComment, TPascalToken::ptSoapComment};
 
 /// How the tokens of some kinds are drawn.
 struct TZtPascalInfo {
-    QString Name; ///< also the element's name in the IDE's colour settings
-    TColor TextColor;
-    TColor BckColor;
-    TPascalTokens Tokens;
-    TFontStyles Style;
+    QString Name;         ///< also the element's name in the IDE's colour settings
+    TColor TextColor;     ///< the text's colour
+    TColor BckColor;      ///< the background's
+    TPascalTokens Tokens; ///< those that are drawn so
+    TFontStyles Style;    ///< bold, italic, underlined, struck out
 };
 
 /// The Pascal lexer. What crosses a line end is a comment that is still open: `LineKind` is 1 for
@@ -156,13 +159,14 @@ public:
     /// resets these at each comment and never fills them.
     int GetSoapCommentLineStart() const { return SoapCommentLineStart; }
     void SetSoapCommentLineStart(int Value) { SoapCommentLineStart = Value; }
+    /// Where it begins in its line.
     int GetSoapCommentPosStart() const { return SoapCommentPosStart; }
     void SetSoapCommentPosStart(int Value) { SoapCommentPosStart = Value; }
-    int GetSoapCommentLineEnd() const { return SoapCommentLineEnd; }
+    int GetSoapCommentLineEnd() const { return SoapCommentLineEnd; } ///< the line in which it ends
     void SetSoapCommentLineEnd(int Value) { SoapCommentLineEnd = Value; }
-    int GetSoapCommentPosEnd() const { return SoapCommentPosEnd; }
+    int GetSoapCommentPosEnd() const { return SoapCommentPosEnd; } ///< where it ends there
     void SetSoapCommentPosEnd(int Value) { SoapCommentPosEnd = Value; }
-    const QString &GetSoapComment() const { return SoapComment; }
+    const QString &GetSoapComment() const { return SoapComment; } ///< what it says
     void SetSoapComment(const QString &Value) { SoapComment = Value; }
 
 private:

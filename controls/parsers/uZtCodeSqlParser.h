@@ -30,17 +30,18 @@ Q_ENUM_NS(TZtSqlToken)
 } // namespace ZtSql
 
 using ZtSql::TZtSqlToken;
+/// Kinds of tokens.
 using TZtSqlTokens = TZtSet<TZtSqlToken>;
 
 /// A row of the SQL attribute table.
 struct TZtSqlTokenInfo {
     /// The element under which colour settings know the row.
     QString Name;
-    TColor TextColor;
-    TColor BckColor;
+    TColor TextColor; ///< the text's colour
+    TColor BckColor;  ///< the background's
     /// The kinds of token that are drawn with the row.
     TZtSqlTokens Tokens;
-    TFontStyles Style;
+    TFontStyles Style; ///< bold, italic, underlined, struck out
 };
 
 /// The keywords of SQL. A lexer takes them over when it is created. They may hold the characters

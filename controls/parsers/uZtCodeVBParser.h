@@ -94,7 +94,9 @@ Q_ENUM_NS(TVBToken)
 } // namespace ZtVB
 
 using ZtVB::TVBToken;
+/// Kinds of tokens.
 using TVBTokens = TZtSet<TVBToken>;
+/// A row of the table that draws Visual Basic.
 using TZtVBInfo = TZtScriptInfo<TVBToken>;
 
 /// Lexer for Visual Basic script. Every line is read from scratch: nothing crosses a line end.

@@ -34,6 +34,7 @@ Q_ENUM_NS(TZtXmlToken)
 } // namespace ZtXml
 
 using ZtXml::TZtXmlToken;
+/// Kinds of tokens.
 using TZtXmlTokens = TZtSet<TZtXmlToken>;
 
 /// Where in the markup the lexer is.
@@ -50,11 +51,11 @@ enum class TParseInfo : quint8 {
 struct TZtXmlTokenInfo {
     /// The element under which colour settings know the row.
     QString Name;
-    TColor TextColor;
-    TColor BckColor;
+    TColor TextColor; ///< the text's colour
+    TColor BckColor;  ///< the background's
     /// The kinds of token that are drawn with the row.
     TZtXmlTokens Tokens;
-    TFontStyles Style;
+    TFontStyles Style; ///< bold, italic, underlined, struck out
 };
 
 /// Lexer for XML. Most tokens are a single character, whose kind depends on the place in the

@@ -20,9 +20,10 @@ class ZT_PARSERS_EXPORT EZtColorScheme : public EZtException {
 public:
     /// `ALine` and `AColumn` (in UTF-16 units) are 1-based, 0 when the file could not be opened.
     EZtColorScheme(const QString &AName, int ALine, int AColumn, const QString &AReason);
-    int GetLine() const { return FLine; }
+    int GetLine() const { return FLine; } ///< 1-based; 0 when the file could not be opened
+    /// 1-based, in UTF-16 units; 0 when the file could not be opened.
     int GetColumn() const { return FColumn; }
-    const QString &GetReason() const { return FReason; }
+    const QString &GetReason() const { return FReason; } ///< what is wrong, without name and place
 
 private:
     int FLine;
@@ -73,22 +74,24 @@ using ZtScheme::TZtViewColor;
 
 /// How a text is drawn.
 struct TZtTextStyle {
-    TColor Fore = clWindowText;
-    TColor Back = clWindow;
-    TFontStyles Style;
+    TColor Fore = clWindowText; ///< the text's colour
+    TColor Back = clWindow;     ///< the background's
+    TFontStyles Style;          ///< bold, italic, underlined, struck out
     bool operator==(const TZtTextStyle &) const = default;
 };
 
 /// The colours of a view and the styles of the elements of its language. Immutable once made.
 class ZT_PARSERS_EXPORT TZtColorScheme {
 public:
+    /// How many parts of a view have a colour.
     static constexpr size_t ViewColorCount = size_t(TZtViewColor::vcCaret) + 1;
 
-    const QString &GetName() const { return FName; }
+    const QString &GetName() const { return FName; } ///< "Light", or what a file says
     /// Whether the text is lighter than its background. False for a scheme of system colours.
     bool IsDark() const;
     /// Whether the scheme draws the elements. If not, each lexer's own table does.
     bool HasStyles() const { return FHasStyles; }
+    /// Of a part of the view; may be a system colour.
     TColor GetColor(TZtViewColor AColor) const { return FColors[size_t(AColor)]; }
     /// The style of an element of a language, both named as the lexer does: what the scheme says of
     /// the element in all languages, and over that what it says of the language's own. "Symbol 2"

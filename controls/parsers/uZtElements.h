@@ -20,8 +20,8 @@ ZT_PARSERS_EXPORT TZtElementKind ZtElementKind(QStringView AElement);
 /// A language under the name that its lexer answers, and its elements in the order of the rows that
 /// draw them. The second of two rows of one name is "Symbol 2".
 struct TZtLanguageElements {
-    QLatin1StringView Language;
-    std::span<const QLatin1StringView> Elements;
+    QLatin1StringView Language;                  ///< never translated
+    std::span<const QLatin1StringView> Elements; ///< by row of the lexer's table, 0-based
 };
 
 /// Every language with a lexer.

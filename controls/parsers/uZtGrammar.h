@@ -8,9 +8,9 @@
 
 /// A stretch of text that is one token on each of its lines: a comment or a string.
 struct TZtSpan {
-    std::u16string_view Begin;
-    std::u16string_view End; ///< empty where nothing but the line's end closes it
-    int Kind;                ///< the ordinal of its tokens among the lexer's kinds
+    std::u16string_view Begin; ///< what opens it; not empty
+    std::u16string_view End;   ///< empty where nothing but the line's end closes it
+    int Kind;                  ///< the ordinal of its tokens among the lexer's kinds
     /// Whether it goes on in the next line; else it ends with its line at the latest.
     bool OverLines = false;
     /// Whether an end that is written twice is text.
@@ -26,7 +26,7 @@ struct TZtGrammar {
     int LineBreak = 0;
     /// The reserved words that the lexer's table lacks, sorted, in upper case unless `MatchCase`.
     std::span<const std::u16string_view> Words;
-    bool MatchCase = false;
+    bool MatchCase = false; ///< whether "End" and "END" are two words
     /// What belongs to a word though the lexer's words lack it.
     TZtCharSet Letters;
     /// What makes the word behind it a name.

@@ -31,9 +31,10 @@ public:
     /// The name of the type, as the event's signature spells it; empty for none.
     const QString &GetParamVarType() const { return ParamVarType; }
     void SetParamVarType(const QString &Value) { ParamVarType = Value; }
+    /// The parameter's name, as the signature spells it.
     const QString &GetName() const { return Name; }
     void SetName(const QString &Value) { Name = Value; }
-    TZtParamType GetParamType() const { return ParamType; }
+    TZtParamType GetParamType() const { return ParamType; } ///< how it is passed
     void SetParamType(TZtParamType Value) { ParamType = Value; }
 
 private:
@@ -64,7 +65,7 @@ public:
     /// The name of a function's result type; empty for a procedure.
     const QString &GetResultType() const { return ResultType; }
     void SetResultType(const QString &Value) { ResultType = Value; }
-    TMethodKind GetProcType() const { return ProcType; }
+    TMethodKind GetProcType() const { return ProcType; } ///< procedure or function
     void SetProcType(TMethodKind Value) { ProcType = Value; }
 
 private:
@@ -79,6 +80,7 @@ private:
 /// A signature's text that cannot be read.
 class ZT_PARSERS_EXPORT EZtEventSignature : public EZtException {
 public:
+    /// `APosition` is where the text goes wrong, counted as `GetPosition` does.
     EZtEventSignature(const QString &AMessage, int APosition)
         : EZtException(AMessage), FPosition(APosition)
     {

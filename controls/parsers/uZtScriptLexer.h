@@ -16,17 +16,17 @@
 template <typename TToken> struct TZtScriptInfo {
     /// The element under which colour settings know the row.
     QString Name;
-    TColor TextColor;
-    TColor BckColor;
+    TColor TextColor; ///< the text's colour
+    TColor BckColor;  ///< the background's
     /// The kinds of token that are drawn with the row.
     TZtSet<TToken> Tokens;
-    TFontStyles Style;
+    TFontStyles Style; ///< bold, italic, underlined, struck out
 };
 
 /// A reserved word, in upper case, and what it makes of an identifier.
 template <typename TToken> struct TZtScriptKeyWord {
-    std::u16string_view Text;
-    TToken Kind;
+    std::u16string_view Text; ///< in upper case, ASCII
+    TToken Kind;              ///< what an identifier becomes that reads so
 };
 
 /// Base of the script lexers: words, numbers, strings and symbols. A language adds its table of
@@ -88,9 +88,11 @@ public:
     int MethodLineNr(const QString &AMethodName) override;
 
 protected:
+    /// A row of the language's table.
     using TInfo = TZtScriptInfo<TToken>;
+    /// A reserved word of the language.
     using TKeyWord = TZtScriptKeyWord<TToken>;
-    static constexpr size_t RowCount = 7;
+    static constexpr size_t RowCount = 7; ///< of every script language's table
 
     /// Reads what follows a token's first character, which `AText` holds. `vtInvalid` makes the
     /// scanner go on to the next character.
@@ -98,20 +100,24 @@ protected:
 
     /// What a first character leads to: a reader, or without one a token of a single character.
     struct TCharacter {
-        TToken Kind = TToken::vtUnknown;
-        TReader Reader = nullptr;
+        TToken Kind = TToken::vtUnknown; ///< of a character without a reader
+        TReader Reader = nullptr;        ///< null for a token of one character
     };
+    /// By character code. What is above 127 is a token of unknown kind.
     using TCharacters = std::array<TCharacter, 128>;
 
     /// A language. The reserved words whose first letter is "A" + i are those from
     /// `FirstKeyWord[i]` up to, not including, `FirstKeyWord[i + 1]`.
     struct TLanguage {
-        const std::type_info *LexerType;
-        TCharacters Characters;
+        const std::type_info *LexerType; ///< the class itself, of which descendants are told apart
+        TCharacters Characters;          ///< what each first character leads to
+        /// Sorted by first letter; the common ones and the language's own.
         std::array<TKeyWord, 46> KeyWords;
-        std::array<quint8, 27> FirstKeyWord;
+        std::array<quint8, 27> FirstKeyWord; ///< of each letter, and behind the last
     };
 
+    /// For the language's lexer. `ALanguage`, `AGrammar` and `ADrawInfo` outlive it. `AOwner` is
+    /// the parent, which deletes it.
     TZtScriptLexer(QObject *AOwner, const TLanguage &ALanguage, const TZtGrammar &AGrammar,
                    const TInfo (&ADrawInfo)[RowCount])
         : TZtLangParser(AOwner, AGrammar), FLanguage(ALanguage), FDrawInfo(ADrawInfo)
@@ -138,6 +144,7 @@ protected:
     {
         return QString(reinterpret_cast<const QChar *>(AText.constData()), AText.size());
     }
+    /// A reader's answer, appended to a token.
     static void AppendText(TZtTokenText &AText, const QString &ARest)
     {
         AText.append(reinterpret_cast<const char16_t *>(ARest.utf16()), ARest.size());

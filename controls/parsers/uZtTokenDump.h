@@ -16,9 +16,9 @@ struct ZT_PARSERS_EXPORT TZtTokenRecord {
     int Column = 0;        ///< 1-based UTF-16 unit of that line
     const char *Kind = ""; ///< the name of its kind, such as "ptIdentifier"
     int Row = 0;           ///< the 0-based row of `DrawInfo` that draws it
-    QString Text;
-    qsizetype Start = 0;  ///< 0-based place of its first character in all that was read
-    qsizetype Length = 0; ///< how many characters were read for it, a #0 after the last included
+    QString Text;          ///< as the lexer answers it, which need not be what it read
+    qsizetype Start = 0;   ///< 0-based place of its first character in all that was read
+    qsizetype Length = 0;  ///< how many characters were read for it, a #0 after the last included
 
     /// All of it on one line: `12:5 ptIdentifier 4 "Name"`. Control characters, backslashes,
     /// surrogates and line separators in the text are escaped.
@@ -29,7 +29,7 @@ struct ZT_PARSERS_EXPORT TZtTokenRecord {
 class ZT_PARSERS_EXPORT TZtTokenReader {
 public:
     virtual ~TZtTokenReader() = default;
-    virtual TZtLangParser &Parser() = 0;
+    virtual TZtLangParser &Parser() = 0; ///< the lexer, which the reader owns
     /// The enumeration of the token kinds.
     virtual QMetaEnum Kinds() const = 0;
     /// Reads one token: its kind, row and text. Answers false at the end of the input.
@@ -41,10 +41,13 @@ public:
     virtual qsizetype Consumed() const = 0;
 };
 
+/// A language whose lexer can be asked for its tokens, and how one is made.
 struct ZT_PARSERS_EXPORT TZtTokenLanguage {
     const char *Name;     ///< the folder of its example texts
     const char *Language; ///< its name among `ZtLanguages`
+    /// Makes a lexer, which nobody owns yet.
     std::unique_ptr<TZtLangParser> (*CreateParser)();
+    /// Makes a lexer that can be asked for its tokens.
     std::unique_ptr<TZtTokenReader> (*CreateReader)();
     /// The usual one of its source files.
     QString Extension() const;
@@ -53,6 +56,7 @@ struct ZT_PARSERS_EXPORT TZtTokenLanguage {
 /// Every language whose lexer can be asked for its tokens, and the one for a file's name (null for
 /// none).
 ZT_PARSERS_EXPORT std::span<const TZtTokenLanguage> ZtTokenLanguages();
+/// The language of a file's name, by its extension; null for none.
 ZT_PARSERS_EXPORT const TZtTokenLanguage *ZtTokenLanguageOf(const QString &AFileName);
 
 /// The lines of a text, whatever ends them (CR LF or LF), without the empty one after a last line

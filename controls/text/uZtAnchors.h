@@ -16,10 +16,10 @@ class ZT_EDITOR_EXPORT TZtAnchors final : public TZtTextListener {
 public:
     /// An anchor as a visitor sees it.
     struct TAnchor {
-        QPoint Place; ///< (column, line), 0-based
-        int Handle;
-        TZtAnchorSide Side;
-        int Tag; ///< what its owner says of it
+        QPoint Place;       ///< (column, line), 0-based
+        int Handle;         ///< that `Add` answered
+        TZtAnchorSide Side; ///< where it goes when text is inserted right at it
+        int Tag;            ///< what its owner says of it
     };
 
     /// The text may go before the anchors, which then stay where they are.
@@ -27,10 +27,13 @@ public:
 
     /// Answers a handle. `APlace` is (column, line), 0-based.
     int Add(const QPoint &APlace, TZtAnchorSide ASide, int ATag = 0);
+    /// `AAnchor` is one that stands; another one may get its handle.
     void Remove(int AAnchor);
+    /// Of one that stands: (column, line), 0-based.
     QPoint GetPlace(int AAnchor) const { return PlaceOf(FIndexes[size_t(AAnchor)]); }
+    /// `TAnchor::Tag` of one that stands.
     void SetTag(int AAnchor, int ATag) { FItems[FIndexes[size_t(AAnchor)]].Tag = ATag; }
-    int GetCount() const { return FCount; }
+    int GetCount() const { return FCount; } ///< how many stand
     /// The handles of the anchors from line `AFirst` to line `ALast`, in the order of their places.
     std::vector<int> GetBetween(int AFirst, int ALast);
 

@@ -13,6 +13,7 @@
 namespace ZtSearch {
 Q_NAMESPACE_EXPORT(ZT_EDITOR_EXPORT)
 
+/// How a string is looked for.
 enum class TZtSearchFlag : quint8 {
     sfDown = 1,      ///< towards the end of the run
     sfMatchCase = 2, ///< compare with case
@@ -35,6 +36,7 @@ using ZtSearch::TZtSearchFlags;
 /// is not looked at. An empty string is found nowhere.
 class ZT_EDITOR_EXPORT TZtBufferSearch {
 public:
+    /// Folds the string, unless the case counts.
     TZtBufferSearch(const QString &ASearchString, TZtSearchFlags AOptions);
 
     /// Where the match begins in `ARun` (0-based), or -1. Downwards the first that begins at

@@ -16,11 +16,11 @@ struct TZtCellRules {
 /// Neighbours in a line, with columns in UTF-16 units. Either one cluster, or characters of the
 /// Basic Multilingual Plane that take one cell each and are clusters of their own.
 struct TZtCellSpan {
-    int Start;
-    int Length;
-    int Cell;
-    int Width; ///< in cells; 0 for a cluster that is not seen, like a mark of direction
-    bool IsCluster;
+    int Start;      ///< the first column, in UTF-16 units, 0-based
+    int Length;     ///< how many of them
+    int Cell;       ///< the first cell, 0-based
+    int Width;      ///< in cells; 0 for a cluster that is not seen, like a mark of direction
+    bool IsCluster; ///< all of it is drawn in one piece
 };
 
 /// Goes through a line from its start. What was not asked for is not looked at, as far as 4096

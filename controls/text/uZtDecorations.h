@@ -10,17 +10,19 @@
 #include <unordered_map>
 #include <vector>
 
+/// The line below a text; `ulNone`: there is none.
 enum class TZtUnderline : quint8 { ulNone, ulStraight, ulDotted, ulWavy };
 
 /// How text is decorated. What is not set is left as it is below.
 struct ZT_EDITOR_EXPORT TZtDecorationStyle {
     /// Without a colour of its own it has the text's; `ulNone` takes away one that lies below.
     std::optional<TZtUnderline> Underline = std::nullopt;
+    /// Of the line below; the text's own where it is not set.
     std::optional<TColor> UnderlineColor = std::nullopt;
-    std::optional<TColor> Background = std::nullopt;
-    std::optional<TColor> TextColor = std::nullopt;
-    std::optional<TColor> Box = std::nullopt;       ///< a frame of one pixel
-    std::optional<TColor> StrikeOut = std::nullopt; ///< a line through the text
+    std::optional<TColor> Background = std::nullopt; ///< behind the text
+    std::optional<TColor> TextColor = std::nullopt;  ///< the text's own
+    std::optional<TColor> Box = std::nullopt;        ///< a frame of one pixel
+    std::optional<TColor> StrikeOut = std::nullopt;  ///< a line through the text
 
     /// Lays another style over this one: each attribute that is set there wins.
     void PutOver(const TZtDecorationStyle &AUpper);
@@ -31,11 +33,11 @@ struct ZT_EDITOR_EXPORT TZtDecorationStyle {
 /// in UTF-16 units. Places outside the text are put inside; a range that ends before it begins is
 /// empty.
 struct TZtDecoration {
-    QPoint From;
-    QPoint To;
-    TZtDecorationStyle Style = {};
-    int Layer = 0;        ///< higher ones win, and later ones in a layer
-    QString ToolTip = {}; ///< plain text
+    QPoint From;                   ///< where it begins
+    QPoint To;                     ///< its end, not in it
+    TZtDecorationStyle Style = {}; ///< how it looks
+    int Layer = 0;                 ///< higher ones win, and later ones in a layer
+    QString ToolTip = {};          ///< plain text
 };
 
 /// Names a decoration, and never another one. 0 names none.
@@ -45,15 +47,15 @@ using TZtDecorationOwner = int;
 
 /// A decoration where it stands now. The pointers hold until one is added or removed.
 struct TZtPlacedDecoration {
-    TZtDecorationHandle Handle = 0;
-    QPoint From;
-    QPoint To;
-    TZtDecorationOwner Owner = 0;
-    int Layer = 0;
-    const TZtDecorationStyle *Style = nullptr;
-    const QString *ToolTip = nullptr;
+    TZtDecorationHandle Handle = 0;            ///< of `Add`
+    QPoint From;                               ///< as it stands now
+    QPoint To;                                 ///< the end, not in it
+    TZtDecorationOwner Owner = 0;              ///< who added it
+    int Layer = 0;                             ///< higher ones win
+    const TZtDecorationStyle *Style = nullptr; ///< as it was added, or as `SetStyle` changed it
+    const QString *ToolTip = nullptr;          ///< null or plain text
 
-    bool IsEmpty() const { return From == To; }
+    bool IsEmpty() const { return From == To; } ///< a place without text, which is not drawn
 };
 
 /// Ranges of a text with a look of their own, which move with it.
@@ -70,17 +72,19 @@ public:
     /// Told when what is marked is other than it was, not when it only moved with the text.
     std::function<void()> OnChange;
 
+    /// Places outside the text are put inside. `OnChange` is told.
     TZtDecorationHandle Add(TZtDecorationOwner AOwner, const TZtDecoration &ADecoration);
     /// A handle of one that was removed is passed over.
     void Remove(TZtDecorationHandle AHandle);
+    /// Tells `OnChange` once.
     void RemoveOwner(TZtDecorationOwner AOwner) { ReplaceOwner(AOwner, {}); }
     /// Removes all of an owner and adds others, told as one change.
     void ReplaceOwner(TZtDecorationOwner AOwner, const std::vector<TZtDecoration> &ADecorations);
     /// Gives all of an owner another look, for other colours.
     void SetStyle(TZtDecorationOwner AOwner, const TZtDecorationStyle &AStyle);
 
-    int GetCount() const { return FAlive; }
-    int GetCount(TZtDecorationOwner AOwner) const;
+    int GetCount() const { return FAlive; }        ///< of all owners
+    int GetCount(TZtDecorationOwner AOwner) const; ///< of one
     /// Nothing for one that was removed.
     std::optional<TZtPlacedDecoration> GetRange(TZtDecorationHandle AHandle) const;
     /// What is to be drawn in the lines from `AFirst` to `ALast`, the lowest first.

@@ -13,11 +13,11 @@ enum class TZtSeverity : quint8 { dsError, dsWarning, dsInformation };
 /// What a compiler, say, found in a text. Places are (column, line), 0-based, columns in UTF-16
 /// units; those outside the text are put inside.
 struct TZtDiagnostic {
-    QPoint From;
-    QPoint To;
-    TZtSeverity Severity = TZtSeverity::dsError;
-    QString Message = {};
-    QString Source = {}; ///< who says so; given to `Set` apart
+    QPoint From;                                 ///< where it begins
+    QPoint To;                                   ///< its end, not in it
+    TZtSeverity Severity = TZtSeverity::dsError; ///< the worst is seen where several are
+    QString Message = {};                        ///< plain text
+    QString Source = {};                         ///< who says so; given to `Set` apart
 };
 
 /// What is wrong in a text, by who found it. Each keeps its range through every change
@@ -25,7 +25,7 @@ struct TZtDiagnostic {
 /// takes it back.
 class ZT_EDITOR_EXPORT TZtDiagnostics {
 public:
-    static constexpr int Severities = 3;
+    static constexpr int Severities = 3; ///< how many `TZtSeverity` has
 
     /// The text may go before the diagnostics.
     explicit TZtDiagnostics(TStringList *AText);
@@ -36,12 +36,12 @@ public:
     /// Replaces all of a source. An empty range covers the word that it stands in, else one
     /// character, at a line's end the last one; in an empty line it stays empty.
     void Set(const QString &ASource, const std::vector<TZtDiagnostic> &ADiagnostics);
-    void Clear(const QString &ASource) { Set(ASource, {}); }
+    void Clear(const QString &ASource) { Set(ASource, {}); } ///< takes back what one source says
     /// Takes back what all sources say.
     void Clear();
 
-    int GetCount() const { return FDecorations.GetCount(); }
-    int GetCount(TZtSeverity ASeverity) const;
+    int GetCount() const { return FDecorations.GetCount(); } ///< of all sources
+    int GetCount(TZtSeverity ASeverity) const;               ///< of one severity
     /// The next one that begins behind a place, or the last one that begins before it, going round
     /// at the text's ends; the worst where several begin. Nothing where there are none.
     std::optional<TZtDiagnostic> Next(const QPoint &APlace, bool AForward);

@@ -11,11 +11,11 @@ class QIODevice;
 
 /// How a text is written as HTML.
 struct TZtHtmlOptions {
-    QString Title = {};
-    QString FontFamily = QStringLiteral("monospace");
-    int TabWidth = 8; ///< in cells; a tab stays a tab
-    quint32 Text = 0; ///< of the page, `$00RRGGBB`
-    quint32 Background = 0xFFFFFF;
+    QString Title = {};                               ///< of the document, plain text
+    QString FontFamily = QStringLiteral("monospace"); ///< one family; "monospace" stands behind it
+    int TabWidth = 8;                                 ///< in cells; a tab stays a tab
+    quint32 Text = 0;                                 ///< of the page, `$00RRGGBB`
+    quint32 Background = 0xFFFFFF;                    ///< of the page, `$00RRGGBB`
     /// Told how many lines are written, now and then; false ends the work.
     std::function<bool(int ALines)> OnProgress = {};
 };
@@ -26,6 +26,7 @@ struct TZtHtmlOptions {
 /// lone surrogates, noncharacters and the controls from U+0080 on U+FFFD.
 class ZT_EDITOR_EXPORT TZtHtmlMaker {
 public:
+    /// Keeps a copy of the options. `OnProgress` is not asked.
     explicit TZtHtmlMaker(const TZtHtmlOptions &AOptions);
 
     /// What stands before the first line.

@@ -34,12 +34,13 @@ public:
     TZtJournal(const TZtJournal &) = delete;
     TZtJournal &operator=(const TZtJournal &) = delete;
 
+    /// Of the journal's file, which is there from the first change on.
     const QString &GetPath() const { return FPath; }
     /// Milliseconds from a change to its being written, together with those that came meanwhile;
     /// 0 or more, 300 at first.
     int GetFlushInterval() const;
     void SetFlushInterval(int Value);
-    void SetOnFault(TFault AFault);
+    void SetOnFault(TFault AFault); ///< null for nobody; told on the text's thread
 
     /// The text as it is now is about to be saved as these bytes, which need not give all of it
     /// back. Changes from now on belong to what is saved. Takes the time that a copy of the lines

@@ -16,11 +16,11 @@
 
 /// A process of this or of an earlier run of the system.
 struct ZT_EDITOR_EXPORT TZtJournalProcess {
-    qint64 Pid = 0;
+    qint64 Pid = 0;    ///< 0 or less is no process
     quint64 Start = 0; ///< when it began, in ticks of the system's clock: a pid is used again
     QByteArray Boot;   ///< which run of the system
 
-    static TZtJournalProcess Current();
+    static TZtJournalProcess Current(); ///< the one that asks
     /// Whether it has not ended, as far as one may see.
     bool IsAlive() const;
 };
@@ -41,9 +41,10 @@ struct TZtJournalHeader {
     QByteArray Hash;     ///< of its bytes (`ZtJournalHash`)
     QByteArray TextHash; ///< of the text (`TZtJournalTextHash`); empty where its bytes give it back
     QByteArray Format;   ///< how the host stores it, which only the host can read
-    TZtJournalProcess Process;
+    TZtJournalProcess Process; ///< the one that writes the journal
 };
 
+/// What a record is.
 enum class TZtJournalKind : quint8 {
     jkHeader, ///< comes first
     jkBase,   ///< the bytes of the file that the text came from
@@ -53,12 +54,12 @@ enum class TZtJournalKind : quint8 {
 
 /// One record. What is not of its kind is empty.
 struct TZtJournalRecord {
-    TZtJournalKind Kind = TZtJournalKind::jkHeader;
-    TZtJournalHeader Header;
-    QByteArray Bytes;    ///< of the base, or the hash of what is being saved
-    QByteArray TextHash; ///< of the text that is being saved
-    QPoint Start;
-    QPoint RemovedEnd;
+    TZtJournalKind Kind = TZtJournalKind::jkHeader; ///< which of the following are filled in
+    TZtJournalHeader Header;                        ///< of `jkHeader`
+    QByteArray Bytes;         ///< of the base, or the hash of what is being saved
+    QByteArray TextHash;      ///< of the text that is being saved
+    QPoint Start;             ///< of `jkChange`: (column, line), 0-based
+    QPoint RemovedEnd;        ///< where what was removed ended, before the change
     bool IsWholeText = false; ///< nothing is left of what was before
     QStringList Lines;        ///< what came in its place; the last has no break behind it
 };
@@ -69,24 +70,32 @@ ZT_EDITOR_EXPORT QByteArray ZtJournalHash(const QByteArray &ABytes);
 /// What tells a text from others, line by line. A text ends with a line that has no break.
 class ZT_EDITOR_EXPORT TZtJournalTextHash {
 public:
+    /// A line without its break.
     void AddLine(QStringView ALine);
+    /// Of all lines so far; to be called once, at the end.
     QByteArray Result() { return FHash.result(); }
 
 private:
     QCryptographicHash FHash{QCryptographicHash::Blake2b_256};
 };
 
+/// The bytes of a `jkHeader`.
 ZT_EDITOR_EXPORT QByteArray ZtEncodeJournalHeader(const TZtJournalHeader &AHeader);
+/// The bytes of a `jkBase`.
 ZT_EDITOR_EXPORT QByteArray ZtEncodeJournalBase(const QByteArray &ABytes);
+/// The bytes of a `jkSaving`; see `TZtJournalRecord`.
 ZT_EDITOR_EXPORT QByteArray ZtEncodeJournalSaving(const QByteArray &AHash,
                                                   const QByteArray &ATextHash);
 
 /// A change's record, line by line.
 class ZT_EDITOR_EXPORT TZtJournalChangeEncoder {
 public:
+    /// Positions are (column, line), 0-based; with `AIsWholeText` nothing is left of the text
+    /// before.
     TZtJournalChangeEncoder(const QPoint &AStart, const QPoint &ARemovedEnd, bool AIsWholeText);
+    /// A line of what was inserted, without its break.
     void AddLine(QStringView ALine);
-    QByteArray Finish() { return std::move(FBytes); }
+    QByteArray Finish() { return std::move(FBytes); } ///< the record; to be called once, at the end
 
 private:
     QByteArray FBytes;
@@ -95,6 +104,7 @@ private:
 /// Puts length and checksum before records, in the order in which they stand in the journal.
 class ZT_EDITOR_EXPORT TZtJournalFramer {
 public:
+    /// Answers a record as it stands in the journal behind those before.
     QByteArray Frame(const QByteArray &ARecord);
 
 private:
@@ -104,6 +114,7 @@ private:
 /// Takes the records out of a journal's bytes, until one is cut short or damaged.
 class ZT_EDITOR_EXPORT TZtJournalUnframer {
 public:
+    /// The bytes outlive this and what `Next` answers.
     explicit TZtJournalUnframer(QByteArrayView ABytes) : FLeft(ABytes) {}
     /// The next record, as long as the bytes are; nothing behind the last sound one.
     std::optional<QByteArrayView> Next();

@@ -15,8 +15,9 @@ enum class TZtRestoredText {
     rtTyped,   ///< what was inserted, piece by piece: the file that the text came from is no more
 };
 
+/// What a journal gave back, and how sure that is.
 struct TZtRestored {
-    TZtRestoredText Text = TZtRestoredText::rtNothing;
+    TZtRestoredText Text = TZtRestoredText::rtNothing; ///< which text `Restore` made
     /// Whether the journal is sound up to its end. One that was being written when the process
     /// ended may lack its last changes.
     bool IsComplete = true;
@@ -36,6 +37,7 @@ public:
     /// Raises `EStreamError` when the file cannot be read or is no journal.
     explicit TZtJournalReader(const QString &APath);
 
+    /// What the journal says of itself.
     const TZtJournalHeader &GetHeader() const { return FHeader; }
 
     /// Makes `AText`, which is empty, the text as the journal's process had it last. `AFile` is

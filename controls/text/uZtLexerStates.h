@@ -16,16 +16,19 @@ struct TZtTextChange;
 /// next change is known again.
 class TZtLexerStates {
 public:
+    /// Equal neighbours share one.
     using TState = std::shared_ptr<const TZtLexerState>; // equal neighbours share one
+    /// What is known of a line's start.
     struct TPoint {
-        int Line;
-        bool Broken; ///< what stands between the point before and this one was not lexed since
-        TState State;
+        int Line;     ///< 0-based
+        bool Broken;  ///< what stands between the point before and this one was not lexed since
+        TState State; ///< never null
     };
 
     TZtLexerStates() { Clear(); }
     /// Nothing is known but the start of the text.
     void Clear();
+    /// Told of a change of the text: what was known behind it is a guess from now on.
     void TextChanged(const TZtTextChange &AChange);
 
     /// Whether no point is left that is not known, and the rest of the text was lexed.

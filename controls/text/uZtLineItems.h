@@ -6,12 +6,15 @@
 /// what lies between this place and the one before.
 class TZtLineItems {
 public:
-    qsizetype GetCount() const { return FItems.size(); }
+    qsizetype GetCount() const { return FItems.size(); } ///< how many there are
+    /// The line of an item, 0-based.
     int GetLine(qsizetype AIndex) const
     {
         return FItems[AIndex].Line + (AIndex < FSplit ? 0 : FShift);
     }
+    /// What it carries, for its owner.
     quint32 GetValue(qsizetype AIndex) const { return FItems[AIndex].Value; }
+    /// Replaces that.
     void SetValue(qsizetype AIndex, quint32 AValue) { FItems[AIndex].Value = AValue; }
 
     /// The index of the first item that is not above a line.
@@ -43,6 +46,7 @@ public:
         FItems.insert(AIndex, {ALine, AValue});
         ++FSplit;
     }
+    /// Takes items away; the lines of the others stay.
     void Remove(qsizetype AIndex, qsizetype ACount)
     {
         MoveSplit(AIndex);
@@ -56,12 +60,14 @@ public:
         MoveSplit(AIndex);
         FShift += ALines;
     }
+    /// Forgets all of them.
     void Clear()
     {
         FItems.clear();
         FSplit = 0;
         FShift = 0;
     }
+    /// Exchanges the items with those of another one.
     void Swap(TZtLineItems &AOther)
     {
         FItems.swap(AOther.FItems);

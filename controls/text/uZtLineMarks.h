@@ -22,6 +22,7 @@ enum class TZtLineMark : quint8 {
 
 /// A bit for each kind of mark.
 using TZtLineMarkSet = quint32;
+/// The bit of one kind.
 constexpr TZtLineMarkSet ZtMarkBit(TZtLineMark AKind) { return 1u << quint32(AKind); }
 
 /// Marks on the lines of a text, which move with them; lines are 0-based. A line has each kind at
@@ -46,16 +47,18 @@ public:
     bool Toggle(int ALine, TZtLineMark AKind);
     /// Takes all marks of a kind away.
     void Clear(TZtLineMark AKind);
-    void Clear();
+    void Clear(); ///< takes all marks of all kinds away
     /// Has the marks of another text, line by line; those behind the end go to the last line.
     void Take(const TZtLineMarks &AOther);
 
     /// The marks of a line, none for one that there is not.
     TZtLineMarkSet GetMarks(int ALine) const;
+    /// False also for a line that there is not.
     bool IsMarked(int ALine, TZtLineMark AKind) const { return GetMarks(ALine) & ZtMarkBit(AKind); }
+    /// A line that has marks.
     struct TMarked {
-        int Line;
-        TZtLineMarkSet Marks;
+        int Line;             ///< 0-based
+        TZtLineMarkSet Marks; ///< a bit for each kind
     };
     /// The lines with marks from `AFirst` to `ALast`, in order.
     std::vector<TMarked> GetInLines(int AFirst, int ALast) const;

@@ -10,6 +10,7 @@
 /// another one of its members keeps of the text declares this behind that member.
 class TZtListening {
 public:
+    /// `AListener` outlives this.
     TZtListening(TStringList *AText, TZtTextListener *AListener)
         : FText(AText), FListener(AListener)
     {

@@ -25,7 +25,7 @@ struct ZT_EDITOR_EXPORT TZtColouredText {
     int GetLastLine() const;
     /// Where the part begins and ends in one of its lines.
     int GetStart(int ALine) const { return ALine == From.y() ? From.x() : 0; }
-    int GetEnd(int ALine) const;
+    int GetEnd(int ALine) const; ///< behind its last character
     /// A colour of the scheme's view as `ZtPaperColour` makes it; black on white without a scheme.
     quint32 GetColour(TZtViewColor APart) const;
 };
@@ -38,6 +38,7 @@ ZT_EDITOR_EXPORT quint32 ZtPaperColour(TColor AColor);
 /// that colours them there. The lexer is used while a line is asked for and then is as it was.
 class ZT_EDITOR_EXPORT TZtTextColours {
 public:
+    /// Keeps what it needs of `AText`; text and lexer may go before.
     explicit TZtTextColours(const TZtColouredText &AText);
 
     /// The runs of a line (0-based), best asked for from the first line down; valid until the next

@@ -10,15 +10,16 @@
 
 /// A stretch of a line that is drawn alike; columns are 0-based, in UTF-16 units.
 struct TZtColourRun {
-    int Start;
-    int Length;
-    TColor Fore;
-    TColor Back;
-    TFontStyles Style;
+    int Start;          ///< the first column
+    int Length;         ///< how many units
+    TColor Fore;        ///< of the text
+    TColor Back;        ///< behind the text
+    TFontStyles Style;  ///< bold, italic, underlined, struck out
     quint8 Element = 0; ///< of the lexer (0-based); 0 also for what no token covers
-    TZtElementKind Kind = TZtElementKind::ekCode;
+    TZtElementKind Kind = TZtElementKind::ekCode; ///< comment, quoted text or code
     bool operator==(const TZtColourRun &) const = default;
 };
+/// Those of a line, in order.
 using TZtColourRuns = std::vector<TZtColourRun>;
 
 /// Finds the tokens of a lexer again in the text that it was given, whatever it makes of them, and
@@ -35,7 +36,7 @@ public:
 
     /// The line that the next token is looked for in, and the column there.
     int Line() const;
-    int Column() const;
+    int Column() const; ///< 0-based, in UTF-16 units
     /// Whether all text was given a look.
     bool IsAtEnd() const { return FPlace >= FText.size(); }
     /// How a line is drawn, whose length is `ALength`: runs in order, side by side, from column 0

@@ -19,10 +19,10 @@ class TZtTextPainter;
 
 /// What the gutter stands beside. Lines are 0-based, sizes in pixels.
 struct TZtGuttorSight {
-    int LineCount = 0;
-    int CaretLine = 0;
-    int CharWidth = 0;
-    int LineHeight = 0;
+    int LineCount = 0;  ///< of the text
+    int CaretLine = 0;  ///< the caret's, 0-based
+    int CharWidth = 0;  ///< a character cell's
+    int LineHeight = 0; ///< a row's
 };
 
 /// A column of the gutter. A host may derive one of its own.
@@ -40,7 +40,7 @@ public:
     /// What is told of a line when the mouse rests beside it; plain text.
     virtual QString GetToolTip(int) const { return {}; }
 
-    bool GetVisible() const { return FVisible; }
+    bool GetVisible() const { return FVisible; } ///< a hidden column takes no room
     void SetVisible(bool Value) { FVisible = Value; }
 
 private:
@@ -78,7 +78,7 @@ public:
     {
         return OnToolTip ? OnToolTip(ALine) : QString();
     }
-    quint64 GetRevision() const { return FRevision; }
+    quint64 GetRevision() const { return FRevision; } ///< another one when its pictures are others
 
 private:
     std::function<TZtLineMarkSet(int ALine)> FMarks;
@@ -113,8 +113,10 @@ public:
     /// Puts a column, which becomes the gutter's, before the one at `AIndex` (0-based), or behind
     /// the last. Null is refused by doing nothing.
     void Insert(int AIndex, std::unique_ptr<TZtGuttorColumn> AColumn);
+    /// Deletes a column; one that is not the gutter's is left alone.
     void Remove(const TZtGuttorColumn *AColumn);
-    int GetCount() const { return int(FColumns.size()); }
+    int GetCount() const { return int(FColumns.size()); } ///< of the columns, visible or not
+    /// 0-based, not checked.
     TZtGuttorColumn *GetColumn(int AIndex) const { return FColumns[size_t(AIndex)].get(); }
     /// The index of a column, -1 if it is none of these.
     int IndexOf(const TZtGuttorColumn *AColumn) const;

@@ -48,6 +48,7 @@ public:
     /// beside it, to which the letters of some scripts are joined.
     void Add(QPainter &APainter, int ALeft, QStringView S, QStringView ABefore = {},
              QStringView ABehind = {});
+    /// Draws what is left of what was added.
     void End(QPainter &APainter);
 
     /// How many of the first UTF-16 units of `S` can be drawn as text on the exact grid: those

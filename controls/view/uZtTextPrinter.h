@@ -31,17 +31,17 @@ public:
     bool Monochrome = false; ///< black on white; comments slanted
     /// In points; the font of the editor at 9 points where none is given.
     std::optional<QFont> Font = std::nullopt;
-    bool LineNumbers = true;
-    bool Wrap = true; ///< long lines; else they are cut at the edge
-    bool SelectionOnly = false;
+    bool LineNumbers = true;    ///< 1-based, left of the text
+    bool Wrap = true;           ///< long lines; else they are cut at the edge
+    bool SelectionOnly = false; ///< the selection; else the whole text
     /// In these `{name}`, `{path}`, `{page}`, `{pages}`, `{date}` and `{time}` stand for what they
     /// say. Empty ones take no room.
     TFields Header{QStringLiteral("{name}"), QString(), QStringLiteral("{date}")};
-    TFields Footer{QString(), tr("Page {page} of {pages}"), QString()};
-    QString Name = {};
-    QString Path = {};
-    QDateTime Date = {}; ///< now, where none is given
-    int Copies = 1;
+    TFields Footer{QString(), tr("Page {page} of {pages}"), QString()}; ///< at the bottom of a page
+    QString Name = {};      ///< what `{name}` stands for
+    QString Path = {};      ///< what `{path}` stands for
+    QDateTime Date = {};    ///< now, where none is given
+    int Copies = 1;         ///< 1 or more
     bool Collated = true;   ///< copy by copy; else page by page
     bool LastFirst = false; ///< the last page comes first
     /// Told before each page how many are printed, of how many; false ends it.

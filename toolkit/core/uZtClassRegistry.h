@@ -9,6 +9,7 @@
 
 class QWidget;
 
+/// Makes one object of a class; null for an owner of the wrong kind.
 using TZtObjectFactory = std::function<QObject *(QObject *AOwner)>;
 
 /// Makes `AFactory` answer for `AClassName`; a second registration of the same name is ignored.

@@ -9,8 +9,9 @@
 /// Base of everything that the control and its toolkit raise.
 class ZT_PARSERS_EXPORT EZtException : public std::runtime_error {
 public:
+    /// In words that can be shown to a user.
     explicit EZtException(const QString &message) : std::runtime_error(message.toStdString()) {}
-    QString Message() const { return QString::fromUtf8(what()); }
+    QString Message() const { return QString::fromUtf8(what()); } ///< what it was made with
 };
 
 /// A line that the string list does not have.

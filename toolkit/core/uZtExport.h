@@ -4,6 +4,7 @@
 // its own, for it is built from its own sources and used by those of the libraries above it. With
 // static libraries (`ZT_STATIC`) there is nothing to be seen.
 
+/// \cond the two of which the macros below choose one
 #if defined(ZT_STATIC)
 #define ZT_EXPORTED
 #define ZT_IMPORTED
@@ -14,6 +15,7 @@
 #define ZT_EXPORTED __attribute__((visibility("default")))
 #define ZT_IMPORTED __attribute__((visibility("default")))
 #endif
+/// \endcond
 
 /// Texts, lexers and colour schemes (`ZtCodeEditor::Parsers`).
 #if defined(ZT_BUILDS_PARSERS)

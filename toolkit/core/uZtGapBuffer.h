@@ -20,8 +20,11 @@ public:
     TZtGapBuffer &operator=(const TZtGapBuffer &) = delete;
     ~TZtGapBuffer() { std::free(FItems); }
 
+    /// How many items there are.
     qsizetype size() const { return FCapacity - (FGapEnd - FGapStart); }
+    /// An item; the index is not checked.
     T &operator[](qsizetype i) { return FItems[i < FGapStart ? i : i + FGapEnd - FGapStart]; }
+    /// The same of one that is not changed.
     const T &operator[](qsizetype i) const { return const_cast<TZtGapBuffer &>(*this)[i]; }
 
     /// Makes room for as many more items, so that inserting them does not raise.
@@ -32,18 +35,20 @@ public:
         MoveGap(size()); // growing is cheapest there
         Grow(FCapacity + std::max(FCapacity / 4 + 64, count));
     }
+    /// Room for one more, so that inserting it does not raise.
     void reserveOne()
     {
         if (FGapStart == FGapEnd)
             Grow(FCapacity + FCapacity / 4 + 64);
     }
+    /// Inserts before `i`, which may be the count. Raises `std::bad_alloc` without memory.
     void insert(qsizetype i, const T &item)
     {
         reserveOne();
         MoveGap(i);
         FItems[FGapStart++] = item;
     }
-    void append(const T &item) { insert(size(), item); }
+    void append(const T &item) { insert(size(), item); } ///< at the end
     /// Inserts the items `from`, as many as `count`, of another buffer.
     void insert(qsizetype i, const TZtGapBuffer &other, qsizetype from, qsizetype count)
     {
@@ -54,6 +59,7 @@ public:
         for (; count > 0; FGapStart += other.copyRun(from, count, FItems + FGapStart)) {
         }
     }
+    /// Removes items from `i` on; the memory stays.
     void remove(qsizetype i, qsizetype count = 1)
     {
         if (count == 0)
@@ -61,12 +67,14 @@ public:
         MoveGap(i);
         FGapEnd += count;
     }
+    /// Removes everything and gives the memory back.
     void clear()
     {
         std::free(FItems);
         FItems = nullptr;
         FCapacity = FGapStart = FGapEnd = 0;
     }
+    /// Exchanges the items with those of another buffer.
     void swap(TZtGapBuffer &other)
     {
         std::swap(FItems, other.FItems);

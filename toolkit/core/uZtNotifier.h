@@ -20,6 +20,7 @@ public:
     /// While one lives, a deletion of the object waits.
     class THold {
     public:
+        /// Holds `AObject`, which may be deleted meanwhile.
         explicit THold(const TZtNotifier &AObject) : FObject(AObject) { ++FObject.FBusy; }
         ~THold() { --FObject.FBusy; }
         THold(const THold &) = delete;
@@ -94,6 +95,7 @@ template <typename TStep> void ZtQuietly(TStep AStep)
 /// Keeps the first exception of several steps that are all to be run, to be raised after them.
 class TZtFirstException {
 public:
+    /// Runs a step; what it raises is kept, unless something was kept before.
     template <typename TStep> void Run(TStep AStep)
     {
         try {
@@ -102,12 +104,14 @@ public:
             Keep(std::current_exception());
         }
     }
+    /// Keeps what was raised, unless something was kept before.
     void Keep(std::exception_ptr AException)
     {
         if (!FException)
             FException = std::move(AException);
     }
-    bool IsRaised() const { return FException != nullptr; }
+    bool IsRaised() const { return FException != nullptr; } ///< whether something was kept
+    /// Raises what was kept, if anything; it is forgotten then.
     void Raise()
     {
         if (FException)

@@ -7,10 +7,10 @@
 
 /// A run of consecutive ordinals, both ends included; a single value is a run of one.
 template <typename T> struct TZtRange {
-    constexpr TZtRange(T value) : First(value), Last(value) {}
-    constexpr TZtRange(T first, T last) : First(first), Last(last) {}
-    T First;
-    T Last;
+    constexpr TZtRange(T value) : First(value), Last(value) {}        ///< one value
+    constexpr TZtRange(T first, T last) : First(first), Last(last) {} ///< both ends included
+    T First;                                                          ///< the first value
+    T Last;                                                           ///< the last, in the set too
 };
 
 /// A constant-size set over the ordinals 0 to 255 of an enumeration or of 16-bit characters. A
@@ -18,6 +18,7 @@ template <typename T> struct TZtRange {
 template <typename T> class TZtSet {
 public:
     constexpr TZtSet() = default;
+    /// The values in any of the runs; those above 255 are in none.
     constexpr TZtSet(std::initializer_list<TZtRange<T>> ranges)
     {
         for (const TZtRange<T> &range : ranges)
@@ -25,12 +26,14 @@ public:
                 insert(T(i));
     }
 
+    /// A value above 255 changes nothing.
     constexpr void insert(T value)
     {
         if (const auto i = quint32(value); i < 256)
             FBits[i / 64] |= quint64(1) << (i % 64);
     }
 
+    /// False for a value above 255.
     constexpr bool contains(T value) const
     {
         const auto i = quint32(value);
@@ -42,4 +45,5 @@ private:
     std::array<quint64, 4> FBits{};
 };
 
+/// A set of characters up to U+00FF.
 using TZtCharSet = TZtSet<char16_t>;

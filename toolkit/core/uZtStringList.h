@@ -14,6 +14,7 @@
 #include <functional>
 #include <vector>
 
+/// The usual event; `Sender` is the object that fires it.
 using TNotifyEvent = std::function<void(QObject *Sender)>;
 
 /// A list of strings, each with a 32-bit number in its object slot.
@@ -44,15 +45,16 @@ public:
     ~TStringList() override;
     ZT_DELETE_WHEN_IDLE(TStringList)
 
+    /// Of a line in units, and of a list in lines.
     static constexpr int MaxLength = TZtLineStore::MaxLength;
 
-    TNotifyEvent OnChanging;
-    TNotifyEvent OnChange;
+    TNotifyEvent OnChanging; ///< fired before a change; what it raises prevents it
+    TNotifyEvent OnChange;   ///< fired after a change
 
     /// Raises when a line cannot have so many units.
     static void CheckLength(qsizetype ALength) { TZtLineStore::CheckLength(ALength); }
 
-    int GetCount() const { return int(FText.GetCount()); }
+    int GetCount() const { return int(FText.GetCount()); } ///< how many lines there are
     /// Another number after every change of a string or of the count.
     quint64 GetRevision() const { return FRevision; }
 
@@ -63,8 +65,8 @@ public:
     /// else holds it, it is changed in its own memory: a line of megabytes is not copied. If
     /// `AEdit` raises, the line is what it left of `S`, or as it was.
     void EditStrings(int Index, QString &&S, const std::function<void(QString &S)> &AEdit);
-    int GetObjects(int Index) const;
-    void SetObjects(int Index, int AObject);
+    int GetObjects(int Index) const;         ///< a line's object slot; 0 at first
+    void SetObjects(int Index, int AObject); ///< fires both events; listeners are not told
 
     /// The length of a line in UTF-16 units.
     int GetLength(int Index) const;
@@ -77,10 +79,13 @@ public:
 
     /// Appends a string and returns its index.
     int Add(const QString &S) { return AddObject(S, 0); }
+    /// Appends a string with a number in its object slot and returns its index.
     int AddObject(const QString &S, int AObject);
     /// Inserts before `Index`, which may be the count.
     void Insert(int Index, const QString &S) { InsertObject(Index, S, 0); }
+    /// Inserts a string with a number in its object slot before `Index`, which may be the count.
     void InsertObject(int Index, const QString &S, int AObject);
+    /// Removes a line.
     void Delete(int Index);
     /// Removes everything. No event when the list is empty already.
     void Clear();
@@ -113,14 +118,16 @@ public:
     /// The text begins at the byte `AFrom`, behind a mark for instance.
     void SetUtf8Text(const QByteArray &ABytes, qsizetype AFrom = 0);
 
+    /// Fires `OnChanging` for all changes up to `EndUpdate`. Calls may be nested.
     void BeginUpdate();
+    /// Ends it. `OnChange` is fired also when nothing was changed.
     void EndUpdate();
-    bool IsUpdating() const { return FUpdateCount > 0; }
+    bool IsUpdating() const { return FUpdateCount > 0; } ///< between `BeginUpdate` and `EndUpdate`
 
     /// A listener is told until it is removed, which it may be twice; it outlives the list or is
     /// removed before it goes.
     void AddListener(TZtTextListener *AListener);
-    void RemoveListener(TZtTextListener *AListener);
+    void RemoveListener(TZtTextListener *AListener); ///< one that does not listen changes nothing
 
     /// While set, what the handlers raise is kept there and ends no change; null for raising it.
     /// It is null while a handler runs: what a handler begins is an operation of its own.

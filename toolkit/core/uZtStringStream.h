@@ -19,11 +19,12 @@ enum class TZtEncoding : quint8 {
     teWindows1252
 };
 
+/// How a line ends in a file.
 enum class TZtLineEnding : quint8 { leCrLf, leLf, leCr };
 
 /// What is to be known of a text file, so that saving its lines gives back the same bytes.
 struct TZtTextFormat {
-    TZtEncoding Encoding = TZtEncoding::teUtf8;
+    TZtEncoding Encoding = TZtEncoding::teUtf8; ///< in which the file is written
     /// Whether a byte-order mark stands in front of the text.
     bool Mark = false;
     /// The most frequent line ending; `leLf` for a text without any.
@@ -77,7 +78,7 @@ public:
     /// `std::bad_alloc` when there is no memory for it.
     QString GetWString() const;
 
-    const TZtTextFormat &GetFormat() const { return FFormat; }
+    const TZtTextFormat &GetFormat() const { return FFormat; } ///< as it was found in the bytes
     /// How often a line ends.
     qsizetype LineEndings() const { return FLineEndings; }
     /// The file as it is, with its byte-order mark.
@@ -100,9 +101,9 @@ private:
 
 /// A character that the encoding of a file does not have.
 struct TZtLostChar {
-    int Line;   ///< 0-based
-    int Column; ///< 0-based, in UTF-16 units
-    char32_t Char;
+    int Line;      ///< 0-based
+    int Column;    ///< 0-based, in UTF-16 units
+    char32_t Char; ///< the character that is not there
 };
 
 /// Turns lines into the bytes of a file. A character that the encoding does not have becomes a
@@ -113,6 +114,7 @@ public:
     /// memory for them.
     explicit TZtTextEncoder(const TZtTextFormat &AFormat, qsizetype ASizeHint = 0);
 
+    /// A line without its ending. Raises `std::bad_alloc` without memory.
     void AddLine(QAnyStringView ALine);
     /// The bytes of all lines, ended as the format says. A text without lines is empty.
     QByteArray Finish();

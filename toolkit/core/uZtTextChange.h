@@ -17,12 +17,16 @@ public:
     TZtTextPiece() = default;
     /// CR LF, CR and LF are each one break.
     explicit TZtTextPiece(const QString &AText);
+    /// Long pieces share their blocks.
     TZtTextPiece(const TZtTextPiece &AOther);
+    /// The other one may only be assigned to then, or go.
     TZtTextPiece(TZtTextPiece &&AOther) = default;
+    /// Copies or takes over, as the constructors do.
     TZtTextPiece &operator=(TZtTextPiece AOther);
 
     /// How many lines it has, 1 or more.
     int GetCount() const { return FLines.GetCount() == 0 ? 1 : int(FLines.GetCount()); }
+    /// Whether it has no character and no break.
     bool IsEmpty() const { return FLines.GetCount() == 0 && FLine.isEmpty(); }
     /// A line's characters, 0-based.
     QString GetLine(int AIndex) const;
@@ -62,7 +66,9 @@ struct ZT_PARSERS_EXPORT TZtTextChange {
 
     /// The first line that the change touches, and how many there were and are now, whole or part.
     int GetFirstLine() const { return Start.y(); }
+    /// How many it touched before.
     int GetOldLines() const { return RemovedEnd.y() - Start.y() + 1; }
+    /// How many there are in their place.
     int GetNewLines() const { return InsertedEnd.y() - Start.y() + 1; }
 
     /// Where a position of the text before stands after the change. What stood in the removed text
@@ -80,6 +86,7 @@ inline bool ZtIsBefore(const QPoint &A, const QPoint &B)
 /// is in between: it reads the text, and neither changes it nor raises.
 class ZT_PARSERS_EXPORT TZtTextListener {
 public:
+    /// `AText` is the text as it is now.
     virtual void TextChanged(const TStringList &AText, const TZtTextChange &AChange) = 0;
     /// Told behind the last change of those between `BeginUpdate` and `EndUpdate`.
     virtual void UpdateEnded(const TStringList &) {}

@@ -7,8 +7,10 @@
 /// it is drawn.
 using TColor = quint32;
 
+/// The system colour of an index.
 constexpr TColor ZtSystemColor(quint32 index) { return 0xFF000000u + index; }
 
+/// A colour of the desktop, of the widget's palette when it is drawn.
 inline constexpr TColor clWindow = ZtSystemColor(5);
 inline constexpr TColor clWindowText = ZtSystemColor(8);
 inline constexpr TColor clHighlight = ZtSystemColor(13);
@@ -17,6 +19,7 @@ inline constexpr TColor clBtnFace = ZtSystemColor(15);
 inline constexpr TColor clBtnShadow = ZtSystemColor(16);
 inline constexpr TColor clBtnHighlight = ZtSystemColor(20);
 
+/// A colour of its own, the same on every desktop.
 inline constexpr TColor clBlack = 0x000000;
 inline constexpr TColor clMaroon = 0x000080;
 inline constexpr TColor clGreen = 0x008000;
@@ -34,6 +37,7 @@ inline constexpr TColor clFuchsia = 0xFF00FF;
 inline constexpr TColor clAqua = 0xFFFF00;
 inline constexpr TColor clWhite = 0xFFFFFF;
 
+/// How a text is drawn.
 enum class TFontStyle : quint8 { fsBold = 1, fsItalic = 2, fsUnderline = 4, fsStrikeOut = 8 };
 Q_DECLARE_FLAGS(TFontStyles, TFontStyle)
 Q_DECLARE_OPERATORS_FOR_FLAGS(TFontStyles)

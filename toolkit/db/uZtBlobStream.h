@@ -6,6 +6,7 @@
 
 class TField;
 
+/// What a stream over a field is opened for.
 enum class TBlobStreamMode : quint8 {
     bmRead, ///< the field's bytes
     bmWrite ///< empty; the field takes over what was written

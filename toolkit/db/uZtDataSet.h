@@ -15,6 +15,7 @@ class QSqlQueryModel;
 /// Who is told of what happens to a dataset.
 class ZT_DBEDITOR_EXPORT TDataSetListener {
 public:
+    /// `AField` is null when it is not about one field.
     virtual void DataEvent(TDataEvent AEvent, TField *AField) = 0;
     /// The dataset is about to go; the listener lets go of it.
     virtual void DataSetRemoved() = 0;
@@ -52,13 +53,14 @@ public:
     TRecordSource *GetRecordSource() const { return FSource.get(); }
     /// Closes the dataset.
     void SetRecordSource(std::unique_ptr<TRecordSource> Value);
+    /// Whether it is open. Setting it opens or closes.
     bool GetActive() const { return FState != TDataSetState::dsInactive; }
     void SetActive(bool Value) { Value ? Open() : Close(); }
     /// Reads the records anew and goes to the first one. Nothing happens when it is open.
     void Open();
     /// Gives up a pending record. The fields are gone afterwards.
     void Close();
-    TDataSetState GetState() const { return FState; }
+    TDataSetState GetState() const { return FState; } ///< `dsInactive` while it is closed
 
     bool GetReadOnly() const { return FReadOnly; }
     /// Forbids `Edit`, `Insert`, `Append` and `Delete`; no one is told.
@@ -71,6 +73,7 @@ public:
     /// Whether a field of the pending record was stored into.
     bool GetModified() const { return FModified; }
 
+    /// Of the columns; 0 while it is closed.
     int GetFieldCount() const { return int(FFields.size()); }
     /// 0-based. The fields live until the dataset is closed.
     TField *GetFields(int Index) const;
@@ -84,8 +87,8 @@ public:
     // Every move first checks the pending record: it is posted if a field was stored into, else
     // cancelled.
 
-    int GetRecordCount() const;
-    bool IsEmpty() const { return GetRecordCount() == 0; }
+    int GetRecordCount() const;                            ///< 0 while closed
+    bool IsEmpty() const { return GetRecordCount() == 0; } ///< closed, or without a record
     /// The current record's number, 1-based; 0 without records and for a record being inserted.
     int GetRecNo() const;
     /// Goes to a record; raises when there is none of this number.
@@ -94,10 +97,10 @@ public:
     bool GetBof() const { return FBof; }
     /// Whether the last move tried to go behind the last record or went there.
     bool GetEof() const { return FEof; }
-    void First();
-    void Prior() { MoveBy(-1); }
-    void Next() { MoveBy(1); }
-    void Last();
+    void First();                ///< goes to the first record
+    void Prior() { MoveBy(-1); } ///< moves by one record towards the first
+    void Next() { MoveBy(1); }   ///< moves by one record towards the last
+    void Last();                 ///< goes to the last record
     /// Moves over so many records, backwards when negative, stopping at either end.
     void MoveBy(int ADistance);
 
@@ -124,7 +127,9 @@ public:
     /// Posts or cancels a pending record, as a move does.
     void CheckBrowseMode();
 
+    /// To be removed before it goes.
     void AddListener(TDataSetListener *AListener) { FListeners.push_back(AListener); }
+    /// One that does not listen changes nothing.
     void RemoveListener(TDataSetListener *AListener) { std::erase(FListeners, AListener); }
 
 private:

@@ -7,6 +7,7 @@
 /// Who is told of what happens to a data source.
 class ZT_DBEDITOR_EXPORT TDataLink {
 public:
+    /// `AField` is null when it is not about one field.
     virtual void DataEvent(TDataEvent AEvent, TField *AField) = 0;
     /// The data source is about to go; the link lets go of it.
     virtual void DataSourceRemoved() = 0;
@@ -15,6 +16,7 @@ protected:
     ~TDataLink() = default;
 };
 
+/// `Field` is null when it is not about one field.
 using TDataChangeEvent = std::function<void(QObject *Sender, TField *Field)>;
 
 /// Connects a dataset with the controls that show it.
@@ -52,7 +54,9 @@ public:
     /// Puts the dataset into edit state if that is automatic and it is in browse state.
     void Edit();
 
+    /// To be removed before it goes.
     void AddDataLink(TDataLink *ALink) { FLinks.push_back(ALink); }
+    /// One that does not listen changes nothing.
     void RemoveDataLink(TDataLink *ALink) { std::erase(FLinks, ALink); }
 
 private:

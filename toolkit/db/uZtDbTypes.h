@@ -13,6 +13,7 @@ class ZT_DBEDITOR_EXPORT EDatabaseError : public EZtException {
     using EZtException::EZtException;
 };
 
+/// What a dataset is doing.
 enum class TDataSetState : quint8 {
     dsInactive, ///< closed: no records and no fields
     dsBrowse,   ///< looking at a record

@@ -14,12 +14,13 @@ class TDataSet;
 /// The record that a field belongs to, as the field sees it. Columns are counted from 0.
 class ZT_DBEDITOR_EXPORT TFieldRecord {
 public:
-    virtual TDataSet *RecordDataSet() = 0;
+    virtual TDataSet *RecordDataSet() = 0; ///< the one that is told of stores
     /// What keeps the field alive while it is held.
     virtual const TZtNotifier &Holder() const = 0;
     /// Raises without a pending record.
     virtual void CheckPending() const = 0;
-    virtual bool CanModify() const = 0;
+    virtual bool CanModify() const = 0; ///< whether it can be changed at all
+    /// What a column holds now, also what was stored and not posted.
     virtual QVariant GetValue(int AIndex) const = 0;
     /// Puts a value into the record and returns the one before; nobody is told.
     virtual QVariant ExchangeValue(int AIndex, const QVariant &AValue) = 0;
@@ -38,6 +39,7 @@ protected:
 /// `EDatabaseError` otherwise. It is checked by `OnValidate`, and tells the data sources at once.
 class ZT_DBEDITOR_EXPORT TField {
 public:
+    /// Read-only at first as `AColumn` is. `ARecord` outlives the field or calls `Detach`.
     TField(TFieldRecord *ARecord, int AIndex, const QSqlField &AColumn);
     TField(const TField &) = delete;
     TField &operator=(const TField &) = delete;
@@ -47,6 +49,7 @@ public:
 
     /// Null once the dataset is closed.
     TDataSet *GetDataSet() const { return FRecord ? FRecord->RecordDataSet() : nullptr; }
+    /// The column's, as the database spells it.
     QString GetFieldName() const { return FColumn.name(); }
     /// 0-based.
     int GetIndex() const { return FIndex; }
@@ -64,6 +67,7 @@ public:
     /// database's encoding does not, and storing what was made of it would change them.
     bool IsExact() const { return !FRecord || FRecord->IsExact(FIndex); }
 
+    /// Whether the value is the database's null.
     bool IsNull() const { return GetValue().isNull(); }
     /// Stores null.
     void Clear();

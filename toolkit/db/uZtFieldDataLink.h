@@ -27,6 +27,7 @@ public:
     /// the mark is cleared afterwards, unless this raises.
     TNotifyEvent OnUpdateData;
 
+    /// The one that holds the link, which does not use it.
     QObject *GetControl() const { return FControl; }
     void SetControl(QObject *Value) { FControl = Value; }
     TDataSource *GetDataSource() const { return FDataSource; }
@@ -35,15 +36,17 @@ public:
     /// Whether the data source must not be exchanged, as within a grid's control.
     bool GetDataSourceFixed() const { return FDataSourceFixed; }
     void SetDataSourceFixed(bool Value) { FDataSourceFixed = Value; }
+    /// Null without a data source.
     TDataSet *GetDataSet() const { return FDataSource ? FDataSource->GetDataSet() : nullptr; }
     QString GetFieldName() const { return FFieldName; }
     /// A data-change tells of another field.
     void SetFieldName(const QString &Value);
     /// The field; null while the dataset is closed or has none of this name.
     TField *GetField() const { return FField; }
+    /// Forbids changes through this link, from the next change of the state on.
     bool GetReadOnly() const { return FReadOnly; }
     void SetReadOnly(bool Value) { FReadOnly = Value; }
-    bool GetEditing() const { return FEditing; }
+    bool GetEditing() const { return FEditing; } ///< whether the control may change the field now
     /// Whether the field can be changed through this link.
     bool CanModify() const { return !FReadOnly && FField && FField->CanModify(); }
 
@@ -51,6 +54,7 @@ public:
     bool Edit();
     /// Marks what the control holds as changed by the user.
     void Modified() { FModified = true; }
+    /// Whether the control holds what is not stored yet.
     bool IsModified() const { return FModified; }
     /// For `OnDataChange`: what the user changed goes on being held, and its mark stays. False when
     /// there is nothing of that, or when it is to be given up.

@@ -18,7 +18,7 @@ public:
     /// The model stays the caller's; its edit strategy becomes `OnRowChange`.
     explicit TModelSource(QSqlQueryModel *AModel) : FModel(AModel) {}
 
-    QSqlQueryModel *Model() const { return FModel; }
+    QSqlQueryModel *Model() const { return FModel; } ///< null when it has gone
 
     void Select() override;
     int Count() const override { return FModel ? FModel->rowCount() : 0; }

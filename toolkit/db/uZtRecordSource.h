@@ -10,6 +10,7 @@
 /// Somebody else changed what is about to be written, since it was read. Nothing was written.
 class ZT_DBEDITOR_EXPORT EUpdateConflict : public EDatabaseError {
 public:
+    /// `AStored` is what the database has, `AColumns` where it is other than what was read.
     EUpdateConflict(const QString &AMessage, const TZtValues &AStored,
                     const std::vector<int> &AColumns)
         : EDatabaseError(AMessage), FStored(AStored), FColumns(AColumns)
@@ -40,9 +41,11 @@ public:
     /// Reads the records anew. When the reading breaks off, those that came stay, and
     /// `ReadOnlyReason` tells why they cannot be changed.
     virtual void Select() = 0;
+    /// How many records were read.
     virtual int Count() const = 0;
     /// The columns' names and types.
     virtual QSqlRecord Columns() const = 0;
+    /// A value as the database gives it.
     virtual QVariant Value(int ARow, int AColumn) const = 0;
     /// The columns that tell a record from all others; all of them where there is no key.
     virtual std::vector<int> KeyColumns() const = 0;
@@ -64,6 +67,7 @@ public:
 
     /// The column of a name, letter case apart, or -1.
     int ColumnOf(const QString &AName) const;
+    /// All values of a record.
     TZtValues Record(int ARow) const;
     /// The last record whose values in `AColumns` are those of `AValues`, or -1.
     int Find(const TZtValues &AValues, const std::vector<int> &AColumns) const;
@@ -72,6 +76,7 @@ protected:
     /// Raises `EUpdateConflict` when a column of `AStored` is another one now than it was.
     static void CheckUnchanged(const TZtValues &AOld, const TZtValues &ANow,
                                const std::vector<bool> &AStored);
+    /// Calls `OnRecordsChange`, if it is set.
     void RecordsChanged() const
     {
         if (OnRecordsChange)

@@ -14,11 +14,15 @@
 
 class QPainter;
 
+/// Which button of the mouse.
 enum class TMouseButton : quint8 { mbLeft, mbRight, mbMiddle };
 
+/// Told of a key; `Key` set to 0 ends its work there.
 using TKeyEvent = std::function<void(QObject *Sender, quint16 &Key, TShiftState Shift)>;
+/// Told of a mouse button; `X` and `Y` are pixels in client coordinates.
 using TMouseEvent =
     std::function<void(QObject *Sender, TMouseButton Button, TShiftState Shift, int X, int Y)>;
+/// Told of the mouse; `X` and `Y` are pixels in client coordinates.
 using TMouseMoveEvent = std::function<void(QObject *Sender, TShiftState Shift, int X, int Y)>;
 
 /// Base of the controls that draw themselves: the published properties that every such control
@@ -47,15 +51,22 @@ class ZT_EDITOR_EXPORT TCustomControl : public QWidget, public TZtNotifier {
     Q_PROPERTY(int Height READ GetHeight WRITE SetHeight DESIGNABLE false)
 
 public:
+    /// Where bevels are drawn.
     enum class TBevelEdge : quint8 { beLeft = 1, beTop = 2, beRight = 4, beBottom = 8 };
     Q_DECLARE_FLAGS(TBevelEdges, TBevelEdge)
     Q_FLAG(TBevelEdges)
+    /// What a cut of the bevel looks like: not there, lowered, raised, or a strip of the face's
+    /// colour.
     enum class TBevelCut : quint8 { bvNone, bvLowered, bvRaised, bvSpace };
     Q_ENUM(TBevelCut)
+    /// Whether there are bevels; `bkTile` and `bkSoft` are drawn in light and shadow, `bkFlat` in
+    /// shadow alone.
     enum class TBevelKind : quint8 { bkNone, bkTile, bkSoft, bkFlat };
     Q_ENUM(TBevelKind)
+    /// The side of its parent that a control is docked to; `alClient` takes what is left.
     enum class TAlign : quint8 { alNone, alTop, alBottom, alLeft, alRight, alClient };
     Q_ENUM(TAlign)
+    /// To which sides of the parent the distance is kept.
     enum class TAnchorKind : quint8 { akLeft = 1, akTop = 2, akRight = 4, akBottom = 8 };
     Q_DECLARE_FLAGS(TAnchors, TAnchorKind)
     Q_FLAG(TAnchors)
@@ -70,14 +81,15 @@ public:
     /// then the inner one, each `BevelWidth` pixels wide, on the chosen edges.
     TBevelEdges GetBevelEdges() const { return FBevelEdges; }
     void SetBevelEdges(TBevelEdges Value);
-    TBevelCut GetBevelInner() const { return FBevelInner; }
+    TBevelCut GetBevelInner() const { return FBevelInner; } ///< the cut next to the client area
     void SetBevelInner(TBevelCut Value);
-    TBevelCut GetBevelOuter() const { return FBevelOuter; }
+    TBevelCut GetBevelOuter() const { return FBevelOuter; } ///< the cut at the control's edge
     void SetBevelOuter(TBevelCut Value);
-    TBevelKind GetBevelKind() const { return FBevelKind; }
+    TBevelKind GetBevelKind() const { return FBevelKind; } ///< `bkNone` by default
     void SetBevelKind(TBevelKind Value);
-    int GetBevelWidth() const { return FBevelWidth; }
+    int GetBevelWidth() const { return FBevelWidth; } ///< pixels of one cut; 1 by default
     void SetBevelWidth(int Value);
+    /// False lets a control that has a border of its own draw it as one line.
     bool GetCtl3D() const { return FCtl3D; }
     void SetCtl3D(bool Value);
     /// Docks the control to a side of its parent, unless a layout manages it.
@@ -90,28 +102,28 @@ public:
     QFont GetFont() const { return font(); }
     /// Takes effect at the next paint.
     void SetFont(const QFont &Value) { setFont(Value); }
-    int GetLeft() const { return x(); }
+    int GetLeft() const { return x(); } ///< pixels from the left of the parent
     void SetLeft(int Value) { SetBounds(Value, y(), width(), height()); }
-    int GetTop() const { return y(); }
+    int GetTop() const { return y(); } ///< pixels from the top of the parent
     void SetTop(int Value) { SetBounds(x(), Value, width(), height()); }
     /// The control's size in pixels, bevels included.
     int GetWidth() const { return width(); }
     void SetWidth(int Value) { SetBounds(x(), y(), Value, height()); }
-    int GetHeight() const { return height(); }
+    int GetHeight() const { return height(); } ///< pixels, bevels included
     void SetHeight(int Value) { SetBounds(x(), y(), width(), Value); }
 
-    TKeyEvent OnKeyDown;
-    TMouseEvent OnMouseDown;
-    TMouseEvent OnMouseUp;
-    TMouseMoveEvent OnMouseMove;
-    TNotifyEvent OnDblClick;
+    TKeyEvent OnKeyDown;         ///< fired by `KeyDown`
+    TMouseEvent OnMouseDown;     ///< fired by `MouseDown`
+    TMouseEvent OnMouseUp;       ///< fired by `MouseUp`
+    TMouseMoveEvent OnMouseMove; ///< fired by `MouseMove`
+    TNotifyEvent OnDblClick;     ///< fired by `DblClick`
 
     // --- component ------------------------------------------------------------------------------
 
     /// True between `BeginLoading` and `Loaded`, while a stored form is being read.
     bool IsLoading() const { return FLoading; }
-    void BeginLoading() { FLoading = true; }
-    virtual void Loaded() { FLoading = false; }
+    void BeginLoading() { FLoading = true; }    ///< see `IsLoading`
+    virtual void Loaded() { FLoading = false; } ///< the stored form was read
     /// True when the control is edited in a form designer.
     bool IsDesigning() const { return FDesigning; }
     void SetDesigning(bool Value) { FDesigning = Value; }
@@ -122,14 +134,16 @@ public:
 
     // --- geometry -------------------------------------------------------------------------------
 
+    /// Another parent widget; null for a window of its own.
     virtual void SetParent(QWidget *AParent);
+    /// Place in the parent and size, in pixels, bevels included.
     virtual void SetBounds(int ALeft, int ATop, int AWidth, int AHeight);
     /// Whether the control has its place in a window.
     bool WindowAvailable() const { return testAttribute(Qt::WA_WState_Created); }
     /// The control without its bevels, in the control's own coordinates.
     QRect ClientArea() const;
-    int GetClientWidth() const { return ClientArea().width(); }
-    int GetClientHeight() const { return ClientArea().height(); }
+    int GetClientWidth() const { return ClientArea().width(); }   ///< pixels without the bevels
+    int GetClientHeight() const { return ClientArea().height(); } ///< pixels without the bevels
 
     /// Asks for a paint.
     virtual void Invalidate() { update(); }
@@ -138,12 +152,18 @@ public:
 
     // --- input; the base fires the host's event --------------------------------------------------
 
+    /// A virtual-key code (`TZtKey`), before the characters that the key types. Fires `OnKeyDown`.
     virtual void KeyDown(quint16 &Key, TShiftState Shift);
     /// One UTF-16 unit of typed text, in `WParam`.
     virtual void WMChar(TZtMessage &Message) { Q_UNUSED(Message); }
+    /// Client coordinates. Fires `OnMouseDown`.
     virtual void MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y);
+    /// Client coordinates, also with no button down where the widget tracks the mouse. Fires
+    /// `OnMouseMove`.
     virtual void MouseMove(TShiftState Shift, int X, int Y);
+    /// Client coordinates. Fires `OnMouseUp`.
     virtual void MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y);
+    /// The second press of a double click, before `MouseDown` tells of it. Fires `OnDblClick`.
     virtual void DblClick();
     /// Something is dropped at a position; `Source` is null when it comes from another program.
     virtual void DragDrop(QObject *Source, int X, int Y)
@@ -152,8 +172,8 @@ public:
         Q_UNUSED(X);
         Q_UNUSED(Y);
     }
-    virtual void CMEnter() {}
-    virtual void CMExit() {}
+    virtual void CMEnter() {} ///< the focus came, other than back from a popup or another window
+    virtual void CMExit() {}  ///< the focus went, other than to a popup or another window
     /// Handles a message; true when it was one of the control's.
     virtual bool Dispatch(TZtMessage &Message);
 
@@ -192,6 +212,7 @@ protected:
     void TypeCharacters(const QString &S);
     /// The device of the paint in progress, with the origin at the client area; null outside.
     QPainter *Canvas() const { return FCanvas; }
+    /// What the paint in progress has to draw, in client coordinates.
     const QRegion &PaintRegion() const { return FPaintRegion; }
 
 private:

@@ -10,8 +10,10 @@
 /// `connect`, where it takes as many arguments as the operation does.
 template <typename TOperation> class TZtGuarded {
 public:
+    /// Keeps the operation.
     explicit TZtGuarded(TOperation AOperation) : FOperation(std::move(AOperation)) {}
 
+    /// Runs it, and hands what it raises to `ZtHandleException`.
     template <typename... TArguments>
     requires std::invocable<TOperation &, TArguments...>
     void operator()(TArguments &&...AArguments)

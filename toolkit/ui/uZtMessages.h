@@ -23,16 +23,17 @@ enum class TZtMsg : quint32 {
 /// A message on its way to a control.
 class ZT_EDITOR_EXPORT TZtMessage : public QEvent {
 public:
+    /// As `ZtPostMessage` makes it.
     TZtMessage(quint32 AMsg, quint64 AWParam, qint64 ALParam)
         : QEvent(EventType()), Msg(AMsg), WParam(AWParam), LParam(ALParam)
     {
     }
-    static QEvent::Type EventType();
+    static QEvent::Type EventType(); ///< of all messages
 
-    quint32 Msg;
-    quint64 WParam;
-    qint64 LParam;
-    qint64 Result = 0;
+    quint32 Msg;       ///< which one it is: a `TZtMsg` or a host's own
+    quint64 WParam;    ///< as the message says
+    qint64 LParam;     ///< as the message says
+    qint64 Result = 0; ///< what `ZtSendMessage` answers
 };
 
 /// Puts a message into the event queue of `AControl`; it is handled after the current event.
@@ -42,10 +43,12 @@ ZT_EDITOR_EXPORT void ZtPostMessage(QWidget *AControl, quint32 AMsg, quint64 AWP
 ZT_EDITOR_EXPORT qint64 ZtSendMessage(QWidget *AControl, quint32 AMsg, quint64 AWParam = 0,
                                       qint64 ALParam = 0);
 
+/// Of a named message.
 inline void ZtPostMessage(QWidget *AControl, TZtMsg AMsg, quint64 AWParam = 0, qint64 ALParam = 0)
 {
     ZtPostMessage(AControl, quint32(AMsg), AWParam, ALParam);
 }
+/// Of a named message.
 inline qint64 ZtSendMessage(QWidget *AControl, TZtMsg AMsg, quint64 AWParam = 0, qint64 ALParam = 0)
 {
     return ZtSendMessage(AControl, quint32(AMsg), AWParam, ALParam);

@@ -40,10 +40,15 @@ struct TZtPlatform {
     std::function<void(std::unique_ptr<QMimeData>)> SetClipboardData;
     /// Lines that one notch of the wheel scrolls; may be less than 1.
     std::function<int()> WheelLines;
+    /// `ZtMsgBoxInfo`.
     std::function<void(const QString &AText, const QString &ACaption)> MsgBoxInfo;
+    /// `ZtMsgBoxError`.
     std::function<void(const QString &AText, const QString &ACaption)> MsgBoxError;
+    /// `ZtMsgBoxYesNo`: 6 is Yes, any other value counts as No.
     std::function<int(const QString &AText, const QString &ACaption)> MsgBoxYesNo;
+    /// `ZtMsgBoxConfirm`: as `ZtMsgBoxYesNo`, with No as what Enter answers.
     std::function<int(const QString &AText, const QString &ACaption)> MsgBoxConfirm;
+    /// `ZtMsgBoxYesNoCancel`: 6 is Yes, 2 is Cancel, any other value counts as No.
     std::function<int(const QString &AText, const QString &ACaption)> MsgBoxYesNoCancel;
     /// Reports what was raised inside an event; the silent abort does not get here.
     std::function<void(const QString &AMessage)> ShowException;
@@ -101,6 +106,7 @@ ZT_EDITOR_EXPORT void ZtHandleException(std::exception_ptr AException);
 /// While it lives, `KeyboardShift` answers with the state that came with the event being handled.
 class ZT_EDITOR_EXPORT TZtEventShift {
 public:
+    /// Those of the event that is being handled.
     explicit TZtEventShift(Qt::KeyboardModifiers AModifiers);
     ~TZtEventShift();
     TZtEventShift(const TZtEventShift &) = delete;

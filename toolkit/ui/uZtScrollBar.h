@@ -7,6 +7,7 @@
 
 #include <optional>
 
+/// Which way a bar lies.
 enum class TScrollBarKind : quint8 { sbHorizontal, sbVertical };
 
 /// A scroll bar whose position runs from 0 to `Max`. The page size sets the thumb's length and is
@@ -21,14 +22,16 @@ public:
     /// Fired after the position changed, by whatever means.
     TNotifyEvent OnChange;
 
+    /// Turns the bar. Its thickness is left: see `FitThickness`.
     void SetKind(TScrollBarKind Value);
     /// Makes the bar as thick as a style sheet wants it, or else as it was made.
     void FitThickness();
     int GetPosition() const { return value(); }
     /// A value outside 0 to `Max` is clipped.
     void SetPosition(int Value) { setValue(Value); }
-    int GetMax() const { return maximum(); }
+    int GetMax() const { return maximum(); } ///< of the position; 0 or more
     void SetMax(int Value) { setMaximum(Value); }
+    /// How far a page is, which sets the thumb's length; kept as it was given.
     int GetPageSize() const { return FPageSize; }
     void SetPageSize(int Value);
     int GetLargeChange() const { return FLargeChange; }
