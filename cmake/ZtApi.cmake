@@ -1,7 +1,7 @@
 # The reference of what is installed, made by Doxygen: the target `api` makes build/…/api/html. What
 # is public and not described is an error. After all zt_part().
-set(pages ${PROJECT_SOURCE_DIR}/docs/api/main.md)
-set(input ${pages})
+file(GLOB input CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/*.md)
+list(PREPEND input ${PROJECT_SOURCE_DIR}/docs/api/main.md)
 foreach(part Parsers Editor DbEditor)
   get_target_property(headers ZtCodeEditor${part} HEADER_SET)
   list(APPEND input ${headers})

@@ -6,7 +6,7 @@
 build_packages='g++ cmake ninja-build qt6-base-dev qt6-svg-dev qt6-tools-dev
     qt6-l10n-tools qt6-translations-l10n libqt6sql6-sqlite libicu-dev
     fontconfig fonts-liberation fonts-dejavu-core'
-test_packages='libgtest-dev pkgconf dpkg-dev libqt6opengl6-dev
+test_packages='doxygen libgtest-dev pkgconf dpkg-dev libqt6opengl6-dev
     xvfb xdotool x11-xkb-utils xclip poppler-utils
     at-spi2-core dbus-daemon gir1.2-atspi-2.0 python3-pyatspi'
 
