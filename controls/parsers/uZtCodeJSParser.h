@@ -3,7 +3,7 @@
 #include "uZtExport.h"
 #include "uZtScriptLexer.h"
 
-// In a namespace of its own for the sake of Qt's reflection, which gives the names of the kinds.
+/// For Qt's reflection, which gives the names of the kinds; hosts write them without it.
 namespace ZtJS {
 Q_NAMESPACE_EXPORT(ZT_PARSERS_EXPORT)
 

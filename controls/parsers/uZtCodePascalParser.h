@@ -4,7 +4,7 @@
 #include "uZtExport.h"
 #include "uZtSet.h"
 
-// In a namespace of its own for the sake of Qt's reflection, which gives the names of the kinds.
+/// For Qt's reflection, which gives the names of the kinds; hosts write them without it.
 namespace ZtPascal {
 Q_NAMESPACE_EXPORT(ZT_PARSERS_EXPORT)
 

@@ -8,7 +8,7 @@
 #include <memory>
 #include <vector>
 
-// In a namespace of its own for the sake of Qt's reflection, which gives the names of the kinds.
+/// For Qt's reflection, which gives the names of the kinds; hosts write them without it.
 namespace ZtSql {
 Q_NAMESPACE_EXPORT(ZT_PARSERS_EXPORT)
 
@@ -21,7 +21,7 @@ enum class TZtSqlToken : quint8 {
     vtEndOfFile,
     vtKeyWord,
     vtFieldName,
-    vtQuotedValue,
+    vtQuotedValue, ///< a string
     vtNumber,
     vtParameter,
     vtComment

@@ -4,7 +4,7 @@
 #include "uZtExport.h"
 #include "uZtSet.h"
 
-// In a namespace of its own for the sake of Qt's reflection, which gives the names of the kinds.
+/// For Qt's reflection, which gives the names of the kinds; hosts write them without it.
 namespace ZtXml {
 Q_NAMESPACE_EXPORT(ZT_PARSERS_EXPORT)
 
@@ -22,13 +22,13 @@ enum class TZtXmlToken : quint8 {
     vtElmStart,
     vtElmEnd,
     vtElmEndSlash,
-    vtElmCharacters,
+    vtElmCharacters, ///< text between tags
     vtCDATAStart,
     vtCDATAEnd,
     vtCDATACharacters,
     vtComment,
     vtProlog,
-    vtProcessing
+    vtProcessing ///< a processing instruction
 };
 Q_ENUM_NS(TZtXmlToken)
 } // namespace ZtXml

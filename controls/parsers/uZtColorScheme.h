@@ -31,33 +31,33 @@ private:
     QString FReason;
 };
 
-// In a namespace of its own for the sake of Qt's reflection, which gives the names of the parts.
+/// For Qt's reflection, which gives the names of the parts; hosts write them without it.
 namespace ZtScheme {
 Q_NAMESPACE_EXPORT(ZT_PARSERS_EXPORT)
 
 /// The parts of the view that have a colour. In a file they are named without the prefix.
 enum class TZtViewColor : quint8 {
-    vcText,
+    vcText, ///< what no element draws
     vcBackground,
     vcReadOnly, ///< background of a read-only text
     vcSelectionText,
-    vcSelection,
-    vcCurrentLine,
-    vcRightMargin,
-    vcGuttor, ///< background of the gutter
-    vcGuttorEdge,
-    vcGuttorText, ///< the line numbers
-    vcCurrentNumber,
-    vcGuide,
-    vcCurrentGuide,
-    vcBlank,   ///< visible blanks
-    vcBracket, ///< the box of the pair
-    vcBracketBack,
-    vcUnmatched,
-    vcMatch, ///< background of what a search for all has found
-    vcWord,  ///< background of the word at the caret where it stands elsewhere
-    vcChanged,
-    vcSaved,
+    vcSelection,     ///< background of what is selected
+    vcCurrentLine,   ///< background of the caret's line
+    vcRightMargin,   ///< the line at the margin
+    vcGuttor,        ///< background of the gutter
+    vcGuttorEdge,    ///< the line between gutter and text
+    vcGuttorText,    ///< the line numbers
+    vcCurrentNumber, ///< that of the caret's line
+    vcGuide,         ///< a line of indentation
+    vcCurrentGuide,  ///< that of the caret's block
+    vcBlank,         ///< visible blanks
+    vcBracket,       ///< the box of the pair
+    vcBracketBack,   ///< background of the pair
+    vcUnmatched,     ///< a bracket without its other one
+    vcMatch,         ///< background of what a search for all has found
+    vcWord,          ///< background of the word at the caret where it stands elsewhere
+    vcChanged,       ///< bar of a line that is not saved
+    vcSaved,         ///< bar of a line saved since it was changed
     vcBookmark,
     vcBreakpoint,
     vcStatement,

@@ -48,7 +48,7 @@ struct TZtJournalHeader {
 enum class TZtJournalKind : quint8 {
     jkHeader, ///< comes first
     jkBase,   ///< the bytes of the file that the text came from
-    jkChange,
+    jkChange, ///< what was removed and what came in its place
     jkSaving, ///< the text as it is here is being saved, as bytes of this hash
 };
 

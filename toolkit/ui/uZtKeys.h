@@ -18,10 +18,10 @@ inline constexpr TShiftKey ssShift = TShiftKey::ssShift;
 inline constexpr TShiftKey ssAlt = TShiftKey::ssAlt;
 inline constexpr TShiftKey ssCtrl = TShiftKey::ssCtrl;
 
-/// Virtual-key codes. Letters and digits have the code of their upper-case character.
+/// Virtual-key codes. Letters and digits have the code of their upper-case character. `Prior` and
+/// `Next` are Page Up and Page Down, `Apps` is the menu key.
 namespace TZtKey {
-/// The code of the key of this name: `Prior` and `Next` are Page Up and Page Down, `Apps` is the
-/// menu key, 0 none.
+/// As `TCustomControl::KeyDown` is given it.
 inline constexpr quint16 None = 0, Back = 0x08, Tab = 0x09, Clear = 0x0C, Return = 0x0D,
                          Pause = 0x13, CapsLock = 0x14, Escape = 0x1B, Space = 0x20, Prior = 0x21,
                          Next = 0x22, End = 0x23, Home = 0x24, Left = 0x25, Up = 0x26, Right = 0x27,

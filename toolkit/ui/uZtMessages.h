@@ -9,15 +9,15 @@ class QWidget;
 
 /// The messages that can be posted to a control from outside.
 enum class TZtMsg : quint32 {
-    wmEraseBkgnd = 20,
-    wmGetDlgCode = 135,
-    wmChar = 258,
-    wmMouseWheel = 522,
-    wmCut = 768,
-    wmCopy = 769,
-    wmPaste = 770,
-    wmUndo = 772,
-    wmUser = 1024,
+    wmEraseBkgnd = 20,  ///< answered with 1: the background is taken care of
+    wmGetDlgCode = 135, ///< answered with the kinds of keys that are wanted
+    wmChar = 258,       ///< `TCustomControl::WMChar`
+    wmMouseWheel = 522, ///< a notch, whose direction is the sign of the high word of `WParam`
+    wmCut = 768,        ///< the selected text goes to the clipboard
+    wmCopy = 769,       ///< the selected text is copied
+    wmPaste = 770,      ///< the clipboard's text replaces the selection
+    wmUndo = 772,       ///< takes the last change back
+    wmUser = 1024,      ///< the first of a control's own
 };
 
 /// A message on its way to a control.
