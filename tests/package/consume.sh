@@ -89,15 +89,29 @@ subproject_whole) # the README's sample with all that it needs
     ;;
 headers) # each alone, with the warnings that an application may make errors
     cd "$prefix/include/ZtCodeEditor"
-    folders=
+    flags='-std=c++20 -fPIC -Wall -Wextra -Wconversion -Wshadow -Werror -I.'
     for library in Core Gui Widgets Sql; do
-        folders="$folders $(pkg-config --cflags-only-I Qt6$library | sed 's/-I/-isystem /g')"
+        flags="$flags $(pkg-config --cflags-only-I Qt6$library | sed 's/-I/-isystem /g')"
     done
-    [ -z "$static" ] || folders="$folders -DZT_STATIC"
+    [ -z "$static" ] || flags="$flags -DZT_STATIC"
+    # Most of the time goes into what nearly all include. It is compiled once, and only for those
+    # whose own includes lead there, so that one that is missing is still missed.
+    for common in QObject QString; do
+        echo "#include <$common>" >"$here/$common.h"
+        echo "-x c++-header $here/$common.h -o $here/$common.h.gch"
+    done | xargs -P 2 -L 1 c++ $flags
+    for header in *.h; do
+        includes=$(c++ -M -MG -nostdinc -nostdinc++ -I. -x c++ "$header" | tr '\n' ' ')
+        case " $includes" in
+        *' QObject '*) echo "-include $here/QObject.h -include $header" ;;
+        *' QString '*) echo "-include $here/QString.h -include $header" ;;
+        *) echo "-include $header" ;;
+        esac
+    done >"$here/checks"
+    [ -s "$here/checks" ] || fail 'there are no headers'
     # shellcheck disable=SC2086
-    printf '%s\n' *.h | xargs -P 2 -I '{}' \
-        c++ -std=c++20 -fPIC -fsyntax-only -Wall -Wextra -Wconversion -Wshadow -Werror \
-        -I. $folders -include '{}' -x c++ /dev/null
+    xargs -P 2 -L 1 c++ $flags -fsyntax-only -x c++ /dev/null <"$here/checks"
+    rm "$here"/*.gch # a quarter of a gigabyte
     ;;
 deb)
     (cd "$build" && cpack -G DEB -B "$here/packages")
