@@ -1,4 +1,4 @@
-// Shows an INI file, or the sample beside this source, in the colours of a scheme.
+// Shows an INI file, or the sample beside this source, in the desktop's light or dark colours.
 #include "IniLexer.h"
 
 #include "uZtCodeEdit.h"
@@ -8,11 +8,12 @@
 int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
+    const bool dark = QApplication::palette().color(QPalette::Base).lightness() < 128;
     const QStringList arguments = QApplication::arguments();
     TZtCodeEdit editor;
     editor.SetCorrections(ZtAllCorrections());
     editor.SetExtras(ZtAllExtras());
-    editor.SetScheme(TZtColorScheme::Find(QStringLiteral("Light")));
+    editor.SetScheme(TZtColorScheme::Find(dark ? "Dark" : "Light"));
     editor.SetParser(new TIniLexer(&editor));
     try {
         editor.LoadFromFile(arguments.value(1, QStringLiteral(SAMPLE)));

@@ -48,7 +48,12 @@ constexpr char Filled[] = R"(
 
 class TDesigner : public testing::Test {
 protected:
-    static void SetUpTestSuite() { QCoreApplication::addLibraryPath(QStringLiteral(ZT_PLUGINS)); }
+    // QT_PLUGIN_PATH stands for another plugin than the one in the build folder.
+    static void SetUpTestSuite()
+    {
+        if (!qEnvironmentVariableIsSet("QT_PLUGIN_PATH"))
+            QCoreApplication::addLibraryPath(QStringLiteral(ZT_PLUGINS));
+    }
 };
 
 QString Trimmed(const QWidget *AEditor) { return AEditor->property("Text").toString().trimmed(); }

@@ -24,11 +24,10 @@ sample() {
         inside && count == wanted' "$source/README.md"
 }
 
-# The sample shows its window until it is ended.
-lives() {
-    status=0
-    timeout 3 "$@" || status=$?
-    [ $status -eq 124 ] || fail "$1 ended with $status"
+# The program shows an editor in light colours: tests/embed/visitor.cpp looks, and ends it.
+shows() {
+    timeout 60 env QT_PLUGIN_PATH="$build/test-plugins" QT_QPA_GENERIC_PLUGINS=ztvisitor:light "$@" ||
+        fail "$1 ended with $?"
 }
 
 write_sample() {
@@ -55,7 +54,7 @@ install) # into one folder, found in another one
 find_package)
     write_sample
     build_sample -DCMAKE_PREFIX_PATH="$prefix"
-    lives "$here/build/hello"
+    shows "$here/build/hello"
     ;;
 pkg-config)
     write_sample
@@ -65,7 +64,7 @@ pkg-config)
     export LD_LIBRARY_PATH
     command=$(sample sh 1 | sed "s/pkg-config/pkg-config $static/")
     (cd "$here" && eval "$command")
-    lives "$here/hello"
+    shows "$here/hello"
     ;;
 subproject) # the lexers alone: whatever else there is would be compiled once more
     {
@@ -85,7 +84,25 @@ subproject_whole) # the README's sample with all that it needs
     sample cmake 2 | sed "s,SOURCE_DIR .*),SOURCE_DIR $source EXCLUDE_FROM_ALL)," >"$here/fetch"
     sed -i -e "/find_package/{r $here/fetch" -e 'd}' "$here/CMakeLists.txt"
     build_sample --target hello
-    lives "$here/build/hello"
+    shows "$here/build/hello"
+    ;;
+examples) # as they are, but built in one go
+    {
+        sample cmake 1 | sed 2q
+        for example in "$source"/examples/embed/*/ "$source/examples/lexer/"; do
+            cp -R "$example" "$here"
+            echo "add_subdirectory($(basename "$example"))"
+        done
+    } >"$here/CMakeLists.txt"
+    build_sample -DCMAKE_PREFIX_PATH="$prefix"
+    for program in "$here"/build/*/embed_* "$here/build/lexer/example_lexer"; do
+        [ -d "$program" ] || shows "$program"
+    done
+    ;;
+designer) # the plugin, which finds the libraries by its own place
+    QT_PLUGIN_PATH=$(dirname "$(dirname "$(find "$prefix" -path '*/designer/libztcodeeditor.so')")")
+    export QT_PLUGIN_PATH
+    "$build/bin/test_designer"
     ;;
 headers) # each alone, with the warnings that an application may make errors
     cd "$prefix/include/ZtCodeEditor"
@@ -120,7 +137,7 @@ deb)
     done
     write_sample
     build_sample -DCMAKE_PREFIX_PATH="$here/root/usr"
-    lives "$here/build/hello"
+    shows "$here/build/hello"
     ;;
 *) fail "there is no way named $way" ;;
 esac
