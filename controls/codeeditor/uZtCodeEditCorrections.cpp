@@ -3,6 +3,7 @@
 #include "uZtEditExtras.h"
 #include "uZtEditedText.h"
 #include "uZtHighlighter.h"
+#include "uZtPrimarySelection.h"
 
 #include <QScopedValueRollback>
 
@@ -151,6 +152,8 @@ void TZtCodeEdit::ShareText(TZtCodeEdit *AOther)
 {
     if (!AOther || AOther->FText == FText)
         return;
+    if (FPrimary)
+        FPrimary->Keep();
     const TZtCorrections corrections = FCorrections;
     SetCorrections({});
     DetachText();

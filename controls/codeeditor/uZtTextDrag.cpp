@@ -58,6 +58,7 @@ void TZtTextDrag::Run()
     const TZtNotifier::THold hold(FEdit); // it may be deleted before the button goes up
     auto data = FEdit.CreateMimeData();
     const QString text = data->text();
+    FRevision = FEdit.GetLines()->GetRevision();
     auto *drag = new QDrag(&FEdit); // Qt deletes it
     drag->setMimeData(data.release());
     FMoved = false;
@@ -86,6 +87,9 @@ bool TZtTextDrag::Takes(const QDropEvent &AEvent) const
 
 // Whether what is dragged comes from the text that is shown here.
 bool TZtTextDrag::IsOwn() const { return Running && Running->FEdit.GetLines() == FEdit.GetLines(); }
+
+// Whether what is dragged still stands where it stood.
+bool TZtTextDrag::IsIntact() const { return FEdit.GetLines()->GetRevision() == FRevision; }
 
 bool TZtTextDrag::IsPlaceFor(const QDropEvent &AEvent, const QPoint &APlace) const
 {
@@ -140,10 +144,10 @@ void TZtTextDrag::Drop(QDropEvent &AEvent)
     TZtFirstException raised;
     FEdit.BeginUpdate();
     raised.Run([&] {
-        if (moves) {
+        if (moves && Running->IsIntact())
             place = TakeOut(place, text);
+        if (moves)
             Running->FMoved = true;
-        }
         PutIn(place, text);
     });
     raised.Run([&] { FEdit.EndUpdate(); });

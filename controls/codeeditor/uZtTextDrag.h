@@ -52,6 +52,7 @@ private:
     bool IsPlaceFor(const QDropEvent &AEvent, const QPoint &APlace) const;
     QPoint PixelOf(const QDropEvent &AEvent) const;
     bool IsOwn() const;
+    bool IsIntact() const;
     QPoint TakeOut(QPoint APlace, QString &AText);
     void PutIn(const QPoint &APlace, const QString &AText);
     void MarkPlace(const QRect &AMark);
@@ -63,6 +64,7 @@ private:
     QPoint FPressed;
     QPoint FFrom; // the range that is dragged
     QPoint FTo;
+    quint64 FRevision = 0; // of the text then
     QRect FMark;
     QPoint FPointer;
     QBasicTimer FScroll;

@@ -293,6 +293,17 @@ TEST_F(TDragInput, WithinATextAMoveIsOneStep)
     }
 }
 
+TEST_F(TDragInput, WhatOthersWroteInItsPlaceStays)
+{
+    Rig.SetMarked("[abc] def\ngh");
+    Target = [this](QDrag *drag, Qt::DropActions) {
+        Edit.GetLines()->SetStrings(0, "ABCDE");
+        return Drop(Edit, *drag->mimeData(), {1, 1});
+    };
+    Rig.Do("press@1,0 move@12,0 release@12,0");
+    EXPECT_EQ(Rig.Lines().join(u'/'), "ABCDE/gabch");
+}
+
 TEST_F(TDragInput, BetweenEditorsItGoesWhenItHasArrived)
 {
     TZtCodeEdit other;
@@ -441,6 +452,12 @@ TEST_F(TInput, WhatIsSelectedIsThePrimarySelection)
     EXPECT_EQ(text(), "other");
     Rig.Do("Ctrl+A");
     EXPECT_EQ(text(), "bcabc\ndef");
+    TZtCodeEdit other;
+    other.SetText("other text");
+    Edit.SetText("first text"); // as often changed as the other one
+    Rig.Do("Ctrl+A");
+    Edit.ShareText(&other);
+    EXPECT_EQ(text(), "first text") << "what was selected is of the text before";
     Edit.SetExtras({});
     EXPECT_EQ(text(), "-");
 }
