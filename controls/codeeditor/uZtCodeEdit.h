@@ -122,7 +122,7 @@ public:
     // =============================================
 
     TBorderStyle GetBorderStyle() const { return FBorderStyle; }
-    /// Stored only; the next paint draws the border.
+    /// The frame while `Ctl3D` is off. Stored only; the next paint draws it.
     Q_SLOT void SetBorderStyle(TBorderStyle Value) { FBorderStyle = Value; }
     /// The live text. The host may edit it; nothing is recorded for undo then.
     TStringList *GetLines() const final { return FLines; }
@@ -145,11 +145,13 @@ public:
     /// The menu of a right click.
     void SetPopupMenu(QMenu *Value);
     int GetGuttorWidth() const { return FGuttorWidth; }
-    /// Pixels. Stored only: layout and picture follow with the next change of either.
+    /// The gutter in pixels where it has no columns. Stored only: layout and picture follow with
+    /// the next change of either.
     Q_SLOT void SetGuttorWidth(int Value) { FGuttorWidth = Value; }
     int GetRightMargin() const { return FRightMargin; }
     /// The column of the margin's line.
     Q_SLOT void SetRightMargin(int Value);
+    /// The colour of the margin's line.
     TColor GetRightMarginColor() const { return FRightMarginColor; }
     void SetRightMarginColor(TColor Value);
     /// What `ZtToColor` makes a colour of: for forms and style sheets. Ignores all else.
@@ -182,7 +184,8 @@ public:
         FParserColumn = 0;
     }
     bool GetModified() const { return FModified; }
-    /// Also says which text the saved one is, for `zcEvents`.
+    /// Whether the text was changed since this was set to false, as a save does. False also says
+    /// which text the saved one is, for `zcEvents`.
     Q_SLOT void SetModified(bool Value);
 
     const TNotifyEvent &GetOnCursorChange() const { return FOnCursorChange; }
@@ -360,12 +363,12 @@ public:
     // ==================================================
 
     int GetCharPos() const final { return FCharPos; }
-    /// Moves the caret in its line; right of the line's end is allowed. A negative column gives
-    /// column 0 of the line above. Scrolls it into view and fires `OnCursorChange`; the selection
-    /// follows.
+    /// The caret's column, 0-based. Moves the caret in its line; right of its end is allowed. A
+    /// negative column gives column 0 of the line above. Scrolls it into view and fires
+    /// `OnCursorChange`; the selection follows.
     Q_SLOT void SetCharPos(int Value) final;
     int GetLinePos() const final { return FLinePos; }
-    /// Moves the caret to a line, clamped to the text. The column stays.
+    /// The caret's line, 0-based, clamped to the text. The column stays.
     Q_SLOT void SetLinePos(int Value) final;
     /// Puts the caret's mark where the caret is, or hides it outside the text area.
     void ResetCaret();

@@ -12,7 +12,7 @@
 function declaration(i,    s, first) {
     s = lines[i]
     first = i
-    if (s ~ /^ *Q_/)
+    if (s ~ /^ *Q_(PROPERTY|DECLARE_FLAGS)\(/)
         while (s !~ /\)$/ && i < NR)
             s = s " " lines[++i]
     else
@@ -53,7 +53,7 @@ function implied(s) {
     if ($0 ~ /^ *(class|struct) [^;]*$/)
         scope = $0
     scopes[NR] = scope
-    begins[NR] = !inside
+    begins[NR] = !inside && $0 !~ /^ *([A-Za-z_ ]+:|Q_OBJECT|Q_GADGET)$/
     if ($0 ~ /^ *\/\/\/($| )/) {
         sub(/^ *\/\/\/ */, "")
         text = text (text == "" ? "" : " ") $0
