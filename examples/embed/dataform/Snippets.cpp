@@ -1,6 +1,9 @@
 #include "Snippets.h"
 
-#include "uZtSqlTools.h"
+#include "uZtDbTypes.h"
+
+#include <QSqlError>
+#include <QSqlQuery>
 
 namespace {
 
@@ -24,10 +27,10 @@ QSqlDatabase MakeSnippets()
     QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"));
     database.setDatabaseName(QStringLiteral(":memory:"));
     if (!database.open())
-        ZtRaiseSqlError(database.lastError());
+        throw EDatabaseError(database.lastError().text());
     QSqlQuery query(database);
     for (const char *statement : Statements)
         if (!query.exec(QString::fromLatin1(statement)))
-            ZtRaiseSqlError(query.lastError());
+            throw EDatabaseError(query.lastError().text());
     return database;
 }
