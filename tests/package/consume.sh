@@ -116,7 +116,9 @@ headers) # each alone, with the warnings that an application may make errors
     for common in QObject QString; do
         echo "#include <$common>" >"$here/$common.h"
         echo "-x c++-header $here/$common.h -o $here/$common.h.gch"
-    done | xargs -P 2 -L 1 c++ $flags
+    done >"$here/common"
+    # shellcheck disable=SC2086 # one word an option
+    xargs -P 2 -L 1 c++ $flags <"$here/common"
     for header in *.h; do
         includes=$(c++ -M -MG -nostdinc -nostdinc++ -I. -x c++ "$header" | tr '\n' ' ')
         case " $includes" in
