@@ -652,14 +652,6 @@ Sein Text bleibt im Editor; speichern Sie ihn später noch einmal, oder brechen 
         <translation>Die Änderungen an „%1“ verwerfen und neu lesen?</translation>
     </message>
     <message>
-        <source>Go to line</source>
-        <translation>Gehe zu Zeile</translation>
-    </message>
-    <message>
-        <source>Line, from 1 to %1:</source>
-        <translation>Zeile, von 1 bis %1:</translation>
-    </message>
-    <message>
         <source>Load diagnostics</source>
         <translation>Diagnosen laden</translation>
     </message>
@@ -704,56 +696,12 @@ Sein Text bleibt im Editor; speichern Sie ihn später noch einmal, oder brechen 
         <translation>&amp;Datei</translation>
     </message>
     <message>
-        <source>&amp;Undo	Ctrl+Z</source>
-        <translation>&amp;Rückgängig	Ctrl+Z</translation>
-    </message>
-    <message>
-        <source>&amp;Redo	Ctrl+Y</source>
-        <translation>&amp;Wiederherstellen	Ctrl+Y</translation>
-    </message>
-    <message>
-        <source>Cu&amp;t	Ctrl+X</source>
-        <translation>&amp;Ausschneiden	Ctrl+X</translation>
-    </message>
-    <message>
-        <source>&amp;Copy	Ctrl+C</source>
-        <translation>&amp;Kopieren	Ctrl+C</translation>
-    </message>
-    <message>
-        <source>&amp;Paste	Ctrl+V</source>
-        <translation>&amp;Einfügen	Ctrl+V</translation>
-    </message>
-    <message>
-        <source>Select &amp;all	Ctrl+A</source>
-        <translation>A&amp;lles auswählen	Ctrl+A</translation>
-    </message>
-    <message>
         <source>Select to &amp;bracket	Ctrl+Shift+M</source>
         <translation>&amp;Bis zur Klammer auswählen	Ctrl+Shift+M</translation>
     </message>
     <message>
         <source>&amp;Edit</source>
         <translation>&amp;Bearbeiten</translation>
-    </message>
-    <message>
-        <source>&amp;Find…	Ctrl+F</source>
-        <translation>&amp;Suchen…	Ctrl+F</translation>
-    </message>
-    <message>
-        <source>&amp;Replace…	Ctrl+R</source>
-        <translation>&amp;Ersetzen…	Ctrl+R</translation>
-    </message>
-    <message>
-        <source>Find &amp;next	F3</source>
-        <translation>&amp;Weitersuchen	F3</translation>
-    </message>
-    <message>
-        <source>Find &amp;previous	Shift+F3</source>
-        <translation>&amp;Rückwärts weitersuchen	Shift+F3</translation>
-    </message>
-    <message>
-        <source>&amp;Go to line…</source>
-        <translation>&amp;Gehe zu Zeile…</translation>
     </message>
     <message>
         <source>Go to brac&amp;ket	Ctrl+M</source>

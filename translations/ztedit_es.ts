@@ -652,14 +652,6 @@ Su texto permanece en el editor; guárdelo más tarde o cancele.</translation>
         <translation>¿Descartar los cambios de «%1» y leerlo de nuevo?</translation>
     </message>
     <message>
-        <source>Go to line</source>
-        <translation>Ir a la línea</translation>
-    </message>
-    <message>
-        <source>Line, from 1 to %1:</source>
-        <translation>Línea, de 1 a %1:</translation>
-    </message>
-    <message>
         <source>Load diagnostics</source>
         <translation>Cargar diagnósticos</translation>
     </message>
@@ -704,56 +696,12 @@ Su texto permanece en el editor; guárdelo más tarde o cancele.</translation>
         <translation>&amp;Archivo</translation>
     </message>
     <message>
-        <source>&amp;Undo	Ctrl+Z</source>
-        <translation>&amp;Deshacer	Ctrl+Z</translation>
-    </message>
-    <message>
-        <source>&amp;Redo	Ctrl+Y</source>
-        <translation>&amp;Rehacer	Ctrl+Y</translation>
-    </message>
-    <message>
-        <source>Cu&amp;t	Ctrl+X</source>
-        <translation>Cor&amp;tar	Ctrl+X</translation>
-    </message>
-    <message>
-        <source>&amp;Copy	Ctrl+C</source>
-        <translation>&amp;Copiar	Ctrl+C</translation>
-    </message>
-    <message>
-        <source>&amp;Paste	Ctrl+V</source>
-        <translation>&amp;Pegar	Ctrl+V</translation>
-    </message>
-    <message>
-        <source>Select &amp;all	Ctrl+A</source>
-        <translation>&amp;Seleccionar todo	Ctrl+A</translation>
-    </message>
-    <message>
         <source>Select to &amp;bracket	Ctrl+Shift+M</source>
         <translation>Seleccionar hasta el paré&amp;ntesis	Ctrl+Shift+M</translation>
     </message>
     <message>
         <source>&amp;Edit</source>
         <translation>&amp;Editar</translation>
-    </message>
-    <message>
-        <source>&amp;Find…	Ctrl+F</source>
-        <translation>&amp;Buscar…	Ctrl+F</translation>
-    </message>
-    <message>
-        <source>&amp;Replace…	Ctrl+R</source>
-        <translation>&amp;Reemplazar…	Ctrl+R</translation>
-    </message>
-    <message>
-        <source>Find &amp;next	F3</source>
-        <translation>Buscar &amp;siguiente	F3</translation>
-    </message>
-    <message>
-        <source>Find &amp;previous	Shift+F3</source>
-        <translation>Buscar &amp;anterior	Shift+F3</translation>
-    </message>
-    <message>
-        <source>&amp;Go to line…</source>
-        <translation>&amp;Ir a la línea…</translation>
     </message>
     <message>
         <source>Go to brac&amp;ket	Ctrl+M</source>
@@ -769,7 +717,7 @@ Su texto permanece en el editor; guárdelo más tarde o cancele.</translation>
     </message>
     <message>
         <source>Pre&amp;vious bookmark	Shift+F2</source>
-        <translation>&amp;Marcador anterior	Shift+F2</translation>
+        <translation>Marcador anteri&amp;or	Shift+F2</translation>
     </message>
     <message>
         <source>Next &amp;diagnostic	F8</source>

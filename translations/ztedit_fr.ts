@@ -652,14 +652,6 @@ Son texte reste dans l’éditeur&#xa0;; validez-le plus tard, ou annulez.</tran
         <translation>Abandonner les modifications de «&#xa0;%1&#xa0;» et le relire&#xa0;?</translation>
     </message>
     <message>
-        <source>Go to line</source>
-        <translation>Aller à la ligne</translation>
-    </message>
-    <message>
-        <source>Line, from 1 to %1:</source>
-        <translation>Ligne, de 1 à %1&#xa0;:</translation>
-    </message>
-    <message>
         <source>Load diagnostics</source>
         <translation>Charger des diagnostics</translation>
     </message>
@@ -704,56 +696,12 @@ Son texte reste dans l’éditeur&#xa0;; validez-le plus tard, ou annulez.</tran
         <translation>&amp;Fichier</translation>
     </message>
     <message>
-        <source>&amp;Undo	Ctrl+Z</source>
-        <translation>&amp;Annuler	Ctrl+Z</translation>
-    </message>
-    <message>
-        <source>&amp;Redo	Ctrl+Y</source>
-        <translation>&amp;Rétablir	Ctrl+Y</translation>
-    </message>
-    <message>
-        <source>Cu&amp;t	Ctrl+X</source>
-        <translation>Co&amp;uper	Ctrl+X</translation>
-    </message>
-    <message>
-        <source>&amp;Copy	Ctrl+C</source>
-        <translation>&amp;Copier	Ctrl+C</translation>
-    </message>
-    <message>
-        <source>&amp;Paste	Ctrl+V</source>
-        <translation>C&amp;oller	Ctrl+V</translation>
-    </message>
-    <message>
-        <source>Select &amp;all	Ctrl+A</source>
-        <translation>&amp;Tout sélectionner	Ctrl+A</translation>
-    </message>
-    <message>
         <source>Select to &amp;bracket	Ctrl+Shift+M</source>
         <translation>Sélectionner jusqu’à la &amp;parenthèse	Ctrl+Shift+M</translation>
     </message>
     <message>
         <source>&amp;Edit</source>
         <translation>É&amp;dition</translation>
-    </message>
-    <message>
-        <source>&amp;Find…	Ctrl+F</source>
-        <translation>&amp;Rechercher…	Ctrl+F</translation>
-    </message>
-    <message>
-        <source>&amp;Replace…	Ctrl+R</source>
-        <translation>Re&amp;mplacer…	Ctrl+R</translation>
-    </message>
-    <message>
-        <source>Find &amp;next	F3</source>
-        <translation>Rechercher le &amp;suivant	F3</translation>
-    </message>
-    <message>
-        <source>Find &amp;previous	Shift+F3</source>
-        <translation>Rechercher le &amp;précédent	Shift+F3</translation>
-    </message>
-    <message>
-        <source>&amp;Go to line…</source>
-        <translation>&amp;Aller à la ligne…</translation>
     </message>
     <message>
         <source>Go to brac&amp;ket	Ctrl+M</source>
@@ -781,7 +729,7 @@ Son texte reste dans l’éditeur&#xa0;; validez-le plus tard, ou annulez.</tran
     </message>
     <message>
         <source>&amp;Load diagnostics…</source>
-        <translation>C&amp;harger des diagnostics…</translation>
+        <translation>Ch&amp;arger des diagnostics…</translation>
     </message>
     <message>
         <source>&amp;Search</source>

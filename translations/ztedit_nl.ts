@@ -652,14 +652,6 @@ De tekst blijft in de editor; sla het later opnieuw op, of annuleer.</translatio
         <translation>De wijzigingen in ‘%1’ verwerpen en opnieuw lezen?</translation>
     </message>
     <message>
-        <source>Go to line</source>
-        <translation>Ga naar regel</translation>
-    </message>
-    <message>
-        <source>Line, from 1 to %1:</source>
-        <translation>Regel, van 1 tot %1:</translation>
-    </message>
-    <message>
         <source>Load diagnostics</source>
         <translation>Diagnoses laden</translation>
     </message>
@@ -704,56 +696,12 @@ De tekst blijft in de editor; sla het later opnieuw op, of annuleer.</translatio
         <translation>&amp;Bestand</translation>
     </message>
     <message>
-        <source>&amp;Undo	Ctrl+Z</source>
-        <translation>&amp;Ongedaan maken	Ctrl+Z</translation>
-    </message>
-    <message>
-        <source>&amp;Redo	Ctrl+Y</source>
-        <translation>Opnie&amp;uw	Ctrl+Y</translation>
-    </message>
-    <message>
-        <source>Cu&amp;t	Ctrl+X</source>
-        <translation>K&amp;nippen	Ctrl+X</translation>
-    </message>
-    <message>
-        <source>&amp;Copy	Ctrl+C</source>
-        <translation>&amp;Kopiëren	Ctrl+C</translation>
-    </message>
-    <message>
-        <source>&amp;Paste	Ctrl+V</source>
-        <translation>&amp;Plakken	Ctrl+V</translation>
-    </message>
-    <message>
-        <source>Select &amp;all	Ctrl+A</source>
-        <translation>&amp;Alles selecteren	Ctrl+A</translation>
-    </message>
-    <message>
         <source>Select to &amp;bracket	Ctrl+Shift+M</source>
         <translation>&amp;Selecteren tot haakje	Ctrl+Shift+M</translation>
     </message>
     <message>
         <source>&amp;Edit</source>
         <translation>Be&amp;werken</translation>
-    </message>
-    <message>
-        <source>&amp;Find…	Ctrl+F</source>
-        <translation>&amp;Zoeken…	Ctrl+F</translation>
-    </message>
-    <message>
-        <source>&amp;Replace…	Ctrl+R</source>
-        <translation>&amp;Vervangen…	Ctrl+R</translation>
-    </message>
-    <message>
-        <source>Find &amp;next	F3</source>
-        <translation>V&amp;olgende zoeken	F3</translation>
-    </message>
-    <message>
-        <source>Find &amp;previous	Shift+F3</source>
-        <translation>Vor&amp;ige zoeken	Shift+F3</translation>
-    </message>
-    <message>
-        <source>&amp;Go to line…</source>
-        <translation>&amp;Ga naar regel…</translation>
     </message>
     <message>
         <source>Go to brac&amp;ket	Ctrl+M</source>
@@ -765,7 +713,7 @@ De tekst blijft in de editor; sla het later opnieuw op, of annuleer.</translatio
     </message>
     <message>
         <source>Next &amp;bookmark	F2</source>
-        <translation>Volgende b&amp;ladwijzer	F2</translation>
+        <translation>Volgend&amp;e bladwijzer	F2</translation>
     </message>
     <message>
         <source>Pre&amp;vious bookmark	Shift+F2</source>

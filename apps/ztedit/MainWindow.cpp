@@ -25,7 +25,6 @@
 #include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QInputDialog>
 #include <QMimeData>
 #include <QScrollArea>
 #include <QStackedWidget>
@@ -397,44 +396,10 @@ void TMainWindow::dropEvent(QDropEvent *AEvent)
     TZtGuarded([&] { OpenFiles(paths); })();
 }
 
-void TMainWindow::Post(quint32 AMsg, quint64 AWParam)
-{
-    if (TDocument *document = CurrentDocument())
-        ZtPostMessage(document->Editor(), AMsg, AWParam);
-}
-
 void TMainWindow::PostExtra(TZtExtraCommand ACommand)
 {
-    Post(quint32(TZtMsg::wmUser) + 5, quint64(ACommand));
-}
-
-void TMainWindow::Undo() { Post(quint32(TZtMsg::wmUndo)); }
-void TMainWindow::Redo() { Post(quint32(TZtMsg::wmUser) + 4); }
-void TMainWindow::Cut() { Post(quint32(TZtMsg::wmCut)); }
-void TMainWindow::Copy() { Post(quint32(TZtMsg::wmCopy)); }
-void TMainWindow::Paste() { Post(quint32(TZtMsg::wmPaste)); }
-void TMainWindow::Find() { Post(quint32(TZtMsg::wmUser) + 2, 0); }
-void TMainWindow::Replace() { Post(quint32(TZtMsg::wmUser) + 2, 1); }
-void TMainWindow::FindAgain() { SearchAgain(TZtSearchAgain::saForward); }
-void TMainWindow::FindBefore() { SearchAgain(TZtSearchAgain::saBackward); }
-
-void TMainWindow::SearchAgain(TZtSearchAgain AHow)
-{
-    Post(quint32(TZtMsg::wmUser) + 3, quint64(AHow));
-}
-
-void TMainWindow::GoToLine()
-{
-    TDocument *document = CurrentDocument();
-    if (!document)
-        return;
-    const int count = qMax(document->Editor()->GetLines()->GetCount(), 1);
-    bool accepted = false;
-    const int line =
-        QInputDialog::getInt(this, tr("Go to line"), tr("Line, from 1 to %1:").arg(count),
-                             document->Editor()->GetLinePos() + 1, 1, count, 1, &accepted);
-    if (accepted)
-        document->GoToLine(line);
+    if (TDocument *document = CurrentDocument())
+        ZtPostMessage(document->Editor(), quint32(TZtMsg::wmUser) + 5, quint64(ACommand));
 }
 
 void TMainWindow::LoadDiagnostics(const QString &APath)
@@ -480,13 +445,6 @@ void TMainWindow::OpenDatabaseTable()
     } catch (const EZtException &error) {
         ShowError(error.Message());
     }
-}
-
-void TMainWindow::SelectAll()
-{
-    quint16 key = TZtKey::Letter('A');
-    if (TDocument *document = CurrentDocument())
-        document->Editor()->KeyDown(key, ssCtrl);
 }
 
 // The editor announces a change before it makes it, so it is looked at after the event.

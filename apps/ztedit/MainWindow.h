@@ -21,7 +21,7 @@ class TDbDocument;
 class TDocument;
 class TStatusTexts;
 class TViewMenu;
-enum class TZtSearchAgain : quint8;
+class TZtEditActions;
 
 /// The window: a tab for each document, the menus and the status bar.
 class TMainWindow : public QMainWindow {
@@ -108,18 +108,6 @@ private:
     void ExportHtml();
     void Reload();
     void CloseCurrent();
-    void Undo();
-    void Redo();
-    void Cut();
-    void Copy();
-    void Paste();
-    void SelectAll();
-    void Find();
-    void Replace();
-    void FindAgain();
-    void FindBefore();
-    void SearchAgain(TZtSearchAgain AHow);
-    void GoToLine();
     void ChooseDiagnostics();
     void NewEventHandler();
     void ShowAllMethods();
@@ -134,20 +122,19 @@ private:
     void AddDocument(TDocument *ADocument);
     static void Drop(TDocument *ADocument);
     template <typename T> T *AddInsteadOfUnused(std::unique_ptr<T> ADocument);
-    void Post(quint32 AMsg, quint64 AWParam = 0);
     void PostExtra(TZtExtraCommand ACommand);
     template <TZtExtraCommand Command> void PostExtra() { PostExtra(Command); }
     void RefreshLater();
     void Refresh();
     void RefreshTab(int AIndex);
     void RefreshCommands();
-    void RefreshEditMenu();
 
     QStackedWidget *FPages; // the tabs, or what there is without one
     QTabWidget *FTabs;
     QScrollArea *FStart = nullptr;
     TStatusTexts *FStatus;
     TViewMenu *FView = nullptr;
+    TZtEditActions *FEdit = nullptr; // of the editor in front
     TCompilerOutput FOutput;
     std::vector<std::pair<QAction *, TZtExtras>> FNeeds; // commands for a document with these
     QActionGroup *FLanguages = nullptr;
@@ -159,11 +146,6 @@ private:
     QAction *FOpenDatabase = nullptr;
     QAction *FNewHandler = nullptr;
     QAction *FAllMethods = nullptr;
-    QAction *FUndo = nullptr;
-    QAction *FRedo = nullptr;
-    QAction *FCut = nullptr;
-    QAction *FCopy = nullptr;
-    QAction *FPaste = nullptr;
     QAction *FSaveAs = nullptr;
     QAction *FReload = nullptr;
     bool FKeepsJournals = false;

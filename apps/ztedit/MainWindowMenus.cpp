@@ -10,6 +10,7 @@
 #include "ViewMenu.h"
 
 #include "uZtCodeEdit.h"
+#include "uZtEditActions.h"
 #include "uZtGuarded.h"
 
 #include <QActionGroup>
@@ -17,6 +18,7 @@
 
 #include <optional>
 
+using enum TZtEditAction;
 using enum TZtExtra;
 using enum TZtExtraCommand;
 
@@ -24,13 +26,6 @@ namespace {
 
 constexpr int MenuMethods = 50;   // as many as a menu shows well
 constexpr int MenuPatience = 100; // milliseconds that a menu may take to find them
-
-bool HasSelection(const TZtCodeEdit &AEditor)
-{
-    const QPoint start = AEditor.GetSelStart();
-    const QPoint end = AEditor.GetSelEnd();
-    return start.x() != -1 && end.x() != -1 && start != end;
-}
 
 // The keys behind a tab are called what Qt calls those of the other commands.
 QString WithKeyNames(const QString &AText)
@@ -59,6 +54,12 @@ struct TMainWindow::TCommand {
     void (TMainWindow::*Run)() = nullptr;
     TNeeds Needs = {};
     QAction *TMainWindow::*Action = nullptr;
+    std::optional<TZtEditAction> Edits = {}; // one of the editor's own
+
+    static constexpr TCommand Own(TZtEditAction AAction, const char *AIcon = nullptr)
+    {
+        return {.Icon = AIcon, .Edits = AAction};
+    }
 };
 
 void TMainWindow::CreateMenus()
@@ -103,31 +104,33 @@ void TMainWindow::CreateEditMenu()
 {
     using TWin = TMainWindow;
     static constexpr TCommand edit[] = {
-        {QT_TR_NOOP("&Undo\tCtrl+Z"), "edit-undo", nullptr, &TWin::Undo, {}, &TWin::FUndo},
-        {QT_TR_NOOP("&Redo\tCtrl+Y"), "edit-redo", nullptr, &TWin::Redo, {}, &TWin::FRedo},
+        TCommand::Own(eaUndo, "edit-undo"),
+        TCommand::Own(eaRedo, "edit-redo"),
         {},
-        {QT_TR_NOOP("Cu&t\tCtrl+X"), "edit-cut", nullptr, &TWin::Cut, {}, &TWin::FCut},
-        {QT_TR_NOOP("&Copy\tCtrl+C"), "edit-copy", nullptr, &TWin::Copy, {}, &TWin::FCopy},
-        {QT_TR_NOOP("&Paste\tCtrl+V"), "edit-paste", nullptr, &TWin::Paste, {}, &TWin::FPaste},
+        TCommand::Own(eaCut, "edit-cut"),
+        TCommand::Own(eaCopy, "edit-copy"),
+        TCommand::Own(eaPaste, "edit-paste"),
+        TCommand::Own(eaDelete),
         {},
-        {QT_TR_NOOP("Select &all\tCtrl+A"), "edit-select-all", nullptr, &TWin::SelectAll, Text},
+        TCommand::Own(eaSelectAll, "edit-select-all"),
         {QT_TR_NOOP("Select to &bracket\tCtrl+Shift+M"), nullptr, nullptr,
          &TWin::PostExtra<ecSelectToBracket>, zeBrackets},
     };
-    connect(CreateMenu(tr("&Edit"), edit), &QMenu::aboutToShow, this,
-            TZtGuarded([this] { RefreshEditMenu(); }));
+    FEdit = new TZtEditActions(nullptr, this);
+    // Not every desktop tells what is on the clipboard meanwhile.
+    connect(CreateMenu(tr("&Edit"), edit), &QMenu::aboutToShow, FEdit, &TZtEditActions::Refresh);
 }
 
 void TMainWindow::CreateSearchMenu()
 {
     using TWin = TMainWindow;
     static constexpr TCommand search[] = {
-        {QT_TR_NOOP("&Find…\tCtrl+F"), "edit-find", nullptr, &TWin::Find, Text},
-        {QT_TR_NOOP("&Replace…\tCtrl+R"), "edit-find-replace", nullptr, &TWin::Replace, Text},
-        {QT_TR_NOOP("Find &next\tF3"), nullptr, nullptr, &TWin::FindAgain, Text},
-        {QT_TR_NOOP("Find &previous\tShift+F3"), nullptr, nullptr, &TWin::FindBefore, Text},
+        TCommand::Own(eaFind, "edit-find"),
+        TCommand::Own(eaReplace, "edit-find-replace"),
+        TCommand::Own(eaFindNext),
+        TCommand::Own(eaFindPrevious),
         {},
-        {QT_TR_NOOP("&Go to line…"), "go-jump", "Ctrl+G", &TWin::GoToLine, Text},
+        TCommand::Own(eaGoToLine, "go-jump"),
         {QT_TR_NOOP("Go to brac&ket\tCtrl+M"), nullptr, nullptr, &TWin::PostExtra<ecGoToBracket>,
          zeBrackets},
         {},
@@ -145,6 +148,9 @@ void TMainWindow::CreateSearchMenu()
         {QT_TR_NOOP("&Load diagnostics…"), nullptr, nullptr, &TWin::ChooseDiagnostics},
     };
     CreateMenu(tr("&Search"), search);
+    QAction *goTo = FEdit->GetAction(eaGoToLine); // a key that the editor does not have
+    goTo->setShortcut(Qt::CTRL | Qt::Key_G);
+    goTo->setShortcutContext(Qt::WindowShortcut);
 }
 
 void TMainWindow::CreateViewMenu()
@@ -165,6 +171,13 @@ QMenu *TMainWindow::CreateMenu(const QString &ATitle, std::span<const TCommand> 
 {
     QMenu *menu = menuBar()->addMenu(ATitle);
     for (const TCommand &command : ACommands) {
+        if (command.Edits) {
+            QAction *action = FEdit->GetAction(*command.Edits);
+            if (command.Icon)
+                action->setIcon(ZtIcon(command.Icon));
+            menu->addAction(action);
+            continue;
+        }
         if (!command.Text) {
             menu->addSeparator();
             continue;
@@ -193,6 +206,7 @@ void TMainWindow::RefreshCommands()
     const TZtExtras extras = document ? document->Editor()->GetExtras() : TZtExtras();
     for (const auto &[action, needs] : FNeeds)
         action->setEnabled(document && !(needs & ~extras));
+    FEdit->SetEdit(document ? document->Editor() : nullptr);
     FSaveAs->setEnabled(document && !CurrentDatabase());
     FReload->setEnabled(document && !document->Location().isEmpty());
     FLanguages->setEnabled(document);
@@ -308,16 +322,4 @@ void TMainWindow::CreateLanguageMenu()
         });
         connect(action, &QAction::triggered, this, choose);
     }
-}
-
-void TMainWindow::RefreshEditMenu()
-{
-    const TDocument *document = CurrentDocument();
-    const TZtCodeEdit *editor = document ? document->Editor() : nullptr;
-    const bool selected = editor && HasSelection(*editor);
-    FUndo->setEnabled(editor && editor->GetCanUndo());
-    FRedo->setEnabled(editor && editor->GetCanRedo());
-    FCut->setEnabled(selected && !editor->GetReadOnly());
-    FCopy->setEnabled(selected);
-    FPaste->setEnabled(editor && !editor->GetReadOnly() && editor->GetCanPaste());
 }

@@ -64,12 +64,6 @@ public:
     }
 };
 
-bool HasSelection(const TZtCodeEdit &AEditor)
-{
-    return AEditor.GetSelStart().x() != -1 && AEditor.GetSelEnd().x() != -1 &&
-           AEditor.GetSelStart() != AEditor.GetSelEnd();
-}
-
 TZtPrintOptions OptionsOf(const TDocument &ADocument)
 {
     TZtPrintOptions options;
@@ -146,7 +140,7 @@ void ZtPrint(TDocument &ADocument, QWidget *AParent)
     QPrinter printer(QPrinter::HighResolution);
     SetUp(printer, ADocument);
     QPrintDialog dialog(&printer, AParent);
-    dialog.setOption(QAbstractPrintDialog::PrintSelection, HasSelection(*ADocument.Editor()));
+    dialog.setOption(QAbstractPrintDialog::PrintSelection, ADocument.Editor()->SelectionGiven());
     dialog.setOption(QAbstractPrintDialog::PrintPageRange);
     dialog.setOptionTabs({new TChoicePage});
     if (dialog.exec() == QDialog::Accepted)
@@ -171,7 +165,7 @@ QString ZtExportHtml(TDocument &ADocument, QWidget *AParent)
                                                       name + QStringLiteral(".html"),
                                                       TPrintFlow::tr("HTML (*.html *.htm)"));
     if (!path.isEmpty())
-        ZtWriteHtmlTo(ADocument, path, HasSelection(*ADocument.Editor()));
+        ZtWriteHtmlTo(ADocument, path, ADocument.Editor()->SelectionGiven());
     return path;
 }
 

@@ -2,13 +2,13 @@
 
 #include "uZtCodeEdit.h"
 #include "uZtGuarded.h"
+#include "uZtPlatform.h"
 
 #include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QInputDialog>
-#include <QMimeData>
 
 #include <array>
 
@@ -73,20 +73,10 @@ QList<QKeySequence> KeysOf(const TRow &ARow)
     return {goTo};
 }
 
-// What the desktop offers is not fetched to find out.
-bool HasClipboardText()
-{
-    const QMimeData *data = QGuiApplication::clipboard()->mimeData();
-    return data && data->hasText();
-}
-
 int OffersOf(const TZtCodeEdit &AEdit)
 {
-    const QPoint start = AEdit.GetSelStart(), end = AEdit.GetSelEnd();
-    const bool selected = start.x() != -1 && end.x() != -1 && start != end;
-    return (AEdit.GetReadOnly() ? 0 : nWritable) | (selected ? nSelection : 0) |
-           (AEdit.GetCanUndo() ? nUndo : 0) | (AEdit.GetCanRedo() ? nRedo : 0) |
-           (HasClipboardText() ? nClipboard : 0);
+    return (AEdit.GetReadOnly() ? 0 : nWritable) | (AEdit.SelectionGiven() ? nSelection : 0) |
+           (AEdit.GetCanUndo() ? nUndo : 0) | (AEdit.GetCanRedo() ? nRedo : 0);
 }
 
 } // namespace
@@ -132,7 +122,7 @@ void TZtEditActions::SetEdit(TZtCodeEdit *Value)
         disconnect(connection);
     FEdit = Value;
     if (FEdit) {
-        const auto refresh = [this] { Refresh(); };
+        const auto refresh = [this] { Enable(); };
         FConnections = {connect(FEdit, &TEdit::undoAvailable, this, refresh),
                         connect(FEdit, &TEdit::redoAvailable, this, refresh),
                         connect(FEdit, &TEdit::copyAvailable, this, refresh),
@@ -144,7 +134,15 @@ void TZtEditActions::SetEdit(TZtCodeEdit *Value)
 
 void TZtEditActions::Refresh()
 {
-    const int offers = FEdit ? OffersOf(*FEdit) : 0;
+    FHasClipboard = ZtPlatform().HasClipboardText();
+    Enable();
+}
+
+// Another program may take its time to say what it has on the clipboard: it is not asked for each
+// selection.
+void TZtEditActions::Enable()
+{
+    const int offers = (FEdit ? OffersOf(*FEdit) : 0) | (FHasClipboard ? nClipboard : 0);
     for (size_t i = 0; i < Rows.size(); ++i)
         FActions[i]->setEnabled(FEdit && !(Rows[i].Needs & ~offers));
 }

@@ -51,12 +51,15 @@ public:
                                 TZtEditAction ALast = TZtEditAction::eaGoToLine) const;
     /// Takes the texts from the translation that is installed now.
     void Retranslate();
-    /// Looks again at what can be done. Called for all that an editor's signals tell.
+    /// Looks again at what can be done, which is known without it as far as an editor's signals
+    /// and the clipboard tell.
     void Refresh();
 
 private:
+    void Enable();
     void GoToLine();
 
+    bool FHasClipboard = false;
     QPointer<TZtCodeEdit> FEdit;
     std::vector<QAction *> FActions;
     QList<QMetaObject::Connection> FConnections;

@@ -58,6 +58,7 @@ THostSession::THostSession() : Answer(mrYes)
     platform.MsgBoxConfirm = platform.MsgBoxYesNoCancel = box;
     platform.ShowException = [this](const QString &message) { Fault(message); };
     platform.ClipboardText = [this] { return FClipboard; };
+    platform.HasClipboardText = [this] { return !FClipboard.isEmpty(); };
     platform.SetClipboardText = [this](const QString &text) { FClipboard = text; };
     platform.SetClipboardData = [this](std::unique_ptr<QMimeData> mime) {
         FClipboard = mime->text();

@@ -85,6 +85,9 @@ TEST(Host, TabsAndFiles)
         {"write:a=one open:a menu:Undo menu:Cut menu:Copy menu:Paste menu:Select_all menu:Copy "
          "menu:Paste menu:Paste text menu:Undo text menu:Select_all menu:Cut menu:Paste text",
          "- - - - + + + + oneone/ + one/ + + + one/"},
+        {"write:a=one write:b=two open:a type:x open:b menu:Undo menu:Select_all menu:Delete text "
+         "open:a menu:Undo text",
+         "- + + / + one/"},
         {"new menu:All_methods… write:a.js=%0Afunction%20f() open:a.js menu:f caret", "- + 1"},
     });
 }

@@ -74,6 +74,10 @@ TZtPlatform ZtDefaultPlatform()
         return ZtShiftState(EventModifiers ? *EventModifiers
                                            : QGuiApplication::keyboardModifiers());
     };
+    platform.HasClipboardText = [] {
+        const QMimeData *data = QGuiApplication::clipboard()->mimeData();
+        return data && data->hasText();
+    };
     platform.ClipboardText = [] { return ZtFromDesktop(QGuiApplication::clipboard()->text()); };
     platform.SetClipboardText = [](const QString &text) {
         QGuiApplication::clipboard()->setText(ZtToDesktop(text));

@@ -24,6 +24,8 @@ struct TZtPlatform {
     /// The clipboard as plain text, CR LF at each of its line breaks, whatever the program that put
     /// it there uses.
     std::function<QString()> ClipboardText;
+    /// Whether there is text on the clipboard, which is not fetched to find out.
+    std::function<bool()> HasClipboardText;
     /// Puts text on the clipboard; the desktop's programs get their own line breaks.
     std::function<void(const QString &)> SetClipboardText;
     /// Whether the desktop has a primary selection: what was selected last, which the mouse's
