@@ -217,7 +217,10 @@ QVariant TZtCodeEdit::inputMethodQuery(Qt::InputMethodQuery AQuery) const
     case Qt::ImTextAfterCursor:
         return around().Text.mid(around().PlaceOf(caret));
     case Qt::ImCurrentSelection: {
-        const TZtTextPiece piece = GetPiece(anchor, anchor == FSelEnd ? FSelStart : caret);
+        const QPoint end = anchor == FSelEnd ? FSelStart : caret;
+        if (qAbs(qint64(end.y()) - anchor.y()) > MostSelected)
+            return QString(); // without a look at all its lines
+        const TZtTextPiece piece = GetPiece(anchor, end);
         return piece.GetBytes() > MostSelected ? QString() : piece.GetText(QLatin1StringView("\n"));
     }
     default:
