@@ -30,11 +30,13 @@ struct TRow {
     QKeySequence::StandardKey Key;
     int Needs;
     void (TZtCodeEdit::*Run)();
+    QKeyCombination Own = QKeyCombination::fromCombined(0); // instead of a standard key
 };
 
 using TEdit = TZtCodeEdit;
 
-// In the order of `TZtEditAction`; the last one is the actions' own.
+// In the order of `TZtEditAction`; the last one is the actions' own. Not every desktop has a key
+// for replacing, or one that the editor knows.
 constexpr std::array Rows = {
     TRow{QT_TRANSLATE_NOOP("TZtEditActions", "&Undo"), "edit-undo", QKeySequence::Undo,
          nWritable | nUndo, &TEdit::undo},
@@ -53,13 +55,13 @@ constexpr std::array Rows = {
     TRow{QT_TRANSLATE_NOOP("TZtEditActions", "&Find…"), "edit-find", QKeySequence::Find, nNothing,
          &TEdit::find},
     TRow{QT_TRANSLATE_NOOP("TZtEditActions", "R&eplace…"), "edit-find-replace",
-         QKeySequence::Replace, nWritable, &TEdit::replace},
+         QKeySequence::UnknownKey, nWritable, &TEdit::replace, Qt::CTRL | Qt::Key_R},
     TRow{QT_TRANSLATE_NOOP("TZtEditActions", "Find &next"), nullptr, QKeySequence::FindNext,
          nNothing, &TEdit::findNext},
     TRow{QT_TRANSLATE_NOOP("TZtEditActions", "Find &previous"), nullptr, QKeySequence::FindPrevious,
          nNothing, &TEdit::findPrevious},
     TRow{QT_TRANSLATE_NOOP("TZtEditActions", "&Go to line…"), "go-jump", QKeySequence::UnknownKey,
-         nNothing, nullptr},
+         nNothing, nullptr, Qt::CTRL | Qt::Key_G},
 };
 
 QList<QKeySequence> KeysOf(const TRow &ARow)
@@ -67,10 +69,10 @@ QList<QKeySequence> KeysOf(const TRow &ARow)
     if (ARow.Key != QKeySequence::UnknownKey)
         return QKeySequence::keyBindings(ARow.Key);
     // Some desktops go on searching with it.
-    const QKeySequence goTo(Qt::CTRL | Qt::Key_G);
-    if (QKeySequence::keyBindings(QKeySequence::FindNext).contains(goTo))
+    const QKeySequence own(ARow.Own);
+    if (QKeySequence::keyBindings(QKeySequence::FindNext).contains(own))
         return {};
-    return {goTo};
+    return {own};
 }
 
 int OffersOf(const TZtCodeEdit &AEdit)

@@ -296,6 +296,7 @@ TEST_F(TSignals, ActionsAreEnabledAsTheEditorIs)
     Rig.SetMarked("ab|");
     Edit.ClearUndo();
     TZtEditActions actions(&Edit);
+    EXPECT_EQ(actions.GetAction(eaReplace)->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_R));
     QGuiApplication::clipboard()->setText("text");
     const auto enabled = [&] {
         QString letters;
