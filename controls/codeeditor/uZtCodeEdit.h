@@ -119,7 +119,6 @@ public:
     ~TZtCodeEdit() override;
 
     // === uZtCodeEdit.cpp: object, properties, metrics
-    // =============================================
 
     TBorderStyle GetBorderStyle() const { return FBorderStyle; }
     /// The frame while `Ctl3D` is off. Stored only; the next paint draws it.
@@ -241,7 +240,6 @@ public:
     void Invalidate() override;
 
     // === uZtCodeEditCorrections.cpp: corrections, operations, undo and redo
-    // =======================
 
     TZtCorrections GetCorrections() const { return FCorrections; }
     /// What is done better than by the first version; none of it unless the host says so. `zcTabs`,
@@ -274,7 +272,6 @@ public:
     int GetCaretCell() const;
 
     // === uZtCodeEditExtras.cpp: what is shown and offered beside the text
-    // =========================
 
     TZtExtras GetExtras() const final { return FShownExtras; }
     /// What the editor shows and offers beside the text; none of it unless the host says so.
@@ -327,7 +324,6 @@ public:
     void OverviewChanged() final;
 
     // === uZtCodeEditAccess.cpp: for assistive tools
-    // ===============================================
 
     /// The cells of the character at a place in pixels of the control, also where it is out of
     /// sight; behind a line's end one cell. The place is put inside the text.
@@ -342,7 +338,6 @@ public:
     void SetWatcher(TZtEditWatcher *Value) { FWatcher = Value; }
 
     // === uZtCodeEditPaint.cpp: rendering
-    // ==========================================================
 
     /// Lexes the visible lines and draws them. Re-entrant calls do nothing.
     void Paint() override;
@@ -360,7 +355,6 @@ public:
     std::vector<TZtPaintRow> PaintedRows() const;
 
     // === uZtCodeEditCaret.cpp: the caret's place
-    // ==================================================
 
     int GetCharPos() const final { return FCharPos; }
     /// The caret's column, 0-based. Moves the caret in its line; right of its end is allowed. A
@@ -378,7 +372,6 @@ public:
     void CMExit() override;
 
     // === uZtCodeEditKeys.cpp: keyboard
-    // ============================================================
 
     /// The shortcuts: posts the command's message and sets `Key` to 0 where one matches.
     virtual void KeyCommand(quint16 &Key, TShiftState Shift);
@@ -392,7 +385,6 @@ public:
     QVariant inputMethodQuery(Qt::InputMethodQuery AQuery) const override;
 
     // === uZtCodeEditMouse.cpp: mouse and scrolling
-    // ================================================
 
     void MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) override;
     void MouseMove(TShiftState Shift, int X, int Y) override;
@@ -409,7 +401,6 @@ public:
     void DblClick() override;
 
     // === uZtCodeEditEditing.cpp: editing
-    // ==========================================================
 
     /// Inserts `S`, which may hold line breaks, at the caret. Any two break characters in a row are
     /// one break. One undo item of `ChangeType`; nothing in a read-only editor.
@@ -441,7 +432,6 @@ public:
     void RunToEnd(const std::function<void()> &AStep) final;
 
     // === uZtCodeEditSelection.cpp: selection and clipboard
-    // ========================================
 
     /// The end of the selection that follows the caret; an X of -1: there is none. A setter checks
     /// nothing and fires no event.
@@ -484,7 +474,6 @@ public:
     bool Dispatch(TZtMessage &Message) override;
 
     // === uZtCodeEditExport.cpp: what leaves the editor for paper, files and other programs
-    // =====
 
     /// Prints the text or the selection on a printer, or into a PDF file; see
     /// `TZtTextPrinter::Print` for the answer and what it raises. Diagnostics, marks and the host's
@@ -500,7 +489,6 @@ public:
     std::unique_ptr<QMimeData> CreateMimeData();
 
     // === uZtCodeEditSearch.cpp: search and replace
-    // ================================================
 
     /// Shows the dialog for replacing (`WParam` 1) or finding, takes its answers over and posts the
     /// search step. Only the results 1 (OK) and 14 (all occurrences) start a search.
@@ -520,7 +508,6 @@ public:
     TFrmCodeEditSearchReplaceDlg *GetSearchDlg() const { return FSearchDlg; }
 
     // === uZtCodeEditSlots.cpp: Qt's own idiom
-    // =====================================================
 
     /// A menu of the usual commands, which is the caller's to delete.
     QMenu *createStandardContextMenu();
@@ -707,21 +694,9 @@ private:
     void MoveToColumn(int AColumn);
     void CaretMoved();
     QRect CaretRectAt(int ACell, int ALine) const;
-    // keys; a handler answers false where the key press ends
-    bool KeyLeft(TShiftState AShift);
-    bool KeyRight(TShiftState AShift);
-    bool KeyUp(TShiftState AShift);
-    bool KeyDownLine(TShiftState AShift);
-    bool KeyPageUp(TShiftState AShift);
-    bool KeyPageDown(TShiftState AShift);
-    bool KeyHome(TShiftState AShift);
-    bool KeyEnd(TShiftState AShift);
-    bool KeyDelete(TShiftState AShift);
+    // keys
     void SelectAll();
     void DoKey(quint16 &Key, TShiftState Shift);
-    void CrossTo(int ALine, bool AToEnd);
-    void MoveByLines(int ALines);
-    int HomeColumn() const;
     void SelectWord();
     void SelectLine(int ALine);
     int CharactersBefore(int AColumn) const;
@@ -889,19 +864,3 @@ private:
     QPoint FDblClickPlace;
     bool FDblClickPressed = false; // its own second press has come
 };
-
-// Runs an operation, which ends in an orderly way whatever it raises: the caret in the text, one
-// step of undo, one `OnChange`, as far as these are corrected.
-template <typename TStep> void TZtCodeEdit::Operate(TStep AStep)
-{
-    if (IsWatched())
-        return Watched([&] { Operate(AStep); });
-    if (!FCorrections)
-        return AStep();
-    const THold hold(*this);
-    BeginOperation();
-    TZtFirstException raised;
-    raised.Run(AStep);
-    raised.Run([this] { EndOperation(); });
-    raised.Raise();
-}

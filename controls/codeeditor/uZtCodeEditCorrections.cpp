@@ -1,4 +1,4 @@
-#include "uZtCodeEdit.h"
+#include "uZtCodeEditOperate.h"
 
 #include "uZtEditExtras.h"
 #include "uZtEditedText.h"

@@ -1,3 +1,4 @@
+#include "uZtCodeEditOperate.h"
 #include "uZtCodeEditPass.h"
 
 #include "uZtCaret.h"

@@ -1,4 +1,4 @@
-#include "uZtCodeEdit.h"
+#include "uZtCodeEditOperate.h"
 
 #include "uZtCaret.h"
 #include "uZtEditExtras.h"
@@ -122,7 +122,22 @@ constexpr int LastColumn = 500; // the right end of the horizontal scroll range
 // What a key does at the caret. False: the key press ends there.
 struct TZtCodeEdit::TKeyAction {
     quint16 Key;
-    bool (TZtCodeEdit::*Handler)(TShiftState AShift);
+    bool (*Handler)(TZtCodeEdit &AEdit, TShiftState AShift);
+
+    static bool Left(TZtCodeEdit &AEdit, TShiftState AShift);
+    static bool Right(TZtCodeEdit &AEdit, TShiftState AShift);
+    static bool Up(TZtCodeEdit &AEdit, TShiftState AShift);
+    static bool Down(TZtCodeEdit &AEdit, TShiftState AShift);
+    static bool PageUp(TZtCodeEdit &AEdit, TShiftState AShift);
+    static bool PageDown(TZtCodeEdit &AEdit, TShiftState AShift);
+    static bool Home(TZtCodeEdit &AEdit, TShiftState AShift);
+    static bool End(TZtCodeEdit &AEdit, TShiftState AShift);
+    static bool Delete(TZtCodeEdit &AEdit, TShiftState AShift);
+
+private:
+    static void CrossTo(TZtCodeEdit &AEdit, int ALine, bool AToEnd);
+    static void MoveByLines(TZtCodeEdit &AEdit, int ALines);
+    static int HomeColumn(const TZtCodeEdit &AEdit);
 };
 
 void TZtCodeEdit::KeyCommand(quint16 &Key, TShiftState Shift)
@@ -152,18 +167,18 @@ void TZtCodeEdit::DoKey(quint16 &Key, TShiftState Shift)
     }
     TCustomControl::KeyDown(Key, Shift);
     static constexpr std::array actions = {
-        TKeyAction{TZtKey::Left, &TZtCodeEdit::KeyLeft},
-        TKeyAction{TZtKey::Right, &TZtCodeEdit::KeyRight},
-        TKeyAction{TZtKey::Up, &TZtCodeEdit::KeyUp},
-        TKeyAction{TZtKey::Down, &TZtCodeEdit::KeyDownLine},
-        TKeyAction{TZtKey::Prior, &TZtCodeEdit::KeyPageUp},
-        TKeyAction{TZtKey::Next, &TZtCodeEdit::KeyPageDown},
-        TKeyAction{TZtKey::Home, &TZtCodeEdit::KeyHome},
-        TKeyAction{TZtKey::End, &TZtCodeEdit::KeyEnd},
-        TKeyAction{TZtKey::Delete, &TZtCodeEdit::KeyDelete},
+        TKeyAction{TZtKey::Left, &TKeyAction::Left},
+        TKeyAction{TZtKey::Right, &TKeyAction::Right},
+        TKeyAction{TZtKey::Up, &TKeyAction::Up},
+        TKeyAction{TZtKey::Down, &TKeyAction::Down},
+        TKeyAction{TZtKey::Prior, &TKeyAction::PageUp},
+        TKeyAction{TZtKey::Next, &TKeyAction::PageDown},
+        TKeyAction{TZtKey::Home, &TKeyAction::Home},
+        TKeyAction{TZtKey::End, &TKeyAction::End},
+        TKeyAction{TZtKey::Delete, &TKeyAction::Delete},
     };
     for (const TKeyAction &action : actions)
-        if (Key == action.Key && !(this->*action.Handler)(Shift))
+        if (Key == action.Key && !action.Handler(*this, Shift))
             return;
     if (IsMovementKey(Key))
         SetSelection(false);
@@ -178,128 +193,130 @@ void TZtCodeEdit::SelectAll()
     Redraw();
 }
 
-bool TZtCodeEdit::KeyLeft(TShiftState AShift)
+bool TZtCodeEdit::TKeyAction::Left(TZtCodeEdit &AEdit, TShiftState AShift)
 {
     if (AShift.testFlag(ssCtrl))
-        GotoNextChar(false);
-    else if (FCharPos > 0)
-        SetCharPos(FCharPos - CharactersBefore(FCharPos));
-    else if (IsCorrected(zcKeys) && FLinePos > 0)
-        CrossTo(FLinePos - 1, true);
+        AEdit.GotoNextChar(false);
+    else if (AEdit.FCharPos > 0)
+        AEdit.SetCharPos(AEdit.FCharPos - AEdit.CharactersBefore(AEdit.FCharPos));
+    else if (AEdit.IsCorrected(zcKeys) && AEdit.FLinePos > 0)
+        CrossTo(AEdit, AEdit.FLinePos - 1, true);
     return true;
 }
 
-bool TZtCodeEdit::KeyRight(TShiftState AShift)
+bool TZtCodeEdit::TKeyAction::Right(TZtCodeEdit &AEdit, TShiftState AShift)
 {
     if (AShift.testFlag(ssCtrl))
-        GotoNextChar(true);
-    else if (IsCorrected(zcKeys) && !FOptions.testFlag(TZtCodeOption::coVirtualSpace) &&
-             FLinePos + 1 < FLines->GetCount() && FCharPos >= FLines->GetLength(FLinePos))
-        CrossTo(FLinePos + 1, false);
-    else if (FCharPos < LastColumn || IsCorrected(zcKeys))
-        SetCharPos(FCharPos + CharactersAfter(FCharPos));
+        AEdit.GotoNextChar(true);
+    else if (AEdit.IsCorrected(zcKeys) && !AEdit.FOptions.testFlag(TZtCodeOption::coVirtualSpace) &&
+             AEdit.FLinePos + 1 < AEdit.FLines->GetCount() &&
+             AEdit.FCharPos >= AEdit.FLines->GetLength(AEdit.FLinePos))
+        CrossTo(AEdit, AEdit.FLinePos + 1, false);
+    else if (AEdit.FCharPos < LastColumn || AEdit.IsCorrected(zcKeys))
+        AEdit.SetCharPos(AEdit.FCharPos + AEdit.CharactersAfter(AEdit.FCharPos));
     return true;
 }
 
 // Goes over a line's end.
-void TZtCodeEdit::CrossTo(int ALine, bool AToEnd)
+void TZtCodeEdit::TKeyAction::CrossTo(TZtCodeEdit &AEdit, int ALine, bool AToEnd)
 {
-    SetLinePos(ALine);
-    SetCharPos(AToEnd ? FLines->GetLength(ALine) : 0);
+    AEdit.SetLinePos(ALine);
+    AEdit.SetCharPos(AToEnd ? AEdit.FLines->GetLength(ALine) : 0);
 }
 
 // Up or down, with `zcCaret` to the cell where the caret was when it last moved otherwise.
-void TZtCodeEdit::MoveByLines(int ALines)
+void TZtCodeEdit::TKeyAction::MoveByLines(TZtCodeEdit &AEdit, int ALines)
 {
-    const int line = qBound(0, FLinePos + ALines, qMax(FLines->GetCount() - 1, 0));
-    const int cell = FWantedCell >= 0 ? FWantedCell : GetCaretCell();
-    MoveTo({ColumnAt(line, cell), line});
-    FWantedCell = cell;
+    const int line = qBound(0, AEdit.FLinePos + ALines, qMax(AEdit.FLines->GetCount() - 1, 0));
+    const int cell = AEdit.FWantedCell >= 0 ? AEdit.FWantedCell : AEdit.GetCaretCell();
+    AEdit.MoveTo({AEdit.ColumnAt(line, cell), line});
+    AEdit.FWantedCell = cell;
 }
 
-bool TZtCodeEdit::KeyUp(TShiftState)
+bool TZtCodeEdit::TKeyAction::Up(TZtCodeEdit &AEdit, TShiftState)
 {
-    if (IsCorrected(zcCaret))
-        MoveByLines(-1);
-    else if (FLinePos > 0)
-        SetLinePos(FLinePos - 1);
+    if (AEdit.IsCorrected(zcCaret))
+        MoveByLines(AEdit, -1);
+    else if (AEdit.FLinePos > 0)
+        AEdit.SetLinePos(AEdit.FLinePos - 1);
     return true;
 }
 
-bool TZtCodeEdit::KeyDownLine(TShiftState)
+bool TZtCodeEdit::TKeyAction::Down(TZtCodeEdit &AEdit, TShiftState)
 {
-    if (IsCorrected(zcCaret))
-        MoveByLines(1);
-    else if (FLinePos < FLines->GetCount())
-        SetLinePos(FLinePos + 1);
+    if (AEdit.IsCorrected(zcCaret))
+        MoveByLines(AEdit, 1);
+    else if (AEdit.FLinePos < AEdit.FLines->GetCount())
+        AEdit.SetLinePos(AEdit.FLinePos + 1);
     return true;
 }
 
-bool TZtCodeEdit::KeyPageUp(TShiftState)
+bool TZtCodeEdit::TKeyAction::PageUp(TZtCodeEdit &AEdit, TShiftState)
 {
-    if (IsCorrected(zcCaret))
-        MoveByLines(-FVScrollBar->GetPageSize());
+    if (AEdit.IsCorrected(zcCaret))
+        MoveByLines(AEdit, -AEdit.FVScrollBar->GetPageSize());
     else
-        SetLinePos(FLinePos - FVScrollBar->GetPageSize());
+        AEdit.SetLinePos(AEdit.FLinePos - AEdit.FVScrollBar->GetPageSize());
     return true;
 }
 
-bool TZtCodeEdit::KeyPageDown(TShiftState)
+bool TZtCodeEdit::TKeyAction::PageDown(TZtCodeEdit &AEdit, TShiftState)
 {
-    if (IsCorrected(zcCaret))
-        MoveByLines(FVScrollBar->GetPageSize());
+    if (AEdit.IsCorrected(zcCaret))
+        MoveByLines(AEdit, AEdit.FVScrollBar->GetPageSize());
     else
-        SetLinePos(FLinePos + FVScrollBar->GetPageSize());
+        AEdit.SetLinePos(AEdit.FLinePos + AEdit.FVScrollBar->GetPageSize());
     return true;
 }
 
-bool TZtCodeEdit::KeyHome(TShiftState AShift)
+bool TZtCodeEdit::TKeyAction::Home(TZtCodeEdit &AEdit, TShiftState AShift)
 {
     const bool lineAlone = !AShift.testFlag(ssCtrl);
-    SetCharPos(lineAlone && IsCorrected(zcTabs) ? HomeColumn() : 0);
+    AEdit.SetCharPos(lineAlone && AEdit.IsCorrected(zcTabs) ? HomeColumn(AEdit) : 0);
     if (!lineAlone)
-        SetLinePos(0);
+        AEdit.SetLinePos(0);
     return true;
 }
 
 // The first character that is not blank, or column 0 where the caret stands there already.
-int TZtCodeEdit::HomeColumn() const
+int TZtCodeEdit::TKeyAction::HomeColumn(const TZtCodeEdit &AEdit)
 {
-    if (FLinePos >= FLines->GetCount())
+    if (AEdit.FLinePos >= AEdit.FLines->GetCount())
         return 0;
-    const int column = int(ZtIndentOf(FLines->GetStrings(FLinePos)));
-    return FCharPos == column ? 0 : column;
+    const int column = int(ZtIndentOf(AEdit.FLines->GetStrings(AEdit.FLinePos)));
+    return AEdit.FCharPos == column ? 0 : column;
 }
 
-bool TZtCodeEdit::KeyEnd(TShiftState AShift)
+bool TZtCodeEdit::TKeyAction::End(TZtCodeEdit &AEdit, TShiftState AShift)
 {
     if (AShift.testFlag(ssShift))
-        SetSelection(false);
+        AEdit.SetSelection(false);
     if (AShift.testFlag(ssCtrl))
-        SetLinePos(FLines->GetCount() - 1);
-    if (FLinePos < FLines->GetCount())
-        SetCharPos(FLines->GetLength(FLinePos));
+        AEdit.SetLinePos(AEdit.FLines->GetCount() - 1);
+    if (AEdit.FLinePos < AEdit.FLines->GetCount())
+        AEdit.SetCharPos(AEdit.FLines->GetLength(AEdit.FLinePos));
     return true;
 }
 
-bool TZtCodeEdit::KeyDelete(TShiftState AShift)
+bool TZtCodeEdit::TKeyAction::Delete(TZtCodeEdit &AEdit, TShiftState AShift)
 {
-    if (AShift.testFlag(ssCtrl) && IsCorrected(zcBackspace)) {
-        EraseWord(true);
+    if (AShift.testFlag(ssCtrl) && AEdit.IsCorrected(zcBackspace)) {
+        AEdit.EraseWord(true);
         return true;
     }
-    if (FSelEnd.x() == -1 || FSelEnd == FSelStart) {
-        if (!MayEdit())
+    if (AEdit.FSelEnd.x() == -1 || AEdit.FSelEnd == AEdit.FSelStart) {
+        if (!AEdit.MayEdit())
             return true;
-        FJoin = TZtUndoJoin::ujErased;
-        FSelStart = QPoint(FCharPos, FLinePos);
-        FSelEnd = QPoint(FCharPos + CharactersAfter(FCharPos), FLinePos);
-        if (FLinePos > FLines->GetCount() - 1)
+        AEdit.FJoin = TZtUndoJoin::ujErased;
+        AEdit.FSelStart = QPoint(AEdit.FCharPos, AEdit.FLinePos);
+        AEdit.FSelEnd =
+            QPoint(AEdit.FCharPos + AEdit.CharactersAfter(AEdit.FCharPos), AEdit.FLinePos);
+        if (AEdit.FLinePos > AEdit.FLines->GetCount() - 1)
             return false;
-        if (FLines->GetLength(FLinePos) < FSelEnd.x())
-            FSelEnd = QPoint(0, FLinePos + 1);
+        if (AEdit.FLines->GetLength(AEdit.FLinePos) < AEdit.FSelEnd.x())
+            AEdit.FSelEnd = QPoint(0, AEdit.FLinePos + 1);
     }
-    Erase(AShift.testFlag(ssShift) ? TZtChangeType::ctCut : TZtChangeType::ctDelete, nullptr);
+    AEdit.Erase(AShift.testFlag(ssShift) ? TZtChangeType::ctCut : TZtChangeType::ctDelete, nullptr);
     return true;
 }
 

@@ -1,4 +1,4 @@
-#include "uZtCodeEdit.h"
+#include "uZtCodeEditOperate.h"
 
 #include "uZtCaret.h"
 #include "uZtEditExtras.h"

@@ -1,4 +1,4 @@
-#include "uZtCodeEdit.h"
+#include "uZtCodeEditOperate.h"
 
 #include "uZtPlatform.h"
 #include "uZtStrings.h"

@@ -1,6 +1,6 @@
 // What Qt's own text widgets offer too: signals of the state, slots, and the menu of commands.
 
-#include "uZtCodeEdit.h"
+#include "uZtCodeEditOperate.h"
 
 #include "uZtCaret.h"
 #include "uZtEditActions.h"
