@@ -1,6 +1,5 @@
 #include "uZtCodeEdit.h"
 
-#include "fZtCodeEditSearchReplaceDlg.h"
 #include "uZtCaret.h"
 #include "uZtClassRegistry.h"
 #include "uZtComposition.h"
@@ -22,9 +21,8 @@ namespace {
 
 const bool Registered = ZtRegisterClass<TZtCodeEdit>();
 
-constexpr int Columns = 500;            // the horizontal range, whatever the lines' lengths
-constexpr int ReplacingPaintPause = 30; // milliseconds between two pictures of a replace-all
-constexpr int LinesPastEnd = 100;       // how far the text can be scrolled past its end
+constexpr int Columns = 500;      // the horizontal range, whatever the lines' lengths
+constexpr int LinesPastEnd = 100; // how far the text can be scrolled past its end
 
 // A bar is placed again at every change of the text; Qt looks long at a place that stays the same.
 void Place(TScrollBar *ABar, const QRect &APlace)
@@ -49,6 +47,7 @@ TZtCodeEdit::TZtCodeEdit(QWidget *AOwner)
 {
     InstallAccessible();
     MakeState();
+    MakeSearch();
     resize(100, 100);
     FScollLines = ZtPlatform().WheelLines();
     if (FScollLines < 1)
@@ -392,13 +391,6 @@ void TZtCodeEdit::Notification(QObject *AComponent, TOperation Operation)
         FPopupMenu = nullptr;
 }
 
-void TZtCodeEdit::Abandoned()
-{
-    if (FSearchDlg)
-        FSearchDlg->reject();
-    TCustomControl::Abandoned();
-}
-
 void TZtCodeEdit::SetParent(QWidget *AParent)
 {
     TCustomControl::SetParent(AParent);
@@ -420,36 +412,6 @@ void TZtCodeEdit::LayoutChanged()
     PositionScollBars();
     FCaret->SetParent(this);
     ResetCaret();
-}
-
-void TZtCodeEdit::Invalidate()
-{
-    if (!FHScrollBar || !FVScrollBar)
-        return; // under construction
-    TellWatcher();
-    if (FHighlighter && !FRedraws)
-        FHighlighter->ForgetColours(); // a host's tables may be others now
-    if (FReplacingAll) {
-        const bool hold = FLastPaint.isValid() && FLastPaint.elapsed() < ReplacingPaintPause;
-        HoldScrollBars(hold);
-        if (hold)
-            return;
-    }
-    update(ClientArea().adjusted(0, 0, -BarsWidth(), -FHScrollBar->height()));
-}
-
-// What the editor itself asks for: the colours are what they were.
-void TZtCodeEdit::Redraw()
-{
-    const QScopedValueRollback own(FRedraws, true);
-    Invalidate();
-}
-
-void TZtCodeEdit::HoldScrollBars(bool AHold)
-{
-    for (TScrollBar *bar : {FHScrollBar, FVScrollBar})
-        if (bar->updatesEnabled() == AHold)
-            bar->setUpdatesEnabled(!AHold);
 }
 
 QSize TZtCodeEdit::sizeHint() const { return {640, 400}; }

@@ -32,6 +32,7 @@ class TFrmCodeEditSearchReplaceDlg;
 class TZtCaret;
 class TZtComposition;
 class TZtEditExtras;
+class TZtEditSearch;
 class TZtEditWatcher;
 class TZtEditState;
 class TZtEditedText;
@@ -235,9 +236,6 @@ public:
     QSize minimumSizeHint() const override;
     /// Answers that the background is taken care of: `Paint` covers the whole client area.
     int WMEraseBkgnd() const { return 1; }
-    /// Asks for a paint of the text area; the scroll bars keep their picture. A host calls it where
-    /// the lexer's colours have changed.
-    void Invalidate() override;
 
     // === uZtCodeEditCorrections.cpp: corrections, operations, undo and redo
 
@@ -339,6 +337,9 @@ public:
 
     // === uZtCodeEditPaint.cpp: rendering
 
+    /// Asks for a paint of the text area; the scroll bars keep their picture. A host calls it where
+    /// the lexer's colours have changed.
+    void Invalidate() override;
     /// Lexes the visible lines and draws them. Re-entrant calls do nothing.
     void Paint() override;
     /// Makes `ParserGetNewBuffer` go on with the next line that holds `AText`, or be at its end
@@ -496,16 +497,16 @@ public:
     /// One step: finds the next match, selects it and replaces it when that is asked for. Nothing
     /// happens before the first search has been set up.
     void WMSearchReplace(TZtMessage &Message);
-    const TZtSearchReplaceOptions &GetSearchOptions() const { return FSearchOptions; }
-    const TZtSearchMessageEvent &GetOnSearchMessage() const { return FOnSearchMessage; }
+    const TZtSearchReplaceOptions &GetSearchOptions() const;
+    const TZtSearchMessageEvent &GetOnSearchMessage() const;
     /// With `zcReplaceAll`: told that a search went round the end of the text, or how much was
     /// replaced. Without a handler a message box says that it went round.
-    void SetOnSearchMessage(const TZtSearchMessageEvent &Value) { FOnSearchMessage = Value; }
+    void SetOnSearchMessage(const TZtSearchMessageEvent &Value);
     /// For a host with a dialog of its own, which posts message 1027 afterwards. Where `Options` is
     /// empty, it follows from the three flags.
     void SetSearchOptions(const TZtSearchReplaceOptions &Value);
     /// The dialog, null before it was shown first. It keeps its entries.
-    TFrmCodeEditSearchReplaceDlg *GetSearchDlg() const { return FSearchDlg; }
+    TFrmCodeEditSearchReplaceDlg *GetSearchDlg() const;
 
     // === uZtCodeEditSlots.cpp: Qt's own idiom
 
@@ -669,6 +670,7 @@ private:
     void AddPiece(TPaintPass &APass, QStringView S, TColor AFore, TColor ABack);
     QRect PictureArea() const;
     void CopyFrame();
+    void Redraw();
     void PaintCorners();
     void PaintFlatBorder();
     void UpdatePageSizes();
@@ -718,6 +720,7 @@ private:
     TZtPrintOptions WithFont(const TZtPrintOptions &AOptions) const;
     std::unique_ptr<QMimeData> MimeOf(const QString &S, const QPoint &AFrom, const QPoint &ATo);
     void ToClipboard(const QString &S);
+    QPoint PutInPlace(const QPoint &AFrom, const QPoint &ATo, const QString &S);
     void InsertLines(const QString &S);
     void InsertInLine(const QString &S);
     void BreakLine();
@@ -750,29 +753,10 @@ private:
     void CaretForMenu(int X, int Y);
     void Send(quint32 AMsg, quint64 AWParam = 0);
     // searching
-    void OfferSelection();
-    void TakeSearchOptions();
-    bool FindMatch(QPoint &AMatch) const;
-    int FindForward(const TZtBufferSearch &ASearch, int ALine) const;
-    int FindBackward(const TZtBufferSearch &ASearch, int ALine) const;
-    void SelectMatch(const QPoint &AMatch);
-    bool ReplaceMatch(const QPoint &AMatch);
-    void EndReplaceAll();
-    void HoldScrollBars(bool AHold);
-    void Redraw();
-    void SearchStep(TZtSearchAgain AAgain);
-    bool FindBetween(const TZtBufferSearch &ASearch, QPoint AFrom, QPoint ATo, bool AForward,
-                     QPoint &AMatch) const;
-    bool ReplaceFound(const QPoint &AMatch, quint64 ARevision);
-    QPoint PutInPlace(const QPoint &AFrom, const QPoint &ATo, const QString &S);
-    void ReplaceAll();
-    int ReplaceAsked();
-    int ReplaceUnasked();
-    void ReplaceInLine(int ALine, const std::vector<int> &AMatches);
-    bool FindRound(const TZtBufferSearch &ASearch, const QPoint &AFrom, bool AForward, bool AWraps,
-                   QPoint &AMatch);
-    void SayOfSearch(const QString &AText, bool ABox);
+    friend class TZtEditSearch;
+    void MakeSearch();
 
+    std::shared_ptr<TZtEditSearch> FSearch;
     TBorderStyle FBorderStyle = TBorderStyle::bsSingle;
     bool FModified = false;
     std::unique_ptr<TZtEditState> FState;
@@ -811,12 +795,6 @@ private:
     QMenu *FPopupMenu = nullptr;
     TZtParserLineChangeEvent FOnParserLineChange;
     int FTabIndentSize = 2;
-    TFrmCodeEditSearchReplaceDlg *FSearchDlg = nullptr;
-    TZtSearchReplaceOptions FSearchOptions;
-
-    bool FSearchGiven = false;  // by the host, without the dialog
-    bool FReplacingAll = false; // a chain of posted steps runs: not every step is painted
-    QElapsedTimer FLastPaint;
     std::unique_ptr<TZtFrame> FFrame;
     TZtTextPainter FMetrics; // the font's measures between two paints
     std::unique_ptr<TZtComposition> FComposition;
@@ -846,7 +824,6 @@ private:
     std::shared_ptr<TZtUndoHistory> FHistory;     // with zcUndo or zcEvents
     std::shared_ptr<TZtHighlighter> FHighlighter; // with zcPicture
     std::shared_ptr<TFollower> FFollower;
-    TZtSearchMessageEvent FOnSearchMessage;
     qint64 FUndoBytes;
     bool FUndoLoads = true;
     bool FCaretCarried = false; // along with the text, which is not told yet

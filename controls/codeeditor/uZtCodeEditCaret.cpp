@@ -3,6 +3,7 @@
 #include "uZtComposition.h"
 
 #include "uZtCaret.h"
+#include "uZtEditSearch.h"
 
 using enum TZtCorrection;
 
@@ -15,7 +16,7 @@ void TZtCodeEdit::ResetCaret()
     const bool inside = 0 <= x && x < GetClientWidth() - g - BarsWidth() && 0 <= y &&
                         y < GetClientHeight() - FHScrollBar->height();
     TellInputMethod();
-    if (!inside || FReplacingAll || (IsComposing() && !FComposition->IsCaretSeen())) {
+    if (!inside || FSearch->IsReplacingAll() || (IsComposing() && !FComposition->IsCaretSeen())) {
         FCaret->Hide();
         return;
     }

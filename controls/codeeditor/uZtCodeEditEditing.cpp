@@ -99,6 +99,21 @@ QString TZtCodeEdit::SelectedText() const
 
 // --- inserting -----------------------------------------------------------------------------------
 
+// Puts a text, which may hold breaks, in the place of another. Answers where it ends.
+QPoint TZtCodeEdit::PutInPlace(const QPoint &AFrom, const QPoint &ATo, const QString &S)
+{
+    const TZtTextPiece piece(S);
+    const int breaks = piece.GetCount() - 1;
+    const int length = int(piece.GetLine(breaks).size());
+    if (breaks == 0 && FLines->GetPiece(AFrom, ATo).GetText() == S)
+        return ATo; // nothing changes
+    Record(TZtChangeType::ctDelete, AFrom, ATo, AFrom, FLines->GetPiece(AFrom, ATo).GetText());
+    FLines->ReplaceText(AFrom, ATo, piece);
+    const QPoint end(breaks == 0 ? AFrom.x() + length : length, AFrom.y() + breaks);
+    Record(TZtChangeType::ctPaste, AFrom, end, AFrom, QString());
+    return end;
+}
+
 void TZtCodeEdit::InsertText(TZtChangeType ChangeType, const QString &S)
 {
     if (GetReadOnly())

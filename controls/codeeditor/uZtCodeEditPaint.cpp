@@ -4,6 +4,7 @@
 
 #include "uZtCaret.h"
 #include "uZtEditExtras.h"
+#include "uZtEditSearch.h"
 #include "uZtSystemColors.h"
 
 #include <QPaintEvent>
@@ -80,12 +81,31 @@ void TZtCodeEdit::DarkenColor(TColor &Color, bool Apply, int Percent) const
         Color |= (((rgb >> shift) & 0xFF) * quint32(100 - Percent) / 100) << shift;
 }
 
+void TZtCodeEdit::Invalidate()
+{
+    if (!FHScrollBar || !FVScrollBar)
+        return; // under construction
+    TellWatcher();
+    if (FHighlighter && !FRedraws)
+        FHighlighter->ForgetColours(); // a host's tables may be others now
+    if (FSearch->PutsPaintOff())
+        return;
+    update(ClientArea().adjusted(0, 0, -BarsWidth(), -FHScrollBar->height()));
+}
+
+// What the editor itself asks for: the colours are what they were.
+void TZtCodeEdit::Redraw()
+{
+    const QScopedValueRollback own(FRedraws, true);
+    Invalidate();
+}
+
 void TZtCodeEdit::Paint()
 {
     if (InPaint)
         return;
     const QScopedValueRollback inPaint(InPaint, true);
-    FLastPaint.start();
+    FSearch->Painted();
     if (BeginFrame()) {
         if (IsCorrected(TZtCorrection::zcPicture))
             ComposeText();
