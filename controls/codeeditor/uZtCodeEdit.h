@@ -47,8 +47,6 @@ enum class TZtUndoJoin : quint8;
 struct TZtDecorationStyle;
 struct TZtGuttorSight;
 struct TZtLineLook;
-struct TZtColouredText;
-struct TZtHtmlOptions;
 struct TZtPaintRow;
 struct TZtPieceMarks;
 struct TZtPrintOptions;
@@ -714,12 +712,6 @@ private:
     void ClampSelectionEnd();
     auto KeepSelection();
     QString SelectedText() const;
-    bool GetSelection(QPoint &AFrom, QPoint &ATo) const;
-    TZtColouredText ColouredText(bool ASelectionOnly) const;
-    TZtHtmlOptions HtmlOptions() const;
-    TZtPrintOptions WithFont(const TZtPrintOptions &AOptions) const;
-    std::unique_ptr<QMimeData> MimeOf(const QString &S, const QPoint &AFrom, const QPoint &ATo);
-    void ToClipboard(const QString &S);
     QPoint PutInPlace(const QPoint &AFrom, const QPoint &ATo, const QString &S);
     void InsertLines(const QString &S);
     void InsertInLine(const QString &S);
@@ -752,7 +744,8 @@ private:
     bool PopupMenuAtCaret();
     void CaretForMenu(int X, int Y);
     void Send(quint32 AMsg, quint64 AWParam = 0);
-    // searching
+    // searching and exporting
+    friend class TZtEditExport;
     friend class TZtEditSearch;
     void MakeSearch();
 

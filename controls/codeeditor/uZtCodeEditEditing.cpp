@@ -1,5 +1,6 @@
 #include "uZtCodeEditOperate.h"
 
+#include "uZtEditExport.h"
 #include "uZtEditedText.h"
 #include "uZtIndentation.h"
 #include "uZtPlatform.h"
@@ -346,7 +347,7 @@ void TZtCodeEdit::DeleteLines(TZtChangeType AChangeType, const QString &ADeleted
     const QPoint end = FSelEnd;
     if (FCorrections) {
         if (AChangeType == TZtChangeType::ctCut)
-            ToClipboard(ADeleted);
+            TZtEditExport::ToClipboard(*this, ADeleted);
         FLines->ReplaceText(InLine(start), InLine(end), {});
         FSelEnd = start;
         MoveTo(start);

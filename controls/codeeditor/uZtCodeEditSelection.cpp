@@ -1,5 +1,6 @@
 #include "uZtCodeEditOperate.h"
 
+#include "uZtEditExport.h"
 #include "uZtPlatform.h"
 #include "uZtStrings.h"
 #include "uZtWordScan.h"
@@ -174,7 +175,7 @@ void TZtCodeEdit::WMCopy(TZtMessage &)
     GetSelected(text);
     if (text.isEmpty() && IsCorrected(zcClipboard))
         return;
-    ToClipboard(text);
+    TZtEditExport::ToClipboard(*this, text);
 }
 
 void TZtCodeEdit::WMPaste(TZtMessage &)
