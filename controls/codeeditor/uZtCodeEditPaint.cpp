@@ -171,22 +171,22 @@ void TZtCodeEdit::FeedParser()
     };
 }
 
-void TZtCodeEdit::BeginPass(TPaintPass &APass) const
+TZtCodeEdit::TPaintPass::TPaintPass(TZtCodeEdit &AEdit) : Edit(AEdit)
 {
-    const bool reversed = ZtIsBefore(FSelEnd, FSelStart);
-    APass.Begin = reversed ? FSelEnd : FSelStart;
-    APass.End = reversed ? FSelStart : FSelEnd;
-    APass.Guttor = RealGuttorWidth();
-    APass.Blank = GetViewRgb(TZtViewColor::vcBlank);
-    APass.Left = APass.Guttor - FHScrollBar->GetPosition() * FCharWidth + ZtTextLeft;
-    APass.Right = GetClientWidth();
-    APass.X = APass.Left;
-    for (quint32 i = 0; i < APass.SystemColours.size(); ++i)
-        APass.SystemColours[i] = ZtToQColor(ZtSystemColor(i), palette()).rgb();
-    if (!FScheme)
+    const bool reversed = ZtIsBefore(Edit.FSelEnd, Edit.FSelStart);
+    Begin = reversed ? Edit.FSelEnd : Edit.FSelStart;
+    End = reversed ? Edit.FSelStart : Edit.FSelEnd;
+    Guttor = Edit.RealGuttorWidth();
+    Blank = Edit.GetViewRgb(TZtViewColor::vcBlank);
+    Left = Guttor - Edit.FHScrollBar->GetPosition() * Edit.FCharWidth + ZtTextLeft;
+    Right = Edit.GetClientWidth();
+    X = Left;
+    for (quint32 i = 0; i < SystemColours.size(); ++i)
+        SystemColours[i] = ZtToQColor(ZtSystemColor(i), Edit.palette()).rgb();
+    if (!Edit.FScheme)
         return;
     const auto set = [&](TColor system, TZtViewColor part) {
-        APass.SystemColours[system & 0xFF] = GetViewRgb(part);
+        SystemColours[system & 0xFF] = Edit.GetViewRgb(part);
     };
     set(clWindow, TZtViewColor::vcBackground);
     set(clWindowText, TZtViewColor::vcText);
@@ -214,14 +214,13 @@ void TZtCodeEdit::ComposeLines()
     const TZtLangParser *parser = FParser;
     const TZtNotifier::THold lexing(*parser);
     const THold hold(*this);
-    TPaintPass pass;
-    BeginPass(pass);
+    TPaintPass pass(*this);
     // A handler may exchange the lexer; the paint that this asks for shows the whole text.
     while (pass.Row * FLineWidth < GetHeight() && parser == GetParser()) {
         if (!FParser->GetNextToken(pass.Token, pass.Back, pass.Fore, pass.Style, pass.LineBreak))
             break;
         if (pass.LastLine != FParserLineNr)
-            StartLine(pass);
+            pass.StartLine();
         pass.Back = Shaded(pass.Back, FReadOnly);
         if (ParserLineCollapse)
             FFrame->AddButton(pass.Row, !ParserLineCollapsed);
@@ -233,10 +232,10 @@ void TZtCodeEdit::ComposeLines()
             pass.X = pass.Left;
             pass.Col = 0;
         } else if (pass.X >= pass.Right) {
-            if (NothingMoreToSee(pass))
+            if (pass.NothingMoreToSee())
                 break;
         } else if (!lineFeed) {
-            AddToken(pass);
+            pass.AddToken();
         }
     }
 }
@@ -244,72 +243,70 @@ void TZtCodeEdit::ComposeLines()
 // Asked right of the picture: whether a very long line has more pieces and no line below it is in
 // sight. The lexer is spared megabytes then. In all other cases it reads on, for the state at the
 // next line's start.
-bool TZtCodeEdit::NothingMoreToSee(const TPaintPass &APass) const
+bool TZtCodeEdit::TPaintPass::NothingMoreToSee() const
 {
-    return FParserColumn > 0 &&
-           (FParserLineNr == FLines->GetCount() || (APass.Row + 1) * FLineWidth >= GetHeight());
+    return Edit.FParserColumn > 0 && (Edit.FParserLineNr == Edit.FLines->GetCount() ||
+                                      (Row + 1) * Edit.FLineWidth >= Edit.GetHeight());
 }
 
-void TZtCodeEdit::StartLine(TPaintPass &APass)
+void TZtCodeEdit::TPaintPass::StartLine()
 {
-    APass.LineColoured = false;
-    if (FOnParserLineChange) {
-        TColor back = APass.Back;
-        TColor fore = APass.Fore;
-        if (Fire(FOnParserLineChange, FParserLineNr, back, fore)) {
-            APass.LineColoured = true;
-            APass.LineBack = back;
-            APass.LineFore = fore;
-            FFrame->ColourRow(APass.Row, APass.X, APass.Rgb(back));
+    LineColoured = false;
+    if (Edit.FOnParserLineChange) {
+        TColor back = Back;
+        TColor fore = Fore;
+        if (Edit.Fire(Edit.FOnParserLineChange, Edit.FParserLineNr, back, fore)) {
+            LineColoured = true;
+            LineBack = back;
+            LineFore = fore;
+            Edit.FFrame->ColourRow(Row, X, Rgb(back));
         }
     }
-    APass.LastLine = FParserLineNr;
+    LastLine = Edit.FParserLineNr;
 }
 
-void TZtCodeEdit::AddPiece(TPaintPass &APass, QStringView S, TColor AFore, TColor ABack)
+void TZtCodeEdit::TPaintPass::AddPiece(QStringView S, TColor AFore, TColor ABack)
 {
-    const TColor fore = APass.LineColoured ? APass.LineFore : AFore;
-    const TColor back = APass.LineColoured ? APass.LineBack : ABack;
-    APass.X +=
-        FFrame->AddText(APass.Row, APass.X, S, APass.Rgb(fore), APass.Rgb(back), APass.Style);
+    const TColor fore = LineColoured ? LineFore : AFore;
+    const TColor back = LineColoured ? LineBack : ABack;
+    X += Edit.FFrame->AddText(Row, X, S, Rgb(fore), Rgb(back), Style);
 }
 
-void TZtCodeEdit::AddToken(TPaintPass &APass)
+void TZtCodeEdit::TPaintPass::AddToken()
 {
-    QStringView token = APass.Token;
+    QStringView token = Token;
     int length = int(token.size());
-    const int n = FParserLineNr - 1;
-    const bool starts = n == APass.Begin.y();
-    const bool ends = n == APass.End.y();
-    const bool touches = APass.Begin.y() <= n && n <= APass.End.y() &&
-                         !(starts && APass.Begin.x() >= APass.Col + length) &&
-                         !(ends && APass.Col >= APass.End.x());
+    const int n = Edit.FParserLineNr - 1;
+    const bool starts = n == Begin.y();
+    const bool ends = n == End.y();
+    const bool touches = Begin.y() <= n && n <= End.y() && !(starts && Begin.x() >= Col + length) &&
+                         !(ends && Col >= End.x());
     if (touches) {
-        if (starts && APass.Col < APass.Begin.x()) {
-            const int head = APass.Begin.x() - APass.Col;
-            AddPiece(APass, token.first(head), APass.Fore, APass.Back);
+        if (starts && Col < Begin.x()) {
+            const int head = Begin.x() - Col;
+            AddPiece(token.first(head), Fore, Back);
             token = token.sliced(head);
-            APass.Col += head;
+            Col += head;
             length -= head;
         }
         QStringView tail;
-        if (ends && APass.End.x() < APass.Col + length) {
-            const int kept = APass.End.x() - APass.Col;
+        if (ends && End.x() < Col + length) {
+            const int kept = End.x() - Col;
             tail = token.sliced(kept);
             token = token.first(kept);
-            APass.Col += kept;
+            Col += kept;
             length = kept;
         }
-        AddPiece(APass, token, clHighlightText, clHighlight);
+        AddPiece(token, clHighlightText, clHighlight);
         if (tail.isEmpty()) {
-            APass.Col += length;
+            Col += length;
             return;
         }
         token = tail;
         length = int(tail.size());
     }
-    AddPiece(APass, token, APass.Fore, APass.Back);
-    APass.Col += length;
+    AddPiece(token, Fore, Back);
+    Col += length;
 }
 
 // Where the picture is seen: without the bars and the seams beside them.

@@ -11,8 +11,27 @@
 
 inline constexpr int ZtTextLeft = 2; // between the gutter and the first column, in pixels
 
-// The state of one walk over the visible tokens.
+// One walk over what is visible, and its state.
 struct TZtCodeEdit::TPaintPass {
+    explicit TPaintPass(TZtCodeEdit &AEdit);
+
+    void StartLine();
+    // of the lexer's tokens
+    bool NothingMoreToSee() const;
+    void AddToken();
+    void AddPiece(QStringView S, TColor AFore, TColor ABack);
+    // of lines, with zcPicture
+    void ComposeRow(int ALine);
+    void ComposeCells(int ALine);
+    void PutComposition();
+    void DecorateRow(int ALine);
+    void AddColumns(int ALine, const TZtCellSpan &ASpan);
+    void AddStretch(int ALine, const TZtCellSpan &ASpan, int AColumn, int AStop);
+    int StopOf(int ALine, int AColumn, int AEnd) const;
+    TZtPieceMarks MarksOf(const TZtDecorationStyle &AStyle, TColor AFore, int AColumn,
+                          int AStop) const;
+
+    TZtCodeEdit &Edit;
     QPoint Begin; // the selection, in order
     QPoint End;
     int Row = 0;    // the screen line

@@ -30,17 +30,16 @@ void TZtCodeEdit::ComposeText()
 {
     const int first = FVScrollBar->GetPosition();
     const int last = qMin(first + int(GetHeight() / RowPitch()), FLines->GetCount() - 1);
-    TPaintPass pass;
     if (first > last) {
-        BeginPass(pass);
+        TPaintPass pass(*this);
         if (FLines->GetCount() == 0 && IsComposing())
-            ComposeCells(pass, 0);
+            pass.ComposeCells(0);
         return;
     }
     FeedParser();
     const THold hold(*this);
     const auto highlighter = FHighlighter; // a handler may exchange it
-    BeginPass(pass);
+    TPaintPass pass(*this);
     highlighter->SetExact(IsCorrected(zcStates));
     highlighter->SetParser(FParser);
     if (FParser->OnPaintInfo)
@@ -53,188 +52,186 @@ void TZtCodeEdit::ComposeText()
         if (first + pass.Row >= FLines->GetCount())
             break; // a handler has taken lines away
         pass.Runs = highlighter->GetRuns(first + pass.Row);
-        ComposeRow(pass, first + pass.Row);
+        pass.ComposeRow(first + pass.Row);
     }
     FShownColours = highlighter->GetRevision();
     LexAhead();
 }
 
-void TZtCodeEdit::ComposeRow(TPaintPass &APass, int ALine)
+void TZtCodeEdit::TPaintPass::ComposeRow(int ALine)
 {
-    APass.X = APass.Left;
-    APass.Back = APass.Runs.empty() ? clWindow : APass.Runs.front().Back;
-    APass.Fore = APass.Runs.empty() ? clWindowText : APass.Runs.front().Fore;
-    FParserLineNr = ALine + 1;
-    StartLine(APass);
-    if (ALine >= FLines->GetCount())
+    X = Left;
+    Back = Runs.empty() ? clWindow : Runs.front().Back;
+    Fore = Runs.empty() ? clWindowText : Runs.front().Fore;
+    Edit.FParserLineNr = ALine + 1;
+    StartLine();
+    if (ALine >= Edit.FLines->GetCount())
         return; // a handler has taken it away
-    DecorateRow(APass, ALine);
-    ComposeCells(APass, ALine);
+    DecorateRow(ALine);
+    ComposeCells(ALine);
 }
 
 // Draws the characters of a line, with those that are composed in it.
-void TZtCodeEdit::ComposeCells(TPaintPass &APass, int ALine)
+void TZtCodeEdit::TPaintPass::ComposeCells(int ALine)
 {
-    const QPoint begin = APass.Begin, end = APass.End;
-    APass.Composed.clear();
-    if (FLinePos == ALine && IsComposing())
-        PutComposition(APass);
-    const bool composed = !APass.Composed.isNull();
-    TZtCellReader reader(composed ? QAnyStringView(APass.Composed) : FLines->View(ALine), FCells);
-    APass.Run = 0;
-    const int length = composed ? int(APass.Composed.size()) : FLines->GetLength(ALine);
+    const QPoint begin = Begin, end = End;
+    Composed.clear();
+    if (Edit.FLinePos == ALine && Edit.IsComposing())
+        PutComposition();
+    const bool composed = !Composed.isNull();
+    TZtCellReader reader(composed ? QAnyStringView(Composed) : Edit.FLines->View(ALine),
+                         Edit.FCells);
+    Run = 0;
+    const int length = composed ? int(Composed.size()) : Edit.FLines->GetLength(ALine);
     int cells = length; // of a line that is not measured
     TZtCellSpan span;
     bool more = reader.Next(span);
-    for (; more && APass.Left + span.Cell * FCharWidth < APass.Right; more = reader.Next(span))
-        AddColumns(APass, ALine, span);
+    for (; more && Left + span.Cell * Edit.FCharWidth < Right; more = reader.Next(span))
+        AddColumns(ALine, span);
     if (!more)
         cells = int(reader.Cell());
     else if (length <= LongestMeasured && !composed)
-        cells = CellOf({length, ALine});
-    FLongest = std::max(FLongest, cells);
-    APass.Begin = begin;
-    APass.End = end;
+        cells = Edit.CellOf({length, ALine});
+    Edit.FLongest = std::max(Edit.FLongest, cells);
+    Begin = begin;
+    End = end;
 }
 
 // Makes room in the caret's line for what is composed there. What is selected stays so.
-void TZtCodeEdit::PutComposition(TPaintPass &APass) const
+void TZtCodeEdit::TPaintPass::PutComposition()
 {
-    const bool exists = FLinePos < FLines->GetCount();
-    const QAnyStringView line = exists ? FLines->View(FLinePos) : QAnyStringView();
-    APass.Composed = FComposition->PutInto(line, FCharPos);
-    FComposition->PutInto(APass.Runs, FCharPos, int(line.size()));
+    const bool exists = Edit.FLinePos < Edit.FLines->GetCount();
+    const QAnyStringView line = exists ? Edit.FLines->View(Edit.FLinePos) : QAnyStringView();
+    Composed = Edit.FComposition->PutInto(line, Edit.FCharPos);
+    Edit.FComposition->PutInto(Runs, Edit.FCharPos, int(line.size()));
     if (exists)
-        APass.ComposedLook = *APass.Look;
-    FComposition->PutInto(APass.ComposedLook, FCharPos);
-    APass.Look = &APass.ComposedLook;
-    if (APass.Begin.y() == FLinePos)
-        APass.Begin.setX(FComposition->Map(APass.Begin.x(), FCharPos, false));
-    if (APass.End.y() == FLinePos)
-        APass.End.setX(FComposition->Map(APass.End.x(), FCharPos, true));
+        ComposedLook = *Look;
+    Edit.FComposition->PutInto(ComposedLook, Edit.FCharPos);
+    Look = &ComposedLook;
+    if (Begin.y() == Edit.FLinePos)
+        Begin.setX(Edit.FComposition->Map(Begin.x(), Edit.FCharPos, false));
+    if (End.y() == Edit.FLinePos)
+        End.setX(Edit.FComposition->Map(End.x(), Edit.FCharPos, true));
 }
 
 // What stands beside, behind and over the text of a line.
-void TZtCodeEdit::DecorateRow(TPaintPass &APass, int ALine)
+void TZtCodeEdit::TPaintPass::DecorateRow(int ALine)
 {
-    const int length = FLines->GetLength(ALine);
-    const int first = FHScrollBar->GetPosition();
-    const int from = length > LongestMeasured && first > 0 ? ColumnAt(ALine, first) : 0;
-    const int cells = (APass.Right - APass.Guttor) / FCharWidth + 1;
+    const int length = Edit.FLines->GetLength(ALine);
+    const int first = Edit.FHScrollBar->GetPosition();
+    const int from = length > LongestMeasured && first > 0 ? Edit.ColumnAt(ALine, first) : 0;
+    const int cells = (Right - Guttor) / Edit.FCharWidth + 1;
     // A cell shows a few units where marks stand on letters.
     const int to = qMin(length, from + (from > 0 ? 0 : first) + 4 * cells);
-    APass.Look = &FExtras->LookOf(ALine, from, to);
-    if (APass.Look->Back && !APass.LineColoured)
-        FFrame->ColourRow(APass.Row, APass.Guttor, APass.Rgb(*APass.Look->Back));
-    for (const TZtLineLook::TGuide &guide : APass.Look->Guides) {
-        const int left = APass.Left + guide.Cell * FCharWidth;
-        if (left >= APass.Guttor && left < APass.Right)
-            FFrame->AddGuide(APass.Row, {left, APass.Rgb(guide.Colour)});
+    Look = &Edit.FExtras->LookOf(ALine, from, to);
+    if (Look->Back && !LineColoured)
+        Edit.FFrame->ColourRow(Row, Guttor, Rgb(*Look->Back));
+    for (const TZtLineLook::TGuide &guide : Look->Guides) {
+        const int left = Left + guide.Cell * Edit.FCharWidth;
+        if (left >= Guttor && left < Right)
+            Edit.FFrame->AddGuide(Row, {left, Rgb(guide.Colour)});
     }
-    if (APass.HasColumns)
-        FExtras->Guttor().GetCells(ALine, APass.Sight, FFrame->Cells(APass.Row));
+    if (HasColumns)
+        Edit.FExtras->Guttor().GetCells(ALine, Sight, Edit.FFrame->Cells(Row));
 }
 
 // Where the attributes of a line's text change next behind a column.
-int TZtCodeEdit::StopOf(const TPaintPass &APass, int ALine, int AColumn, int AEnd) const
+int TZtCodeEdit::TPaintPass::StopOf(int ALine, int AColumn, int AEnd) const
 {
-    int stop = APass.Look->StopBehind(AColumn, AEnd);
-    if (APass.Run < APass.Runs.size()) {
-        const TZtColourRun &run = APass.Runs[APass.Run];
+    int stop = Look->StopBehind(AColumn, AEnd);
+    if (Run < Runs.size()) {
+        const TZtColourRun &run = Runs[Run];
         stop = std::min(stop, run.Start <= AColumn ? run.Start + run.Length : run.Start);
     }
-    for (const QPoint &border : {APass.Begin, APass.End})
+    for (const QPoint &border : {Begin, End})
         if (border.y() == ALine && border.x() > AColumn)
             stop = std::min(stop, border.x());
     return stop;
 }
 
 // Draws neighbours in a line as far as they are in sight, cut where their attributes change.
-void TZtCodeEdit::AddColumns(TPaintPass &APass, int ALine, const TZtCellSpan &ASpan)
+void TZtCodeEdit::TPaintPass::AddColumns(int ALine, const TZtCellSpan &ASpan)
 {
     const auto left = [&](int column) {
-        return APass.Left +
-               (ASpan.Cell + (ASpan.IsCluster ? 0 : column - ASpan.Start)) * FCharWidth;
+        return Left + (ASpan.Cell + (ASpan.IsCluster ? 0 : column - ASpan.Start)) * Edit.FCharWidth;
     };
     const int end = ASpan.Start + ASpan.Length;
     int column = ASpan.Start;
     if (!ASpan.IsCluster)
-        column += std::clamp((APass.Guttor - left(column)) / FCharWidth, 0, ASpan.Length);
-    while (column < end && left(column) < APass.Right) {
-        while (APass.Run < APass.Runs.size() &&
-               APass.Runs[APass.Run].Start + APass.Runs[APass.Run].Length <= column)
-            ++APass.Run;
+        column += std::clamp((Guttor - left(column)) / Edit.FCharWidth, 0, ASpan.Length);
+    while (column < end && left(column) < Right) {
+        while (Run < Runs.size() && Runs[Run].Start + Runs[Run].Length <= column)
+            ++Run;
         const int stop = ASpan.IsCluster
                              ? end
-                             : std::min(StopOf(APass, ALine, column, end),
-                                        column + (APass.Right - left(column)) / FCharWidth + 1);
-        APass.X = left(column);
-        AddStretch(APass, ALine, ASpan, column, stop);
+                             : std::min(StopOf(ALine, column, end),
+                                        column + (Right - left(column)) / Edit.FCharWidth + 1);
+        X = left(column);
+        AddStretch(ALine, ASpan, column, stop);
         column = stop;
     }
 }
 
 // Draws what stands between two columns and has one look.
-void TZtCodeEdit::AddStretch(TPaintPass &APass, int ALine, const TZtCellSpan &ASpan, int AColumn,
-                             int AStop)
+void TZtCodeEdit::TPaintPass::AddStretch(int ALine, const TZtCellSpan &ASpan, int AColumn,
+                                         int AStop)
 {
-    const bool known = APass.Run < APass.Runs.size() && APass.Runs[APass.Run].Start <= AColumn;
-    const TZtColourRun &run = known ? APass.Runs[APass.Run] : Plain;
+    const bool known = Run < Runs.size() && Runs[Run].Start <= AColumn;
+    const TZtColourRun &run = known ? Runs[Run] : Plain;
     const QPoint place(AColumn, ALine);
-    const bool selected = !ZtIsBefore(place, APass.Begin) && ZtIsBefore(place, APass.End);
+    const bool selected = !ZtIsBefore(place, Begin) && ZtIsBefore(place, End);
     const TZtDecorationStyle style =
-        APass.Look->Spans.empty() ? TZtDecorationStyle() : APass.Look->StyleAt(AColumn);
+        Look->Spans.empty() ? TZtDecorationStyle() : Look->StyleAt(AColumn);
     TColor fore = style.TextColor.value_or(run.Fore);
-    TColor back = Shaded(run.Back, FReadOnly);
-    if (APass.Look->Back && APass.Rgb(run.Back) == APass.Rgb(clWindow))
-        back = *APass.Look->Back;
+    TColor back = Edit.Shaded(run.Back, Edit.FReadOnly);
+    if (Look->Back && Rgb(run.Back) == Rgb(clWindow))
+        back = *Look->Back;
     back = style.Background.value_or(back);
     if (selected) {
         fore = clHighlightText;
         back = clHighlight;
     }
-    if (APass.LineColoured) {
-        fore = APass.LineFore;
-        back = APass.LineBack;
+    if (LineColoured) {
+        fore = LineFore;
+        back = LineBack;
     }
-    TZtPieceMarks marks = MarksOf(APass, style, fore, AColumn, AStop);
+    TZtPieceMarks marks = MarksOf(style, fore, AColumn, AStop);
     if (marks.AreBlanksSeen)
-        marks.BlankColour = selected ? HalfWay(APass.Rgb(fore), APass.Rgb(back)) : APass.Blank;
-    APass.Token.resize(0);
-    if (APass.Composed.isNull())
-        FLines->AppendTo(ALine, AColumn, AStop - AColumn, APass.Token);
+        marks.BlankColour = selected ? HalfWay(Rgb(fore), Rgb(back)) : Blank;
+    Token.resize(0);
+    if (Composed.isNull())
+        Edit.FLines->AppendTo(ALine, AColumn, AStop - AColumn, Token);
     else
-        APass.Token.append(QStringView(APass.Composed).mid(AColumn, AStop - AColumn));
-    const bool tab = ASpan.IsCluster && APass.Token == QLatin1StringView("\t");
+        Token.append(QStringView(Composed).mid(AColumn, AStop - AColumn));
+    const bool tab = ASpan.IsCluster && Token == QLatin1StringView("\t");
     if (tab && !marks.AreBlanksSeen)
-        APass.Token.fill(u' ', ASpan.Width);
-    const bool cluster = ASpan.IsCluster && APass.Token.front() != u' ';
+        Token.fill(u' ', ASpan.Width);
+    const bool cluster = ASpan.IsCluster && Token.front() != u' ';
     if (cluster)
-        FFrame->AddCluster(APass.Row, APass.X, ASpan.Width * FCharWidth, APass.Token,
-                           APass.Rgb(fore), APass.Rgb(back), run.Style, marks);
+        Edit.FFrame->AddCluster(Row, X, ASpan.Width * Edit.FCharWidth, Token, Rgb(fore), Rgb(back),
+                                run.Style, marks);
     else
-        FFrame->AddText(APass.Row, APass.X, APass.Token, APass.Rgb(fore), APass.Rgb(back),
-                        run.Style, marks);
+        Edit.FFrame->AddText(Row, X, Token, Rgb(fore), Rgb(back), run.Style, marks);
 }
 
 // What is drawn over a stretch, in colours of the picture.
-TZtPieceMarks TZtCodeEdit::MarksOf(const TPaintPass &APass, const TZtDecorationStyle &AStyle,
-                                   TColor AFore, int AColumn, int AStop)
+TZtPieceMarks TZtCodeEdit::TPaintPass::MarksOf(const TZtDecorationStyle &AStyle, TColor AFore,
+                                               int AColumn, int AStop) const
 {
     TZtPieceMarks marks;
     marks.Line = AStyle.Underline.value_or(TZtUnderline::ulNone);
     if (marks.Line != TZtUnderline::ulNone)
-        marks.LineColour = APass.Rgb(AStyle.UnderlineColor.value_or(AFore));
+        marks.LineColour = Rgb(AStyle.UnderlineColor.value_or(AFore));
     marks.IsBoxed = AStyle.Box.has_value();
     if (marks.IsBoxed) {
-        marks.BoxColour = APass.Rgb(*AStyle.Box);
-        marks.BoxBegins = APass.Look->IsBoxEdge(AColumn);
-        marks.BoxEnds = APass.Look->IsBoxEdge(AStop);
+        marks.BoxColour = Rgb(*AStyle.Box);
+        marks.BoxBegins = Look->IsBoxEdge(AColumn);
+        marks.BoxEnds = Look->IsBoxEdge(AStop);
     }
     marks.IsStruck = AStyle.StrikeOut.has_value();
     if (marks.IsStruck)
-        marks.StrikeColour = APass.Rgb(*AStyle.StrikeOut);
-    marks.AreBlanksSeen = APass.Look->BlanksFrom <= AColumn && AColumn < APass.Look->BlanksTo;
+        marks.StrikeColour = Rgb(*AStyle.StrikeOut);
+    marks.AreBlanksSeen = Look->BlanksFrom <= AColumn && AColumn < Look->BlanksTo;
     return marks;
 }
 
