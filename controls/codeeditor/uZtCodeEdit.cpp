@@ -11,6 +11,7 @@
 #include "uZtLanguages.h"
 #include "uZtPlatform.h"
 #include "uZtSystemColors.h"
+#include "uZtTripleClick.h"
 #include "uZtUndoHistory.h"
 
 #include <QFont>
@@ -43,11 +44,11 @@ QFont DefaultFont()
 
 TZtCodeEdit::TZtCodeEdit(QWidget *AOwner)
     : TCustomControl(AOwner), FFrame(std::make_unique<TZtFrame>()),
-      FUndoBytes(TZtUndoHistory::DefaultBytes)
+      FTripleClick(std::make_unique<TZtTripleClick>()), FUndoBytes(TZtUndoHistory::DefaultBytes)
 {
     InstallAccessible();
     MakeState();
-    MakeSearch();
+    MakeParts();
     resize(100, 100);
     FScollLines = ZtPlatform().WheelLines();
     if (FScollLines < 1)

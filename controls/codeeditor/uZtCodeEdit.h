@@ -17,7 +17,6 @@
 #include "uZtViewHost.h"
 
 #include <QBasicTimer>
-#include <QElapsedTimer>
 #include <QMenu>
 #include <QPoint>
 #include <QPointer>
@@ -38,10 +37,12 @@ class TZtEditState;
 class TZtEditedText;
 class TZtFrame;
 class TZtGuttor;
+class TZtGuttorMouse;
 class TZtHighlighter;
 class TZtMarkColumn;
 class TZtPrimarySelection;
 class TZtTextDrag;
+class TZtTripleClick;
 class TZtUndoHistory;
 enum class TZtUndoJoin : quint8;
 struct TZtGuttorSight;
@@ -575,9 +576,8 @@ protected:
 private:
     struct TPaintPass;
     struct TKeyAction;
-
+    struct TExtraAction;
     class TFollower;
-
     // languages
     void StoreLanguage(const QString &Value);
     void ForgetLineStates();
@@ -620,18 +620,7 @@ private:
     qreal RowPitch() const;
     void WatchText();
     void JumpTo(const QPoint &APlace);
-    void SelectLines(int AFrom, int ATo);
-    void TrackMouse();
-    void PointAt(int X);
-    bool PressGuttor(TMouseButton Button, int X, int Y);
     bool ShowToolTip(const QHelpEvent &AEvent);
-    bool GoToBookmark(bool AForward);
-    bool GoToDiagnostic(bool AForward);
-    bool GoToBracket(bool ASelect);
-    TZtElementKind KindAt(const QPoint &APlace) const;
-    bool TypePaired(const QString &S);
-    void Surround(const QString &AOpening, QChar AClosing);
-    bool EraseEmptyPair();
     void ColourParser();
     void CaretSeen();
     void MeasureFont();
@@ -689,7 +678,6 @@ private:
     void MoveCaretTo(int X, int Y);
     void DoMouseDown(TMouseButton Button, TShiftState Shift, int X, int Y);
     QPoint PlaceAt(int X, int Y) const;
-    bool IsThirdClick(const QPoint &APlace);
     // editing
     void EnsureLine(int ALine);
     bool SelectionReversed() const;
@@ -728,12 +716,14 @@ private:
     bool PopupMenuAtCaret();
     void CaretForMenu(int X, int Y);
     void Send(quint32 AMsg, quint64 AWParam = 0);
-    // searching and exporting
+    // classes for single tasks
     friend class TZtEditExport;
     friend class TZtEditSearch;
-    void MakeSearch();
-
+    friend class TZtGuttorMouse;
+    friend class TZtPairTyping;
+    void MakeParts();
     std::shared_ptr<TZtEditSearch> FSearch;
+    std::shared_ptr<TZtGuttorMouse> FGuttorMouse;
     TBorderStyle FBorderStyle = TBorderStyle::bsSingle;
     bool FModified = false;
     std::unique_ptr<TZtEditState> FState;
@@ -773,6 +763,7 @@ private:
     TZtParserLineChangeEvent FOnParserLineChange;
     int FTabIndentSize = 2;
     std::unique_ptr<TZtFrame> FFrame;
+    std::unique_ptr<TZtTripleClick> FTripleClick;
     TZtTextPainter FMetrics; // the font's measures between two paints
     std::unique_ptr<TZtComposition> FComposition;
     bool FTellsInput = false;                      // an input method, soon
@@ -780,7 +771,6 @@ private:
     std::shared_ptr<TZtPrimarySelection> FPrimary; // with zePrimary
     QChar FHighSurrogate;                          // typed, waiting for its other half
     int FWheelRest = 0;                            // of a notch, in eighths of a degree
-
     TZtEditWatcher *FWatcher = nullptr;
     TZtCorrections FCorrections;
     TZtExtras FShownExtras;
@@ -789,12 +779,7 @@ private:
     TZtGuttorClickEvent FOnGuttorClick;
     int FZoom = 100;
     int FWordMarkDelay = 200;
-    QFont FUnzoomed;          // the host's
-    int FGuttorDrag = -1;     // the line where the numbers were pressed
-    bool FOverGuttor = false; // the mouse, of which this is the pointer elsewhere
-    QCursor FTextCursor;
-    bool FTracksMouse = false; // which the host has not asked for
-    bool FGuttorPressed = false;
+    QFont FUnzoomed;     // the host's
     QPointF FWheelRests; // of a cell and a line, in pixels
     double FPinch = 1;   // what was zoomed by and is less than a per cent
     TZtCellRules FCells;
@@ -813,8 +798,5 @@ private:
     QBasicTimer FIdle;          // while there are states to be found
     int FIdleDelay = 0;         // that it was started with
     quint64 FShownColours = 0;  // the highlighter's revision at the last paint
-    QElapsedTimer FSinceDblClick;
     QPoint FPressPlace;
-    QPoint FDblClickPlace;
-    bool FDblClickPressed = false; // its own second press has come
 };

@@ -2,6 +2,7 @@
 
 #include "uZtEditExtras.h"
 #include "uZtEditedText.h"
+#include "uZtGuttorMouse.h"
 #include "uZtHighlighter.h"
 #include "uZtPrimarySelection.h"
 
@@ -82,7 +83,7 @@ void TZtCodeEdit::SetCorrections(TZtCorrections Value)
     FExtras->TextAttached();
     KeepCaretInText();
     PositionScollBars();
-    TrackMouse();
+    FGuttorMouse->Track();
     ResetCaret();
     Redraw();
     StateChanged();

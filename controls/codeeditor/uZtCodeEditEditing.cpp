@@ -3,6 +3,7 @@
 #include "uZtEditExport.h"
 #include "uZtEditedText.h"
 #include "uZtIndentation.h"
+#include "uZtPairTyping.h"
 #include "uZtPlatform.h"
 #include "uZtStringStream.h"
 #include "uZtStrings.h"
@@ -511,13 +512,13 @@ void TZtCodeEdit::Type(const QString &S)
     const char16_t C = S.front().unicode();
     if (C == 127 && IsCorrected(zcBackspace))
         return;
-    if (TypePaired(S))
+    if (TZtPairTyping(*this).Type(S))
         return;
     if (IsTypeable(C)) {
         Erase(TZtChangeType::ctDelete, nullptr);
         AddTxt(S);
         FJoin = C == u'\r' ? TZtUndoJoin::ujAlone : TZtUndoJoin::ujTyped;
-    } else if (C == u'\b' && EraseEmptyPair()) {
+    } else if (C == u'\b' && TZtPairTyping(*this).EraseEmptyPair()) {
         FJoin = TZtUndoJoin::ujAlone;
     } else if (C == u'\b' && IsCorrected(zcBackspace)) {
         EraseBack();

@@ -3,11 +3,14 @@
 
 #include "uZtCaret.h"
 #include "uZtEditExtras.h"
+#include "uZtEditSearch.h"
 #include "uZtEditedText.h"
+#include "uZtGuttorMouse.h"
 #include "uZtHighlighter.h"
 #include "uZtStructureParts.h"
 #include "uZtSystemColors.h"
 
+#include <QElapsedTimer>
 #include <QHelpEvent>
 #include <QNativeGestureEvent>
 #include <QTextDocument>
@@ -29,6 +32,13 @@ constexpr int BracketPatience = 5000; // milliseconds that a jump to a far brack
 
 } // namespace
 
+// What knows the editor that has it.
+void TZtCodeEdit::MakeParts()
+{
+    FSearch = std::make_shared<TZtEditSearch>(*this);
+    FGuttorMouse = std::make_shared<TZtGuttorMouse>(*this);
+}
+
 void TZtCodeEdit::SetExtras(TZtExtras Value)
 {
     if (Value & ZtDrawnExtras())
@@ -37,7 +47,7 @@ void TZtCodeEdit::SetExtras(TZtExtras Value)
     WatchText();
     FExtras->Show(Value);
     ShowInput();
-    PointAt(RealGuttorWidth());
+    FGuttorMouse->PointAt(RealGuttorWidth());
     ExtrasChanged();
     StateChanged();
 }
@@ -51,7 +61,7 @@ void TZtCodeEdit::WatchText()
 
 void TZtCodeEdit::ExtrasChanged()
 {
-    TrackMouse();
+    FGuttorMouse->Track();
     PositionScollBars();
     ResetCaret();
     Redraw();
@@ -183,70 +193,6 @@ QRgb TZtCodeEdit::GetViewRgb(TZtViewColor APart) const
 
 // --- the gutter's mouse --------------------------------------------------------------------------
 
-// Selects whole lines, the caret at the end of those that it was dragged to.
-void TZtCodeEdit::SelectLines(int AFrom, int ATo)
-{
-    const int last = FLines->GetCount() - 1;
-    if (last < 0)
-        return;
-    const auto behind = [&](int line) {
-        return line < last ? QPoint(0, line + 1) : QPoint(FLines->GetLength(last), last);
-    };
-    const bool down = AFrom <= ATo;
-    MoveTo(down ? behind(ATo) : QPoint(0, ATo));
-    SetSelEnd(down ? QPoint(0, AFrom) : behind(AFrom));
-    SetSelStart({FCharPos, FLinePos});
-}
-
-// For the pointer, where the host has not asked for it anyway.
-void TZtCodeEdit::TrackMouse()
-{
-    if (HasColumns() && !hasMouseTracking())
-        FTracksMouse = true;
-    if (FTracksMouse)
-        setMouseTracking(HasColumns());
-    FTracksMouse &= HasColumns();
-}
-
-// The gutter has a pointer of its own.
-void TZtCodeEdit::PointAt(int X)
-{
-    const bool over = HasColumns() && X < RealGuttorWidth();
-    if (over == std::exchange(FOverGuttor, over))
-        return;
-    if (over)
-        FTextCursor = cursor();
-    setCursor(over ? QCursor(Qt::ArrowCursor) : FTextCursor);
-}
-
-// Answers whether the press was in a column of the gutter, and is done with.
-bool TZtCodeEdit::PressGuttor(TMouseButton Button, int X, int Y)
-{
-    if (X >= RealGuttorWidth() || !HasColumns())
-        return false;
-    const TZtGuttor &guttor = FExtras->Guttor();
-    const int line = FVScrollBar->GetPosition() + int(std::floor(Y / RowPitch()));
-    if (line < 0 || line >= qMax(FLines->GetCount(), 1))
-        return Button == TMouseButton::mbLeft;
-    const int at = guttor.ColumnAt(X, GuttorSight());
-    // The handler may take itself away, and columns, and lines.
-    const TZtGuttorColumn *column = at < 0 ? nullptr : guttor.GetColumn(at);
-    const bool marks = column == GetMarkColumn() && !FOnGuttorClick;
-    const bool numbers = dynamic_cast<const TZtNumberColumn *>(column) != nullptr;
-    Fire(FOnGuttorClick, line, at, Button);
-    if (IsAbandoned())
-        return true;
-    if (Button != TMouseButton::mbLeft)
-        return false;
-    if (marks)
-        GetTextMarks().Marks.Toggle(line, TZtLineMark::lmBookmark);
-    if (!numbers || line >= FLines->GetCount())
-        return true;
-    FGuttorDrag = line;
-    SelectLines(line, line);
-    return true;
-}
-
 // Answers whether there is something to be told of what the mouse rests on.
 bool TZtCodeEdit::ShowToolTip(const QHelpEvent &AEvent)
 {
@@ -376,6 +322,13 @@ void TZtCodeEdit::WMExtra(TZtMessage &Message)
     RunExtra(TZtExtraCommand(qMin<quint64>(Message.WParam, 0xFF)));
 }
 
+// Commands that lead somewhere; false where there is nothing.
+struct TZtCodeEdit::TExtraAction {
+    static bool GoToBookmark(TZtCodeEdit &AEdit, bool AForward);
+    static bool GoToDiagnostic(TZtCodeEdit &AEdit, bool AForward);
+    static bool GoToBracket(TZtCodeEdit &AEdit, bool ASelect);
+};
+
 bool TZtCodeEdit::RunExtra(TZtExtraCommand ACommand)
 {
     using enum TZtExtraCommand;
@@ -386,13 +339,13 @@ bool TZtCodeEdit::RunExtra(TZtExtraCommand ACommand)
         return true;
     case ecNextBookmark:
     case ecPreviousBookmark:
-        return GoToBookmark(ACommand == ecNextBookmark);
+        return TExtraAction::GoToBookmark(*this, ACommand == ecNextBookmark);
     case ecNextDiagnostic:
     case ecPreviousDiagnostic:
-        return GoToDiagnostic(ACommand == ecNextDiagnostic);
+        return TExtraAction::GoToDiagnostic(*this, ACommand == ecNextDiagnostic);
     case ecGoToBracket:
     case ecSelectToBracket:
-        return GoToBracket(ACommand == ecSelectToBracket);
+        return TExtraAction::GoToBracket(*this, ACommand == ecSelectToBracket);
     case ecZoomIn:
         SetZoom(qMax(FZoom + 1, qRound(FZoom * ZoomStep)));
         return true;
@@ -408,32 +361,34 @@ bool TZtCodeEdit::RunExtra(TZtExtraCommand ACommand)
     return false;
 }
 
-bool TZtCodeEdit::GoToBookmark(bool AForward)
+bool TZtCodeEdit::TExtraAction::GoToBookmark(TZtCodeEdit &AEdit, bool AForward)
 {
-    const int line = HasTextMarks()
-                         ? GetTextMarks().Marks.Next(FLinePos, TZtLineMark::lmBookmark, AForward)
-                         : -1;
+    const int line =
+        AEdit.HasTextMarks()
+            ? AEdit.GetTextMarks().Marks.Next(AEdit.FLinePos, TZtLineMark::lmBookmark, AForward)
+            : -1;
     if (line >= 0)
-        GoToLine(line);
+        AEdit.GoToLine(line);
     return line >= 0;
 }
 
-bool TZtCodeEdit::GoToDiagnostic(bool AForward)
+bool TZtCodeEdit::TExtraAction::GoToDiagnostic(TZtCodeEdit &AEdit, bool AForward)
 {
-    const auto diagnostic = HasTextMarks()
-                                ? GetTextMarks().Diagnostics.Next({FCharPos, FLinePos}, AForward)
-                                : std::nullopt;
+    const auto diagnostic =
+        AEdit.HasTextMarks()
+            ? AEdit.GetTextMarks().Diagnostics.Next({AEdit.FCharPos, AEdit.FLinePos}, AForward)
+            : std::nullopt;
     if (!diagnostic)
         return false;
-    Operate([&] { JumpTo(diagnostic->From); });
+    AEdit.Operate([&] { AEdit.JumpTo(diagnostic->From); });
     return true;
 }
 
 // On the same side of the pair as it stands of the bracket.
-bool TZtCodeEdit::GoToBracket(bool ASelect)
+bool TZtCodeEdit::TExtraAction::GoToBracket(TZtCodeEdit &AEdit, bool ASelect)
 {
-    const auto part = FExtras->Find<TZtBracketsPart>(zeBrackets);
-    const auto highlighter = FHighlighter; // a handler of the lexer may exchange it
+    const auto part = AEdit.FExtras->Find<TZtBracketsPart>(zeBrackets);
+    const auto highlighter = AEdit.FHighlighter; // a handler of the lexer may exchange it
     const auto brackets = part ? part->Find() : nullptr;
     if (!brackets || !highlighter)
         return false;
@@ -447,94 +402,13 @@ bool TZtCodeEdit::GoToBracket(bool ASelect)
     if (brackets->GetState() != TZtBracketState::bsFound)
         return false;
     const QPoint from = brackets->GetBracket(), to = brackets->GetPair();
-    Operate([&] {
+    AEdit.Operate([&] {
         if (!ASelect)
-            return JumpTo(to + QPoint(FCharPos - from.x(), 0));
+            return AEdit.JumpTo(to + QPoint(AEdit.FCharPos - from.x(), 0));
         const bool down = ZtIsBefore(from, to);
-        JumpTo(to + QPoint(down ? 1 : 0, 0));
-        SetSelEnd(from + QPoint(down ? 0 : 1, 0));
-        SetSelStart({FCharPos, FLinePos});
+        AEdit.JumpTo(to + QPoint(down ? 1 : 0, 0));
+        AEdit.SetSelEnd(from + QPoint(down ? 0 : 1, 0));
+        AEdit.SetSelStart({AEdit.FCharPos, AEdit.FLinePos});
     });
-    return true;
-}
-
-// --- pairs ---------------------------------------------------------------------------------------
-
-// What stands around a place; code where nothing is known.
-TZtElementKind TZtCodeEdit::KindAt(const QPoint &APlace) const
-{
-    const auto highlighter = FHighlighter; // a handler of the lexer may exchange it
-    if (!highlighter || APlace.y() >= FLines->GetCount())
-        return TZtElementKind::ekCode;
-    bool exact = false;
-    const auto runs = highlighter->Peek(APlace.y(), APlace.y(), APlace.x() + 2, exact);
-    if (runs.empty() || APlace.y() >= FLines->GetCount())
-        return TZtElementKind::ekCode;
-    return ZtKindAround(runs.front(), FLines->View(APlace.y()), APlace.x());
-}
-
-// Answers whether a character was typed in the way of pairs.
-bool TZtCodeEdit::TypePaired(const QString &S)
-{
-    const auto pairs = FExtras->Pairs();
-    if (!pairs || GetReadOnly() || S.size() != 1 || !TZtTypedPairs::MayPair(S.front()))
-        return false;
-    const bool selected = SelectionGiven();
-    const QPoint caret =
-        selected ? (SelectionReversed() ? FSelEnd : FSelStart) : QPoint(FCharPos, FLinePos);
-    const TZtElementKind kind = KindAt(caret);
-    const TZtPairEdit edit =
-        pairs->OnCharacter(S.front(), caret, selected, kind, GetParser()->GetLanguage());
-    switch (edit.Action) {
-    case TZtPairAction::paNone:
-        return false;
-    case TZtPairAction::paTypeOver:
-        SetCharPos(FCharPos + 1);
-        break;
-    case TZtPairAction::paInsert:
-        AddTxt(S + edit.Closing);
-        SetCharPos(FCharPos - 1);
-        if (pairs == FExtras->Pairs()) // no handler has brought another text
-            pairs->Inserted({FCharPos, FLinePos});
-        break;
-    case TZtPairAction::paSurround:
-        Surround(S, edit.Closing);
-        return true;
-    }
-    SetSelection(true);
-    return true;
-}
-
-// The selected text stays selected between the two.
-void TZtCodeEdit::Surround(const QString &AOpening, QChar AClosing)
-{
-    const QPoint start = SelectionReversed() ? FSelEnd : FSelStart;
-    QString text;
-    GetSelected(text);
-    Erase(TZtChangeType::ctDelete, nullptr);
-    InsertText(TZtChangeType::ctInsert, AOpening + text + AClosing);
-    SetCharPos(FCharPos - 1);
-    SetSelStart({FCharPos, FLinePos});
-    SetSelEnd(start + QPoint(1, 0));
-}
-
-// Answers whether the caret stood in an empty pair, which is gone. Two quotes are a string of their
-// own.
-bool TZtCodeEdit::EraseEmptyPair()
-{
-    const auto pairs = FExtras->Pairs();
-    const QPoint caret(FCharPos, FLinePos);
-    if (!pairs || GetReadOnly() || SelectionGiven() ||
-        !pairs->OnBackspace(caret, GetParser()->GetLanguage()))
-        return false;
-    QString opening;
-    FLines->AppendTo(FLinePos, FCharPos - 1, 1, opening);
-    const bool bracket = QStringLiteral("([{").contains(opening);
-    const TZtElementKind kind = KindAt(caret);
-    if (kind == TZtElementKind::ekRemark || (kind == TZtElementKind::ekText && bracket))
-        return false;
-    FSelStart = caret - QPoint(1, 0);
-    FSelEnd = caret + QPoint(1, 0);
-    Erase(TZtChangeType::ctDelete, nullptr);
     return true;
 }

@@ -2,9 +2,9 @@
 
 #include "uZtCaret.h"
 #include "uZtEditExtras.h"
+#include "uZtGuttorMouse.h"
 #include "uZtTextDrag.h"
-
-#include <QApplication>
+#include "uZtTripleClick.h"
 
 #include <QContextMenuEvent>
 #include <QWheelEvent>
@@ -63,13 +63,12 @@ void TZtCodeEdit::DoMouseDown(TMouseButton Button, TShiftState Shift, int X, int
 {
     TCustomControl::MouseDown(Button, Shift, X, Y);
     setFocus(Qt::MouseFocusReason);
-    FGuttorPressed = PressGuttor(Button, X, Y);
-    if (FGuttorPressed) {
-        FSinceDblClick.invalidate();
+    if (FGuttorMouse->Press(Button, X, Y)) {
+        FTripleClick->Forget();
         return;
     }
     if (Button == TMouseButton::mbLeft) {
-        const bool third = IsThirdClick(QPoint(X, Y));
+        const bool third = IsCorrected(zcWords) && FTripleClick->IsThird({X, Y});
         if (FTextDrag && !third && !Shift.testFlag(ssShift) && FTextDrag->Press({X, Y}))
             return;
         InMouseDown = true;
@@ -95,9 +94,9 @@ void TZtCodeEdit::DoMouseDown(TMouseButton Button, TShiftState Shift, int X, int
 void TZtCodeEdit::MouseMove(TShiftState Shift, int X, int Y)
 {
     TCustomControl::MouseMove(Shift, X, Y);
-    PointAt(X);
-    if (FGuttorDrag >= 0)
-        return Operate([&] { SelectLines(FGuttorDrag, PlaceAt(0, Y).y()); });
+    FGuttorMouse->PointAt(X);
+    if (FGuttorMouse->Drag(Y))
+        return;
     if (const auto drag = FTextDrag; drag && drag->IsWaiting())
         return drag->Move({X, Y});
     if (!InMouseDown)
@@ -116,8 +115,7 @@ void TZtCodeEdit::MouseMove(TShiftState Shift, int X, int Y)
 void TZtCodeEdit::MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y)
 {
     TCustomControl::MouseUp(Button, Shift, X, Y);
-    FGuttorDrag = -1;
-    FGuttorPressed = false;
+    FGuttorMouse->Release();
     InMouseDown = false;
     inMouseMove = false;
     FInMouseSetSelection = false;
@@ -176,28 +174,10 @@ void TZtCodeEdit::CalcCursor(int &X, int &Y)
     X = ColumnAt(Y, X);
 }
 
-// The press that belongs to a double click comes right behind it, the third one as late as a
-// second one may.
-bool TZtCodeEdit::IsThirdClick(const QPoint &APlace)
-{
-    if (!IsCorrected(zcWords) || !FSinceDblClick.isValid())
-        return false;
-    if (!FDblClickPressed) {
-        FDblClickPressed = true;
-        FDblClickPlace = APlace;
-        return false;
-    }
-    const bool near =
-        (APlace - FDblClickPlace).manhattanLength() < QApplication::startDragDistance();
-    const bool soon = FSinceDblClick.elapsed() <= QApplication::doubleClickInterval();
-    FSinceDblClick.invalidate();
-    return near && soon;
-}
-
 void TZtCodeEdit::DblClick()
 {
-    FDblClickPressed = false;
+    FTripleClick->Doubles();
     TCustomControl::DblClick();
-    FSinceDblClick.start();
+    FTripleClick->Doubled();
     ZtPostMessage(this, quint32(TZtMsg::wmUser) + 1);
 }

@@ -2,8 +2,6 @@
 
 #include "uZtEditSearch.h"
 
-void TZtCodeEdit::MakeSearch() { FSearch = std::make_shared<TZtEditSearch>(*this); }
-
 void TZtCodeEdit::WMSearchReplaceDlg(TZtMessage &Message)
 {
     FSearch->ShowDialog(Message.WParam == 1);

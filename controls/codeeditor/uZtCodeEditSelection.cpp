@@ -1,6 +1,7 @@
 #include "uZtCodeEditOperate.h"
 
 #include "uZtEditExport.h"
+#include "uZtGuttorMouse.h"
 #include "uZtPlatform.h"
 #include "uZtStrings.h"
 #include "uZtWordScan.h"
@@ -115,7 +116,8 @@ bool TZtCodeEdit::GetCanPaste() const { return !ZtPlatform().ClipboardText().isE
 void TZtCodeEdit::WMSselectWord(TZtMessage &)
 {
     static constexpr TZtCharSet word{{u'0', u'9'}, {u'A', u'Z'}, {u'a', u'z'}, u'_'};
-    if (FLinePos >= FLines->GetCount() || FGuttorPressed) // a double click there is two presses
+    if (FLinePos >= FLines->GetCount() ||
+        FGuttorMouse->IsPressed()) // a double click there is two presses
         return;
     if (IsCorrected(zcWords))
         return SelectWord();
