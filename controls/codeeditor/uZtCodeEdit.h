@@ -577,6 +577,7 @@ private:
     struct TPaintPass;
     struct TKeyAction;
     struct TExtraAction;
+    struct TBackSpace;
     class TFollower;
     // languages
     void StoreLanguage(const QString &Value);
@@ -694,10 +695,6 @@ private:
     void MarkSaved();
     void ForgetChanges();
     void CheckFits(qsizetype AMore) const;
-    void BackSpaceAtCaret();
-    void BackSpaceInLine(QString &&ALine);
-    void JoinWithLineAbove(const QString &ALine);
-    bool FallBackToIndentation(const QString &ALine);
     void InsertBreak(const QString &APiece);
     void PutInLine(int ALine, QString &&AText, int AColumn, int ACount, QStringView S, bool AChop);
     void ChopBlanks(QString &S) const;

@@ -372,88 +372,99 @@ void TZtCodeEdit::DeleteLines(TZtChangeType AChangeType, const QString &ADeleted
     SetLinePos(start.y());
 }
 
+// What Backspace does at the caret.
+struct TZtCodeEdit::TBackSpace {
+    static void AtCaret(TZtCodeEdit &AEdit);
+
+private:
+    static bool ToIndentation(TZtCodeEdit &AEdit, const QString &ALine);
+    static void InLine(TZtCodeEdit &AEdit, QString &&ALine);
+    static void JoinLines(TZtCodeEdit &AEdit, const QString &ALine);
+};
+
 void TZtCodeEdit::BackSpaceSelected()
 {
     if (MayEdit())
-        Operate([this] { RunToEnd([this] { BackSpaceAtCaret(); }); });
+        Operate([this] { RunToEnd([this] { TBackSpace::AtCaret(*this); }); });
 }
 
-void TZtCodeEdit::BackSpaceAtCaret()
+void TZtCodeEdit::TBackSpace::AtCaret(TZtCodeEdit &AEdit)
 {
-    if (IsCorrected(zcBackspace) && FCharPos == 0 && FLinePos == 0)
+    if (AEdit.IsCorrected(zcBackspace) && AEdit.FCharPos == 0 && AEdit.FLinePos == 0)
         return;
-    FJoin = TZtUndoJoin::ujErased;
-    EnsureLine(FLinePos);
-    QString line = FLines->GetStrings(FLinePos);
-    if (FCharPos >= 1 && (FLinePos >= 1 || IsCorrected(zcBackspace))) {
-        if (FallBackToIndentation(line))
+    AEdit.FJoin = TZtUndoJoin::ujErased;
+    AEdit.EnsureLine(AEdit.FLinePos);
+    QString line = AEdit.FLines->GetStrings(AEdit.FLinePos);
+    if (AEdit.FCharPos >= 1 && (AEdit.FLinePos >= 1 || AEdit.IsCorrected(zcBackspace))) {
+        if (ToIndentation(AEdit, line))
             return;
-        if (line.size() < FCharPos) {
-            SetCharPos(int(line.size()));
-            Redraw();
+        if (line.size() < AEdit.FCharPos) {
+            AEdit.SetCharPos(int(line.size()));
+            AEdit.Redraw();
             return;
         }
     }
-    if (FCharPos > 0)
-        BackSpaceInLine(std::move(line));
-    else if (FLinePos > 0)
-        JoinWithLineAbove(line);
+    if (AEdit.FCharPos > 0)
+        InLine(AEdit, std::move(line));
+    else if (AEdit.FLinePos > 0)
+        JoinLines(AEdit, line);
     else
         return;
-    Redraw();
+    AEdit.Redraw();
 }
 
-bool TZtCodeEdit::FallBackToIndentation(const QString &ALine)
+bool TZtCodeEdit::TBackSpace::ToIndentation(TZtCodeEdit &AEdit, const QString &ALine)
 {
-    if (!ZtTrim(ALine.left(FCharPos)).isEmpty())
+    if (!ZtTrim(ALine.left(AEdit.FCharPos)).isEmpty())
         return false;
-    const int column = ZtIndentationBefore(*FLines, FLinePos, FCharPos);
+    const int column = ZtIndentationBefore(*AEdit.FLines, AEdit.FLinePos, AEdit.FCharPos);
     if (column < 0)
         return false;
-    if (IsCorrected(zcBackspace) && ALine.size() > column)
-        EraseTo({column, FLinePos}); // the blanks go, instead of the caret alone
+    if (AEdit.IsCorrected(zcBackspace) && ALine.size() > column)
+        AEdit.EraseTo({column, AEdit.FLinePos}); // the blanks go, instead of the caret alone
     else
-        SetCharPos(column);
+        AEdit.SetCharPos(column);
     return true;
 }
 
-void TZtCodeEdit::BackSpaceInLine(QString &&ALine)
+void TZtCodeEdit::TBackSpace::InLine(TZtCodeEdit &AEdit, QString &&ALine)
 {
-    const int count = CharactersBefore(FCharPos);
-    const QPoint caret(FCharPos, FLinePos);
-    const QPoint start(FCharPos - count, FLinePos);
-    Record(TZtChangeType::ctDelete, start, caret, caret, ALine.mid(start.x(), count));
+    const int count = AEdit.CharactersBefore(AEdit.FCharPos);
+    const QPoint caret(AEdit.FCharPos, AEdit.FLinePos);
+    const QPoint start(AEdit.FCharPos - count, AEdit.FLinePos);
+    AEdit.Record(TZtChangeType::ctDelete, start, caret, caret, ALine.mid(start.x(), count));
     if (ALine.isEmpty()) {
-        SetCharPos(start.x()); // right of an empty first line: there is nothing to erase
-    } else if (start.x() > 0 || ALine.size() > count || IsCorrected(zcBackspace)) {
-        PutInLine(FLinePos, std::move(ALine), start.x(), count, {}, !IsCorrected(zcBlanks));
-        SetCharPos(start.x());
+        AEdit.SetCharPos(start.x()); // right of an empty first line: there is nothing to erase
+    } else if (start.x() > 0 || ALine.size() > count || AEdit.IsCorrected(zcBackspace)) {
+        AEdit.PutInLine(AEdit.FLinePos, std::move(ALine), start.x(), count, {},
+                        !AEdit.IsCorrected(zcBlanks));
+        AEdit.SetCharPos(start.x());
     } else {
-        FLines->Delete(FLinePos); // erasing a line's last character removes the line
-        SetLinePos(FLinePos - 1);
-        EnsureLine(FLinePos);
-        SetCharPos(FLines->GetLength(FLinePos));
+        AEdit.FLines->Delete(AEdit.FLinePos); // erasing a line's last character removes the line
+        AEdit.SetLinePos(AEdit.FLinePos - 1);
+        AEdit.EnsureLine(AEdit.FLinePos);
+        AEdit.SetCharPos(AEdit.FLines->GetLength(AEdit.FLinePos));
     }
 }
 
-void TZtCodeEdit::JoinWithLineAbove(const QString &ALine)
+void TZtCodeEdit::TBackSpace::JoinLines(TZtCodeEdit &AEdit, const QString &ALine)
 {
-    const int line = FLinePos;
-    const QString above = FLines->GetStrings(line - 1);
+    const int line = AEdit.FLinePos;
+    const QString above = AEdit.FLines->GetStrings(line - 1);
     const int column = int(above.size());
     TStringList::CheckLength(above.size() + ALine.size());
-    Record(TZtChangeType::ctDelete, QPoint(column, line - 1), QPoint(0, line), QPoint(0, line),
-           QStringLiteral("\r\n"));
-    if (FCorrections) {
-        FLines->ReplaceText({column, line - 1}, {0, line}, {});
-        ChopLine(line - 1);
-        MoveTo({column, line - 1});
+    AEdit.Record(TZtChangeType::ctDelete, QPoint(column, line - 1), QPoint(0, line),
+                 QPoint(0, line), QStringLiteral("\r\n"));
+    if (AEdit.FCorrections) {
+        AEdit.FLines->ReplaceText({column, line - 1}, {0, line}, {});
+        AEdit.ChopLine(line - 1);
+        AEdit.MoveTo({column, line - 1});
         return;
     }
-    SetCharPos(column);
-    FLines->SetStrings(line - 1, ZtTrimRight(above + ALine));
-    FLines->Delete(line);
-    SetLinePos(line - 1);
+    AEdit.SetCharPos(column);
+    AEdit.FLines->SetStrings(line - 1, ZtTrimRight(above + ALine));
+    AEdit.FLines->Delete(line);
+    AEdit.SetLinePos(line - 1);
 }
 
 // Removes what stands between the caret and a place before or behind it.
