@@ -6,6 +6,7 @@
 #include "uZtCodeEdit.h"
 #include "uZtCodeJSParser.h"
 #include "uZtCodePascalParser.h"
+#include "uZtFrame.h"
 #include "uZtOverviewRuler.h"
 #include "uZtPlatform.h"
 #include "uZtTextMarks.h"
