@@ -9,7 +9,7 @@
 #include <array>
 #include <limits>
 
-TZtAccessibleText::TZtAccessibleText(TZtCodeEdit &AEdit) : FEdit(&AEdit)
+TZtAccessibleText::TZtAccessibleText(TZtCodeEdit &AEdit) : FEdit(&AEdit), FAlive(&AEdit)
 {
     AEdit.SetWatcher(this);
     FTold = Now();
@@ -17,7 +17,7 @@ TZtAccessibleText::TZtAccessibleText(TZtCodeEdit &AEdit) : FEdit(&AEdit)
 
 TZtAccessibleText::~TZtAccessibleText()
 {
-    if (FEdit)
+    if (qobject_cast<TZtCodeEdit *>(FAlive.data()))
         FEdit->SetWatcher(nullptr);
 }
 

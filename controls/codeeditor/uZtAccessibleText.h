@@ -71,7 +71,8 @@ private:
     void TellChanges();
     void TellState(const TTold &ANow);
 
-    QPointer<TZtCodeEdit> FEdit;
+    TZtCodeEdit *FEdit;
+    QPointer<QObject> FAlive;    // the editor, which Qt says is gone when it is half so
     QPointer<TStringList> FText; // that is listened to
     std::optional<TZtTextOffsets> FOffsets;
     std::optional<TZtListening> FListening; // behind the offsets

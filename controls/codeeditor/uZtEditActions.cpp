@@ -129,7 +129,10 @@ void TZtEditActions::SetEdit(TZtCodeEdit *Value)
                         connect(FEdit, &TEdit::redoAvailable, this, refresh),
                         connect(FEdit, &TEdit::copyAvailable, this, refresh),
                         connect(FEdit, &TEdit::readOnlyChanged, this, refresh),
-                        connect(FEdit, &QObject::destroyed, this, [this] { SetEdit(nullptr); })};
+                        connect(FEdit, &QObject::destroyed, this, [this] {
+                            FEdit.clear(); // it is an editor no more
+                            Refresh();
+                        })};
     }
     Refresh();
 }
