@@ -150,7 +150,8 @@ TEST_F(TPrinting, PartsPagesAndCopies)
     EXPECT_EQ(Rows(Numbered(9)), (QStringList{u":= 2;"_s, u"w3 := 3;"_s, u"w4"_s}));
     From = {};
     To = {};
-    const int perPage = int(Rows(Numbered(200)).size()) / Count;
+    const auto lines = Rows(Numbered(200)).size(); // and with it the count of pages
+    const int perPage = int(lines) / Count;
     const auto first = [&] {
         QStringList words;
         for (const QStringList &page : Pages(Numbered(400)))
