@@ -1,8 +1,7 @@
 #include "uZtCodeEditPass.h"
 
-#include "uZtComposition.h"
-
 #include "uZtCaret.h"
+#include "uZtComposition.h"
 #include "uZtEditSearch.h"
 
 using enum TZtCorrection;
